@@ -1,0 +1,33 @@
+# Compiler settings that every target shares, and the two ways to make one.
+
+add_library(zlt_settings INTERFACE)
+target_compile_features(zlt_settings INTERFACE cxx_std_20)
+target_include_directories(zlt_settings INTERFACE ${PROJECT_SOURCE_DIR})
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(zlt_settings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    $<$<BOOL:${ZLT_WARNINGS_AS_ERRORS}>:-Werror>)
+endif()
+# No string-based connects, and no "foo" + QString surprises.
+target_compile_definitions(zlt_settings INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+if(ZLT_SANITIZE)
+  target_compile_options(zlt_settings INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(zlt_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+# zlt_room(NAME [LINK libraries...] [SOURCES files...])
+# One static library for one folder; LINK names the rooms below it.
+function(zlt_room name)
+  cmake_parse_arguments(ROOM "" "" "LINK;SOURCES" ${ARGN})
+  add_library(${name} STATIC ${ROOM_SOURCES})
+  target_link_libraries(${name} PUBLIC zlt_settings ${ROOM_LINK})
+endfunction()
+
+# zlt_qt_room(NAME ...): the same for a folder with Qt classes and .ui forms.
+function(zlt_qt_room name)
+  zlt_room(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+endfunction()

@@ -1,0 +1,28 @@
+#include "link/Framing.h"
+
+#include <algorithm>
+
+namespace zlt {
+
+std::string frameRequest(std::string_view deviceId, std::string_view command) {
+    std::string request;
+    request.reserve(deviceId.size() + command.size() + 2);
+    request += '@';
+    request += deviceId;
+    request += command;
+    request += carriageReturn;
+    return request;
+}
+
+std::string_view ReplyHeaderStrip(std::string_view line) {
+    constexpr std::size_t headerLength = 3;
+    if (line.starts_with('#'))
+        line.remove_prefix(std::min(headerLength, line.size()));
+    return line;
+}
+
+bool isDeviceName(std::string_view reply) {
+    return reply.starts_with(deviceNamePrefix);
+}
+
+}  // namespace zlt

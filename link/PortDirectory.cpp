@@ -1,0 +1,159 @@
+#include "link/PortDirectory.h"
+
+#include <QFile>
+#include <QSerialPortInfo>
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <tuple>
+
+#include "link/SerialHandle.h"
+#include "platform/Lines.h"
+
+namespace zlt {
+namespace {
+
+std::string trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos)
+        return {};
+    return std::string(text.substr(first, text.find_last_not_of(" \t") - first + 1));
+}
+
+std::optional<PortNumber> exactPortNumber(std::string_view text) {
+    for (PortNumber number{1}; number.value <= portCount; ++number.value)
+        if (text == portText(number))
+            return number;
+    return std::nullopt;
+}
+
+/// "ttyUSB10" behind "ttyUSB9": by length first, then by letters.
+std::pair<std::size_t, std::string_view> naturalOrder(const std::string& path) {
+    return {path.size(), path};
+}
+
+SerialDevice describe(const QSerialPortInfo& info) {
+    SerialDevice device;
+    device.path = QFile::encodeName(info.systemLocation()).toStdString();
+    device.usb = info.hasVendorIdentifier();
+    QStringList words{info.manufacturer(), info.description()};
+    words.removeAll(QString());
+    words.removeDuplicates();
+    device.maker = words.join(QLatin1Char(' ')).toStdString();
+    if (device.usb)
+        device.usbIdentity = QStringLiteral("%1:%2:%3")
+                                 .arg(info.vendorIdentifier(), 4, 16, QLatin1Char('0'))
+                                 .arg(info.productIdentifier(), 4, 16, QLatin1Char('0'))
+                                 .arg(info.serialNumber())
+                                 .toStdString();
+    return device;
+}
+
+}  // namespace
+
+std::map<PortNumber, std::string> parsePortList(std::string_view text) {
+    std::map<PortNumber, std::string> ports;
+    for (const std::string& raw : splitLines(text)) {
+        const std::string line = trimmed(raw);
+        const auto equals = line.find('=');
+        if (line.starts_with('#') || equals == std::string::npos)
+            continue;
+        const auto number = exactPortNumber(trimmed(std::string_view(line).substr(0, equals)));
+        const std::string device = trimmed(std::string_view(line).substr(equals + 1));
+        if (number && !device.empty())
+            ports[*number] = device;
+    }
+    return ports;
+}
+
+void orderDevices(std::vector<SerialDevice>& devices) {
+    std::sort(devices.begin(), devices.end(), [](const SerialDevice& a, const SerialDevice& b) {
+        return std::tuple(a.usb, a.usbIdentity, naturalOrder(a.path)) <
+               std::tuple(b.usb, b.usbIdentity, naturalOrder(b.path));
+    });
+}
+
+std::vector<SerialDevice> devicesOfThisMachine() {
+    std::vector<SerialDevice> devices;
+    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
+        devices.push_back(describe(info));
+    return devices;
+}
+
+PortDirectory::PortDirectory(std::filesystem::path portList) : m_portList(std::move(portList)) {}
+
+void PortDirectory::refresh() {
+    m_fingerprint = fingerprint();
+    m_entries.clear();
+    m_failures.clear();  // a port may stand for another device now
+    auto devices = devicesOfThisMachine();
+
+#ifdef Q_OS_WIN
+    for (const SerialDevice& device : devices) {
+        const auto name = std::filesystem::path(device.path).filename().string();
+        if (const auto number = exactPortNumber(name))
+            m_entries[*number] = {name, device.maker};
+    }
+#else
+    std::ifstream list(m_portList, std::ios::binary);
+    m_fromList = list.is_open();
+    if (m_fromList) {
+        const std::string text(std::istreambuf_iterator<char>(list), {});
+        for (const auto& [number, path] : parsePortList(text)) {
+            const auto known = std::find_if(devices.begin(), devices.end(), [&](const auto& d) {
+                return d.path == canonicalDevice(path);
+            });
+            m_entries[number] = {path, known == devices.end() ? std::string() : known->maker};
+        }
+        return;
+    }
+    orderDevices(devices);
+    PortNumber number{1};
+    for (const SerialDevice& device : devices) {
+        if (number.value > portCount)
+            break;
+        m_entries[number] = {device.path, device.maker};
+        ++number.value;
+    }
+#endif
+}
+
+void PortDirectory::refreshIfChanged() {
+    if (fingerprint() != m_fingerprint)
+        refresh();
+}
+
+std::string PortDirectory::fingerprint() const {
+    std::string marks;
+    for (const std::filesystem::path& path : {m_portList, std::filesystem::path("/dev")}) {
+        std::error_code missing;
+        const auto time = std::filesystem::last_write_time(path, missing);
+        marks += missing ? "-" : std::to_string(time.time_since_epoch().count());
+        marks += '/';
+    }
+    return marks;
+}
+
+std::optional<std::string> PortDirectory::device(PortNumber number) {
+    refreshIfChanged();
+    const auto found = m_entries.find(number);
+    if (found == m_entries.end())
+        return std::nullopt;
+    return found->second.device;
+}
+
+PortEntry PortDirectory::entry(PortNumber number) const {
+    const auto found = m_entries.find(number);
+    return found == m_entries.end() ? PortEntry() : found->second;
+}
+
+void PortDirectory::noteOpening(PortNumber number, std::string failure) {
+    m_failures[number] = std::move(failure);
+}
+
+std::string PortDirectory::lastFailure(PortNumber number) const {
+    const auto found = m_failures.find(number);
+    return found == m_failures.end() ? std::string() : found->second;
+}
+
+}  // namespace zlt

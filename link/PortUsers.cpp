@@ -1,0 +1,109 @@
+#include "link/PortUsers.h"
+
+#ifdef __linux__
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+
+#include "link/SerialHandle.h"
+#endif
+
+namespace zlt {
+
+#ifdef __linux__
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string firstLine(const fs::path& file) {
+    std::string line;
+    std::ifstream stream(file);
+    std::getline(stream, line);
+    return line;
+}
+
+int processOf(const fs::path& folder) {
+    const std::string name = folder.filename().string();
+    int process = 0;
+    const auto parsed = std::from_chars(name.data(), name.data() + name.size(), process);
+    return parsed.ptr == name.data() + name.size() ? process : 0;
+}
+
+bool holdsOpen(const fs::path& processFolder, const std::string& device) {
+    std::error_code denied;
+    for (const auto& file : fs::directory_iterator(processFolder / "fd", denied)) {
+        std::error_code gone;
+        if (fs::read_symlink(file.path(), gone) == device)
+            return true;
+    }
+    return false;
+}
+
+void addOpeners(const std::string& device, std::set<int>& processes) {
+    std::error_code denied;
+    for (const auto& folder : fs::directory_iterator("/proc", denied))
+        if (const int process = processOf(folder.path()); process > 0)
+            if (holdsOpen(folder.path(), device))
+                processes.insert(process);
+}
+
+/// Lines of /proc/locks: "1: FLOCK  ADVISORY  WRITE 1234 00:05:678 0 EOF" (proc(5)).
+void addFlockHolders(const std::string& device, std::set<int>& processes) {
+    struct stat status {};
+    if (stat(device.c_str(), &status) != 0)
+        return;
+    std::ifstream locks("/proc/locks");
+    for (std::string line; std::getline(locks, line);) {
+        std::istringstream fields(line);
+        std::string index, kind, mode, access, place;
+        int process = 0;
+        if (!(fields >> index >> kind >> mode >> access >> process >> place) || kind != "FLOCK")
+            continue;
+        if (place.ends_with(":" + std::to_string(status.st_ino)) && process > 0)
+            processes.insert(process);
+    }
+}
+
+/// The lock files of serial programs: the holder's process number comes first.
+void addLockFileHolder(const std::string& device, std::set<int>& processes) {
+    std::ifstream file(fs::path("/var/lock") / ("LCK.." + fs::path(device).filename().string()));
+    int process = 0;
+    if (file >> process && fs::exists(fs::path("/proc") / std::to_string(process)))
+        processes.insert(process);
+}
+
+}  // namespace
+
+std::vector<PortUser> otherUsersOf(const std::string& deviceName) {
+    const std::string device = canonicalDevice(deviceName);
+    std::set<int> processes;
+    // A pseudo-terminal is held open by the program that made it; only a lock says more.
+    if (!device.starts_with("/dev/pts/"))
+        addOpeners(device, processes);
+    addFlockHolders(device, processes);
+    addLockFileHolder(device, processes);
+    processes.erase(static_cast<int>(getpid()));
+
+    std::vector<PortUser> users;
+    for (const int process : processes)
+        users.push_back({firstLine(fs::path("/proc") / std::to_string(process) / "comm"), process});
+    return users;
+}
+
+#else
+
+std::vector<PortUser> otherUsersOf(const std::string&) {
+    return {};
+}
+
+#endif
+
+}  // namespace zlt

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zlt {
+
+/// A program that holds a serial device.
+struct PortUser {
+    std::string program;  ///< its short name; empty when the system does not tell
+    int process = 0;
+};
+
+/// The other programs that hold `device` open or locked, as far as this user may see. From
+/// Linux's /proc (open files and flock(2)) and the lock files below /var/lock, without
+/// touching the device. Elsewhere always empty.
+std::vector<PortUser> otherUsersOf(const std::string& device);
+
+}  // namespace zlt

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QSerialPort>
+
+#include "link/Port.h"
+#include "link/PortDirectory.h"
+
+namespace zlt {
+
+/// The real port, on Qt's serial port. Behaviour relied on is that of Qt 6.4: a wait that
+/// fails without being a time-out is a lost port, and the error text of that moment says
+/// nothing.
+class QtSerialPort final : public Port {
+ public:
+    /// `directory` says which device a port number stands for; it outlives the port.
+    explicit QtSerialPort(PortDirectory& directory);
+
+    bool open(PortNumber number, std::string_view settings) override;
+    void close() override;
+    bool isOpen() const override { return m_serial.isOpen(); }
+    bool write(std::string_view bytes) override;
+    PortInput read(char& character) override;
+    PortInput waitForInput(std::chrono::milliseconds time) override;
+    std::string errorText() const override { return m_errorText; }
+
+ private:
+    void openDevice(const std::string& device, qint32 baudRate);
+    /// Waits up to `milliseconds`; false when the port is lost, which closes it.
+    bool waitForBytes(int milliseconds);
+    /// Closes the port and keeps the reason.
+    void lose(std::string reason);
+
+    PortDirectory& m_directory;
+    QSerialPort m_serial;
+    std::string m_errorText;
+};
+
+}  // namespace zlt

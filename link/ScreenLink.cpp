@@ -1,0 +1,86 @@
+#include "link/ScreenLink.h"
+
+#include "link/Framing.h"
+#include "platform/Latin1.h"
+
+namespace zlt {
+namespace {
+
+/// What callers get in place of a reply.
+constexpr std::string_view noAnswer = "0";
+
+}  // namespace
+
+ScreenLink::ScreenLink(const Services& services, const Flavour& flavour, LinkListener* listener)
+    : m_services(services), m_flavour(flavour), m_listener(listener), m_port(services.makePort()) {}
+
+bool ScreenLink::openPort() {
+    m_lossReported = false;
+    return m_port->open(connection.port, connection.baudRate + ",N,8,1");
+}
+
+void ScreenLink::setCommOK(bool connected) {
+    m_commOk = connected;
+    if (m_listener)
+        m_listener->commChanged(connected);
+}
+
+void ScreenLink::endProgram(int exitCode) {
+    m_port->close();
+    m_services.programEnd.endProgram(exitCode);
+}
+
+std::string ScreenLink::SendReceive(std::string_view command) {
+    if (m_lossReported || (m_flavour.onlyWhileConnected && !m_commOk))
+        return std::string(noAnswer);
+
+    if (!m_port->write(frameRequest(connection.deviceId, command)))
+        return fail(m_flavour.onPortLost, command, Ending::portLost);
+    if (const auto wait = settlingWait(m_flavour.waits, command); wait.count() > 0)
+        m_services.waits.sleep(wait);
+
+    const Reading reading = readReply(*m_port, {.end = m_flavour.endOfReply});
+    if (reading.ending == Ending::portLost)
+        return fail(m_flavour.onPortLost, command, reading.ending);
+    if (reading.ending == Ending::timedOut)
+        return fail(m_flavour.onTimeOut, command, reading.ending);
+    if (m_flavour.endOfReply == EndOfReply::atSilence)
+        return reading.text;
+
+    const std::string_view reply = ReplyHeaderStrip(reading.text);
+    const bool mayBeEmpty =
+        m_flavour.emptyReply == EmptyReply::returned || command.starts_with("SA");
+    if (reply.empty() && !mayBeEmpty)
+        return fail(m_flavour.onEmptyReply, command, reading.ending);
+    return std::string(reply);
+}
+
+std::string ScreenLink::fail(const Reaction& reaction, std::string_view command, Ending ending) {
+    const bool lost = ending == Ending::portLost;
+    m_lossReported = lost;
+    if (!reaction.message.empty()) {
+        std::string text(reaction.message);
+        if (reaction.appended == Reaction::Appended::command)
+            text += utf8FromLatin1(command);
+        else if (reaction.appended == Reaction::Appended::portError)
+            text += m_port->errorText();
+        m_services.gate.message(text);
+    }
+
+    if (lost)
+        PortReady = false;
+    setCommOK(false);
+    if (m_listener) {
+        if (lost)
+            m_listener->portLost();
+        else
+            m_listener->exchangeTimedOut();
+    }
+    if (!reaction.secondMessage.empty())
+        m_services.gate.message(reaction.secondMessage);
+    if (reaction.endsProgram)
+        endProgram(1);
+    return std::string(noAnswer);
+}
+
+}  // namespace zlt

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "link/Flavour.h"
+#include "link/Services.h"
+#include "link/Values.h"
+
+namespace zlt {
+
+/// Is told what becomes of a screen's link, to show it.
+class LinkListener {
+ public:
+    virtual ~LinkListener() = default;
+
+    /// The connected flag has a new value.
+    virtual void commChanged(bool connected) = 0;
+    /// An exchange ran out of time; the flag is clear already.
+    virtual void exchangeTimedOut() = 0;
+    /// The port is gone; both flags are clear already.
+    virtual void portLost() = 0;
+};
+
+/// One screen's link to its controller: the port it owns, the two flags and the exchange.
+class ScreenLink {
+ public:
+    /// `listener` may be null. `flavour` and `services` outlive the link.
+    ScreenLink(const Services& services, const Flavour& flavour, LinkListener* listener);
+
+    /// Sends one command to the addressed controller and returns its reply without header and
+    /// carriage return, or "0" when there was none. Blocks until the exchange is over. Never
+    /// throws but by ending the program, where the flavour says so.
+    std::string SendReceive(std::string_view command);
+
+    /// Opens the port with the connection's number and baud rate. False when that fails; the
+    /// flags are the caller's to set.
+    bool openPort();
+    void closePort() { m_port->close(); }
+
+    /// Closes the port and ends the program. Does not return.
+    [[noreturn]] void endProgram(int exitCode);
+
+    bool CommOK() const { return m_commOk; }
+    /// Sets the connected flag and tells the listener.
+    void setCommOK(bool connected);
+
+    /// Set while this screen has its port open.
+    bool PortReady = false;
+    Connection connection;
+
+ private:
+    std::string fail(const Reaction& reaction, std::string_view command, Ending ending);
+
+    const Services& m_services;
+    const Flavour& m_flavour;
+    LinkListener* m_listener;
+    std::unique_ptr<Port> m_port;
+    bool m_commOk = false;
+    bool m_lossReported = false;
+};
+
+}  // namespace zlt

@@ -1,0 +1,29 @@
+#include "link/SerialHandle.h"
+
+#include <filesystem>
+#include <system_error>
+
+#ifdef Q_OS_UNIX
+#include <sys/file.h>
+
+#include <cerrno>
+#endif
+
+namespace zlt {
+
+bool takeExclusively(SerialHandle handle) {
+#ifdef Q_OS_UNIX
+    return flock(handle, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+#else
+    (void)handle;
+    return true;
+#endif
+}
+
+std::string canonicalDevice(const std::string& device) {
+    std::error_code missing;
+    const auto path = std::filesystem::canonical(device, missing);
+    return missing ? device : path.string();
+}
+
+}  // namespace zlt

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "link/Port.h"
+#include "platform/Files.h"
+#include "platform/Gate.h"
+#include "platform/HelpViewer.h"
+#include "platform/ProgramEnd.h"
+#include "platform/Waits.h"
+
+namespace zlt {
+
+/// What every screen needs of the world outside. All of it outlives the screens.
+struct Services {
+    Gate& gate;
+    Waits& waits;
+    Files& files;
+    HelpViewer& help;
+    ProgramEnd& programEnd;
+    /// Makes the port object that a screen owns.
+    std::function<std::unique_ptr<Port>()> makePort;
+};
+
+}  // namespace zlt

@@ -1,0 +1,41 @@
+#include "platform/Latin1.h"
+
+#include <array>
+#include <cstdio>
+
+namespace zlt {
+namespace {
+
+std::string describe(char32_t codePoint) {
+    std::array<char, 16> number{};
+    std::snprintf(number.data(), number.size(), "U+%04X", static_cast<unsigned>(codePoint));
+    return "The character \"" + utf8FromCodePoint(codePoint) + "\" (" + number.data() +
+           ") is not one that the controller or a file can hold.  Please replace it.";
+}
+
+}  // namespace
+
+NotLatin1::NotLatin1(char32_t codePoint) : std::runtime_error(describe(codePoint)) {}
+
+std::string utf8FromLatin1(std::string_view latin1) {
+    std::string utf8;
+    utf8.reserve(latin1.size());
+    for (const char c : latin1)
+        utf8 += utf8FromCodePoint(static_cast<unsigned char>(c));
+    return utf8;
+}
+
+std::string utf8FromCodePoint(char32_t codePoint) {
+    const auto tail = [codePoint](int shift) {
+        return static_cast<char>(0x80 | ((codePoint >> shift) & 0x3F));
+    };
+    if (codePoint < 0x80)
+        return {static_cast<char>(codePoint)};
+    if (codePoint < 0x800)
+        return {static_cast<char>(0xC0 | (codePoint >> 6)), tail(0)};
+    if (codePoint < 0x10000)
+        return {static_cast<char>(0xE0 | (codePoint >> 12)), tail(6), tail(0)};
+    return {static_cast<char>(0xF0 | (codePoint >> 18)), tail(12), tail(6), tail(0)};
+}
+
+}  // namespace zlt

@@ -1,0 +1,82 @@
+#include "platform/NumberConversion.h"
+
+#include <limits>
+
+#include "platform/Latin1.h"
+
+namespace zlt {
+namespace {
+
+/// Far outside 32 bits and far inside 64: digits beyond it change nothing.
+constexpr std::int64_t outOfRange = 1'000'000'000'000;
+
+std::string_view takeDigits(std::string_view& text) {
+    std::size_t count = 0;
+    while (count < text.size() && text[count] >= '0' && text[count] <= '9')
+        ++count;
+    const std::string_view digits = text.substr(0, count);
+    text.remove_prefix(count);
+    return digits;
+}
+
+std::string_view withoutBlanks(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// Whether a fraction of these digits takes `whole` to the next number away from zero.
+bool roundsUp(std::string_view fraction, std::int64_t whole) {
+    if (fraction.empty() || fraction.front() < '5')
+        return false;
+    const bool exactHalf =
+        fraction.front() == '5' && fraction.find_first_not_of('0', 1) == std::string_view::npos;
+    return !exactHalf || whole % 2 != 0;
+}
+
+}  // namespace
+
+std::optional<std::int32_t> parseInteger(std::string_view text) {
+    text = withoutBlanks(text);
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+'))
+        text.remove_prefix(1);
+
+    const std::string_view digits = takeDigits(text);
+    if (digits.empty())
+        return std::nullopt;
+    std::string_view fraction;
+    if (text.starts_with('.')) {
+        text.remove_prefix(1);
+        fraction = takeDigits(text);
+        if (fraction.empty())
+            return std::nullopt;
+    }
+    if (!text.empty())
+        return std::nullopt;
+
+    std::int64_t whole = 0;
+    for (const char digit : digits) {
+        whole = whole * 10 + (digit - '0');
+        if (whole > outOfRange)
+            return std::nullopt;
+    }
+    if (roundsUp(fraction, whole))
+        ++whole;
+    if (negative)
+        whole = -whole;
+    if (whole < std::numeric_limits<std::int32_t>::min() ||
+        whole > std::numeric_limits<std::int32_t>::max())
+        return std::nullopt;
+    return static_cast<std::int32_t>(whole);
+}
+
+std::int32_t replyToInteger(std::string_view command, std::string_view reply) {
+    if (const auto number = parseInteger(reply))
+        return *number;
+    throw ConversionError("The reply to the command " + utf8FromLatin1(command) +
+                          " is not a number: \"" + utf8FromLatin1(reply) + "\"");
+}
+
+}  // namespace zlt

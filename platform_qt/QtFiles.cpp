@@ -1,0 +1,30 @@
+#include "platform_qt/QtFiles.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+namespace zlt {
+
+std::optional<std::string> QtFiles::read(const std::filesystem::path& path, std::size_t limit) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray bytes = file.read(static_cast<qint64>(limit));
+    if (file.error() != QFileDevice::NoError)
+        return std::nullopt;
+    return bytes.toStdString();
+}
+
+std::optional<std::string> QtFiles::writeWhole(const std::filesystem::path& path,
+                                               std::string_view bytes) {
+    QSaveFile file(QString::fromStdU16String(path.u16string()));
+    // A file that may be written in a folder that may not is written in place.
+    file.setDirectWriteFallback(true);
+    const auto size = static_cast<qint64>(bytes.size());
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), size) != size ||
+        !file.commit())
+        return file.errorString().toStdString();
+    return std::nullopt;
+}
+
+}  // namespace zlt

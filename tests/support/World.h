@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QTemporaryDir>
+
+#include "link/PortDirectory.h"
+#include "platform_qt/QtFiles.h"
+#include "support/RecordingGate.h"
+#include "support/ScriptedBus.h"
+
+namespace zlt::test {
+
+/// Records what would have been opened.
+class RecordingHelp : public HelpViewer {
+ public:
+    void openContents(const std::filesystem::path& file) override { opened = file.string(); }
+    std::string opened;
+};
+
+/// Everything a screen needs, with a scripted bus behind every port and an empty folder of
+/// its own as the current directory.
+struct World {
+    World();
+    ~World();
+
+    QTemporaryDir folder;
+    ScriptedBus bus;
+    RecordingGate gate;
+    CountedWaits waits;
+    QtFiles files;
+    RecordingHelp help;
+    ProgramEnd programEnd;
+    PortDirectory directory{portListFileName};
+    Services services{gate, waits, files, help, programEnd, [this] { return bus.makePort(); }};
+
+    /// The reply table of a controller with this firmware, at rest.
+    void answerAsController(const std::string& version = "V322");
+
+ private:
+    std::filesystem::path m_before;
+};
+
+}  // namespace zlt::test
