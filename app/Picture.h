@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QWidget>
+
+namespace zlt {
+
+/// The start-up screen's picture: a stepper motor from the shaft's end.
+class Picture : public QWidget {
+    Q_OBJECT
+
+ public:
+    explicit Picture(QWidget* parent = nullptr) : QWidget(parent) {}
+
+    QSize sizeHint() const override { return {150, 180}; }
+    QSize minimumSizeHint() const override { return {120, 150}; }
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace zlt

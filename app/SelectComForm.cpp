@@ -1,0 +1,126 @@
+#include "app/SelectComForm.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <chrono>
+
+#include "app/PortNote.h"
+#include "panel/MainControlForm.h"
+#include "platform/Latin1.h"
+#include "ui_SelectComForm.h"
+#include "widgets/WireText.h"
+
+namespace zlt {
+namespace {
+
+/// How often the note follows adapters that come and go.
+constexpr std::chrono::seconds portNoteInterval{1};
+/// A settings file is three short lines; what is behind this is none of ours.
+constexpr std::size_t settingsFileLimit = 16 * 1024;
+
+}  // namespace
+
+SelectComForm::SelectComForm(const Services& services, PortDirectory& directory)
+    : Screen(services), m_directory(directory), m_ui(std::make_unique<Ui::SelectComForm>()) {
+    m_ui->setupUi(this);
+    m_ui->portDevice->hide();
+    m_ui->portProblem->hide();
+    m_ui->portCommandRow->hide();
+    m_ui->settingsNote->hide();
+    m_portTimer.setInterval(portNoteInterval);
+    teachManners();
+    connectHandlers();
+}
+
+SelectComForm::~SelectComForm() = default;
+
+void SelectComForm::connectHandlers() {
+    handlers.connect(m_ui->Command25, &QPushButton::clicked, this, &SelectComForm::Command25_Click);
+    handlers.connect(m_ui->ProgramEdit, &QPushButton::clicked, this,
+                     &SelectComForm::ProgramEdit_Click);
+    handlers.connect(m_ui->Close, &QPushButton::clicked, this, &SelectComForm::Close_Click);
+    handlers.connect(m_ui->copyCommand, &QPushButton::clicked, this,
+                     &SelectComForm::copyCommand_Click);
+    handlers.connect(m_ui->combo, &QComboBox::currentTextChanged, this, &SelectComForm::portChosen);
+    handlers.connect(&m_portTimer, &QTimer::timeout, this, &SelectComForm::portTimer_Timer);
+}
+
+void SelectComForm::Form_Load() {
+    handlers.run([this] {
+        fillBoxes();
+        const Settings settings =
+            readSettings(services().files.read(settingsFileName, settingsFileLimit));
+        m_ui->combo->showText(settings.port);
+        m_ui->baudCom->showText(settings.baud);
+        m_ui->DeviceIDCombo->showText(settings.deviceId);
+    });
+}
+
+void SelectComForm::fillBoxes() {
+    for (PortNumber number{1}; number.value <= portCount; ++number.value)
+        m_ui->combo->addItem(shownText(portText(number)));
+    for (const char* baudRate : {"9600", "19200", "38400", "57600", "115200"})
+        m_ui->baudCom->addItem(QLatin1String(baudRate));
+    addDeviceIds(*m_ui->DeviceIDCombo);
+}
+
+void SelectComForm::showEvent(QShowEvent* event) {
+    Screen::showEvent(event);
+    // Looking for ports takes a while: only once the screen stands.
+    if (!m_portTimer.isActive()) {
+        m_portTimer.start();
+        QTimer::singleShot(0, this, [this] { handlers.run([this] { portTimer_Timer(); }); });
+    }
+}
+
+Settings SelectComForm::typedSettings() const {
+    return {wireText(m_ui->combo->currentText()), wireText(m_ui->baudCom->currentText()),
+            wireText(m_ui->DeviceIDCombo->currentText())};
+}
+
+void SelectComForm::saveSettings(const Settings& settings) {
+    const auto failure = services().files.writeWhole(settingsFileName, settingsFileText(settings));
+    m_ui->settingsNote->setVisible(failure.has_value());
+    if (failure)
+        m_ui->settingsNote->setText(tr("These settings could not be saved in %1: %2")
+                                        .arg(fromUtf8(settingsFileName), fromUtf8(*failure)));
+}
+
+void SelectComForm::Command25_Click() {
+    const Settings settings = typedSettings();
+    saveSettings(settings);
+    MainControlForm panel(services(), this);
+    panel.Form_Load({portNumberFromText(settings.port), settings.baud, settings.deviceId});
+    panel.showModal();
+    showPort();
+}
+
+void SelectComForm::Close_Click() {
+    try {
+        saveSettings(typedSettings());
+    } catch (const NotLatin1& error) {
+        // The operator wants to leave; what no file can hold is not saved as something else.
+        services().gate.message(error.what());
+    }
+    services().programEnd.endProgram(0);
+}
+
+void SelectComForm::copyCommand_Click() {
+    QGuiApplication::clipboard()->setText(m_ui->portCommand->text());
+}
+
+void SelectComForm::portTimer_Timer() {
+    m_directory.refreshIfChanged();
+    showPort();
+}
+
+void SelectComForm::portChosen() {
+    showPort();
+}
+
+void SelectComForm::showPort() {
+    const PortNumber number = portNumberFromText(m_ui->combo->currentText().toStdString());
+    showPortReport(*m_ui, reportPort(examinePort(m_directory, number)));
+}
+
+}  // namespace zlt

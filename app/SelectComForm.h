@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QTimer>
+#include <memory>
+
+#include "link/PortDirectory.h"
+#include "link/Settings.h"
+#include "widgets/Screen.h"
+
+namespace Ui {
+class SelectComForm;
+}
+
+namespace zlt {
+
+/// The start-up screen: port, baud rate and device ID, and the way to the control panel.
+/// Lives for the whole run.
+class SelectComForm : public Screen {
+    Q_OBJECT
+
+ public:
+    /// `directory` outlives the screen.
+    SelectComForm(const Services& services, PortDirectory& directory);
+    ~SelectComForm() override;
+
+    /// Fills the boxes and applies the settings file.
+    void Form_Load();
+
+ protected:
+    void showEvent(QShowEvent* event) override;
+
+ private:
+    void Command25_Click();
+    void ProgramEdit_Click() { Command25_Click(); }
+    void Close_Click();
+    void copyCommand_Click();
+    void portTimer_Timer();
+    void portChosen();
+
+    void closeScreen() override { Close_Click(); }
+    void connectHandlers();
+    void fillBoxes();
+    /// The three texts as typed. Throws NotLatin1 for one that no file can hold.
+    Settings typedSettings() const;
+    void saveSettings(const Settings& settings);
+    void showPort();
+
+    PortDirectory& m_directory;
+    std::unique_ptr<Ui::SelectComForm> m_ui;
+    QTimer m_portTimer{this};
+};
+
+}  // namespace zlt

@@ -1,0 +1,31 @@
+#include <QApplication>
+
+#include "app/SelectComForm.h"
+#include "link/QtSerialPort.h"
+#include "platform_qt/QtFiles.h"
+#include "platform_qt/QtGate.h"
+#include "platform_qt/QtHelpViewer.h"
+#include "platform_qt/ThreadWaits.h"
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("zlt-panel"));
+    QApplication::setApplicationDisplayName(QStringLiteral("ZLT-R-NX-42"));
+    // The start-up screen says when the program ends, and with which code.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    zlt::PortDirectory directory{zlt::portListFileName};
+    zlt::QtGate gate;
+    zlt::ThreadWaits waits;
+    zlt::QtFiles files;
+    zlt::QtHelpViewer help(gate);
+    zlt::ProgramEnd programEnd;
+    const zlt::Services services{
+        gate, waits,      files,
+        help, programEnd, [&directory] { return std::make_unique<zlt::QtSerialPort>(directory); }};
+
+    zlt::SelectComForm startUp(services, directory);
+    startUp.Form_Load();
+    startUp.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,147 @@
+#include "panel/MainControlForm.h"
+
+#include <chrono>
+
+#include "panel/AboutText.h"
+#include "ui_LinkFrame.h"
+#include "ui_MainControlForm.h"
+#include "ui_MotionFrame.h"
+#include "widgets/WireText.h"
+
+namespace zlt {
+namespace {
+
+constexpr std::chrono::milliseconds pollInterval{10};
+constexpr const char* helpFile = "ZLT42R-485.HLP";
+
+}  // namespace
+
+MainControlForm::MainControlForm(const Services& services, QWidget* parent)
+    : Screen(services, parent),
+      m_ui(std::make_unique<Ui::MainControlForm>()),
+      m_session(services, *this) {
+    m_ui->setupUi(this);
+    m_timer1.setObjectName(QStringLiteral("Timer1"));
+    m_timer1.setTimerType(Qt::PreciseTimer);
+    m_timer1.setInterval(pollInterval);
+    teachManners();
+    connectHandlers();
+}
+
+MainControlForm::~MainControlForm() = default;
+
+void MainControlForm::connectHandlers() {
+    const auto& link = m_ui->linkFrame->controls();
+    handlers.connect(&m_timer1, &QTimer::timeout, this, &MainControlForm::Timer1_Timer);
+    handlers.connect(link.SelectedDeviceID, &QComboBox::activated, this,
+                     &MainControlForm::SelectedDeviceID_Click);
+    handlers.connect(link.About, &QPushButton::clicked, this, &MainControlForm::About_Click);
+    handlers.connect(link.Help, &QPushButton::clicked, this, &MainControlForm::Help_Click);
+    handlers.connect(link.Command2, &QPushButton::clicked, this, &MainControlForm::Command2_Click);
+    handlers.connect(m_ui->motionFrame->controls().Command5, &QPushButton::clicked, this,
+                     &MainControlForm::Command5_Click);
+}
+
+void MainControlForm::Form_Load(const Connection& connection) {
+    handlers.runWithinCaller([&] {
+        const BusyCursor busy;
+        if (m_session.load(connection))
+            m_timer1.start();
+    });
+}
+
+void MainControlForm::Timer1_Timer() {
+    m_session.pollTick();
+}
+
+void MainControlForm::SelectedDeviceID_Click(int index) {
+    m_session.switchDevice(wireText(m_ui->linkFrame->controls().SelectedDeviceID->itemText(index)));
+}
+
+void MainControlForm::Command5_Click() {
+    m_session.toggleDemo();
+}
+
+void MainControlForm::About_Click() {
+    services().gate.message(aboutText);
+}
+
+void MainControlForm::Help_Click() {
+    services().help.openContents(helpFile);
+}
+
+void MainControlForm::Command2_Click() {
+    m_timer1.stop();
+    m_session.unload();
+    done(Accepted);
+}
+
+// What the rules show, passed on to the frame that shows it
+
+void MainControlForm::showLinkText(std::string_view text) {
+    m_ui->linkFrame->showLinkText(text);
+}
+
+void MainControlForm::showLinkState(std::string_view text, Rgb colour) {
+    m_ui->linkFrame->showLinkState(text, colour);
+}
+
+void MainControlForm::showLive(bool live) {
+    m_ui->linkFrame->showLive(live);
+    m_ui->statusFrame->showLive(live);
+    m_ui->motionFrame->showLive(live);
+    m_ui->outputsFrame->showLive(live);
+}
+
+void MainControlForm::showSelectedDevice(std::string_view deviceId) {
+    m_ui->linkFrame->showSelectedDevice(deviceId);
+}
+
+void MainControlForm::showIdentity(std::string_view id) {
+    m_ui->linkFrame->showIdentity(id);
+}
+
+void MainControlForm::showVersion(std::string_view version) {
+    m_ui->linkFrame->showVersion(version);
+}
+
+void MainControlForm::showBaudRate(std::string_view baudRate) {
+    m_ui->linkFrame->showBaudRate(baudRate);
+}
+
+void MainControlForm::showSpeed(std::string_view speed) {
+    m_ui->motionFrame->showSpeed(speed);
+}
+
+void MainControlForm::showAcceleration(std::string_view acceleration) {
+    m_ui->motionFrame->showAcceleration(acceleration);
+}
+
+void MainControlForm::resetSync() {
+    m_ui->outputsFrame->resetSync();
+}
+
+void MainControlForm::gateFeatures(FirmwareVersion firmware) {
+    m_ui->motionFrame->gateFeatures(firmware);
+}
+
+void MainControlForm::showValue(Value value, std::string_view text) {
+    m_ui->statusFrame->showValue(value, text);
+}
+
+void MainControlForm::showIndicator(Indicator indicator, bool lit) {
+    if (indicator == Indicator::output)
+        m_ui->outputsFrame->showOutput(lit);
+    else
+        m_ui->statusFrame->showIndicator(indicator, lit);
+}
+
+void MainControlForm::showDriverEnabled(bool enabled) {
+    m_ui->motionFrame->showDriverEnabled(enabled);
+}
+
+void MainControlForm::showDemo(bool on) {
+    m_ui->motionFrame->showDemo(on);
+}
+
+}  // namespace zlt

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QTimer>
+#include <memory>
+
+#include "panel/PanelSession.h"
+#include "widgets/Screen.h"
+
+namespace Ui {
+class MainControlForm;
+}
+
+namespace zlt {
+
+/// The control panel: places the frames, owns the poll, and passes on between the operator
+/// and the rules. Lives from one connect to its close.
+class MainControlForm : public Screen, private PanelView {
+    Q_OBJECT
+
+ public:
+    MainControlForm(const Services& services, QWidget* parent);
+    ~MainControlForm() override;
+
+    /// Loads the panel, before it is shown: its messages stand over the calling screen. Part
+    /// of the caller's handler; passes an end of the program on.
+    void Form_Load(const Connection& connection);
+
+ private:
+    void Timer1_Timer();
+    void SelectedDeviceID_Click(int index);
+    void Command5_Click();
+    void About_Click();
+    void Help_Click();
+    void Command2_Click();
+
+    void closeScreen() override { Command2_Click(); }
+    void connectHandlers();
+
+    void showLinkText(std::string_view text) override;
+    void showLinkState(std::string_view text, Rgb colour) override;
+    void showLive(bool live) override;
+    void showSelectedDevice(std::string_view deviceId) override;
+    void showIdentity(std::string_view id) override;
+    void showVersion(std::string_view version) override;
+    void showBaudRate(std::string_view baudRate) override;
+    void showSpeed(std::string_view speed) override;
+    void showAcceleration(std::string_view acceleration) override;
+    void resetSync() override;
+    void gateFeatures(FirmwareVersion firmware) override;
+    void showValue(Value value, std::string_view text) override;
+    void showIndicator(Indicator indicator, bool lit) override;
+    void showDriverEnabled(bool enabled) override;
+    void showDemo(bool on) override;
+
+    std::unique_ptr<Ui::MainControlForm> m_ui;
+    PanelSession m_session;
+    QTimer m_timer1{this};
+};
+
+}  // namespace zlt

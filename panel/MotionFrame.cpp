@@ -1,0 +1,59 @@
+#include "panel/MotionFrame.h"
+
+#include "ui_MotionFrame.h"
+#include "widgets/WireText.h"
+
+namespace zlt {
+namespace {
+
+/// The poll keeps off a check box that the operator holds down: the click would turn round.
+void mark(QCheckBox& box, bool checked) {
+    if (!box.isDown())
+        box.setChecked(checked);
+}
+
+}  // namespace
+
+MotionFrame::MotionFrame(QWidget* parent)
+    : QGroupBox(parent), m_ui(std::make_unique<Ui::MotionFrame>()) {
+    m_ui->setupUi(this);
+}
+
+MotionFrame::~MotionFrame() = default;
+
+void MotionFrame::showSpeed(std::string_view speed) {
+    m_ui->SetSpeed->setText(shownText(speed));
+}
+
+void MotionFrame::showAcceleration(std::string_view acceleration) {
+    m_ui->Accel->setText(shownText(acceleration));
+}
+
+void MotionFrame::showDriverEnabled(bool enabled) {
+    mark(*m_ui->EnableStat, enabled);
+}
+
+void MotionFrame::showDemo(bool on) {
+    m_ui->Command5->setChecked(on);
+}
+
+void MotionFrame::showLive(bool live) {
+    QPalette dimmed;
+    dimmed.setColor(QPalette::WindowText,
+                    palette().color(QPalette::Disabled, QPalette::WindowText));
+    m_ui->EnableStat->setPalette(live ? QPalette() : dimmed);
+}
+
+void MotionFrame::gateFeatures(FirmwareVersion firmware) {
+    const bool has = firmware >= firmwareWithSecondThread;
+    for (QPushButton* button :
+         {m_ui->HLHOMEMINUS, m_ui->HLHOMEPLUS, m_ui->LHOMEMINUS, m_ui->LHOMEPLUS}) {
+        button->setEnabled(has);
+        if (!has)
+            button->setToolTip(tr("Needs firmware V%1 or later; the controller has V%2.")
+                                   .arg(firmwareWithSecondThread.number)
+                                   .arg(firmware.number));
+    }
+}
+
+}  // namespace zlt

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <string>
+
+#include "link/PanelLink.h"
+#include "panel/PanelView.h"
+
+namespace zlt {
+
+/// One run of the control panel, from its load to its close: the rules of identification,
+/// poll, probe, demo and device switch. Shows everything through the view.
+class PanelSession : private LinkListener {
+ public:
+    PanelSession(const Services& services, PanelView& view);
+
+    /// Opens the port, identifies the controller and reads once what does not change. False
+    /// when that fails, which the operator has been told then: the poll must stay off.
+    bool load(const Connection& connection);
+
+    /// One tick of the poll: reads the axis, or probes for a silent controller.
+    void pollTick();
+
+    /// The operator chose another device on the bus.
+    void switchDevice(const std::string& deviceId);
+
+    /// Starts or ends the demo moves between 8000 and 0.
+    void toggleDemo() { setDemo(!DemoMode); }
+    void endDemo() { setDemo(false); }
+
+    /// Closes the port, when it is still this panel's.
+    void unload();
+
+    PanelLink link;
+    bool DemoMode = false;
+
+ private:
+    void commChanged(bool connected) override;
+    void exchangeTimedOut() override;
+    void portLost() override;
+
+    bool identify();
+    void readOnce();
+    void failLoad();
+    void readAxis();
+    void readProgramState();
+    void stepDemo();
+    void probe();
+    void failSwitch();
+    void setDemo(bool on);
+
+    std::string ask(std::string_view command) { return link.SendReceive(command); }
+    std::int32_t askNumber(std::string_view command);
+    void readVersion();
+    void showInvalidPort();
+    void showUnknownDevice();
+    void showDeviceLost();
+
+    const Services& m_services;
+    PanelView& m_view;
+    std::string m_version;  ///< the caption of `Version`
+    int m_demoStep = 0;     ///< 0 to 2
+};
+
+}  // namespace zlt

@@ -1,0 +1,54 @@
+#include "panel/StatusFrame.h"
+
+#include "ui_StatusFrame.h"
+
+namespace zlt {
+
+StatusFrame::StatusFrame(QWidget* parent)
+    : QGroupBox(parent), m_ui(std::make_unique<Ui::StatusFrame>()) {
+    m_ui->setupUi(this);
+}
+
+StatusFrame::~StatusFrame() = default;
+
+ReadOut& StatusFrame::readOut(Value value) const {
+    switch (value) {
+        case Value::current:
+            return *m_ui->Current;
+        case Value::position:
+            return *m_ui->Pos;
+        case Value::encoder:
+            return *m_ui->EncPos;
+        case Value::motion:
+            return *m_ui->Stat;
+        case Value::moveMode:
+            return *m_ui->MoveMode;
+        case Value::programLine:
+            return *m_ui->ProgIndex;
+        case Value::programState:
+            break;
+    }
+    return *m_ui->ProgStatus;
+}
+
+void StatusFrame::showValue(Value value, std::string_view text) {
+    readOut(value).showReply(text);
+}
+
+void StatusFrame::showIndicator(Indicator indicator, bool lit) {
+    if (indicator == Indicator::negativeLimit)
+        m_ui->NegLim->setLit(lit);
+    else if (indicator == Indicator::positiveLimit)
+        m_ui->PosLim->setLit(lit);
+    else if (indicator == Indicator::home)
+        m_ui->Home->setLit(lit);
+}
+
+void StatusFrame::showLive(bool live) {
+    for (ReadOut* value : findChildren<ReadOut*>())
+        value->setLive(live);
+    for (Lamp* lamp : findChildren<Lamp*>())
+        lamp->setLive(live);
+}
+
+}  // namespace zlt

@@ -1,0 +1,63 @@
+#include "widgets/ChoiceBox.h"
+
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QSignalBlocker>
+
+#include "widgets/WireText.h"
+
+namespace zlt {
+namespace {
+
+void showIn(QComboBox& box, std::string_view text) {
+    const QString shown = shownText(text);
+    const QSignalBlocker silent(&box);
+    // The list's mark follows the text; otherwise leaving the field would count as a choice.
+    box.setCurrentIndex(box.findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    if (box.currentText() != shown)
+        box.setEditText(shown);
+}
+
+void makeEditable(QComboBox& box) {
+    box.setEditable(true);
+    box.setInsertPolicy(QComboBox::NoInsert);
+    box.setCompleter(nullptr);  // "15" must not become "1500"
+}
+
+}  // namespace
+
+ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
+    makeEditable(*this);
+    lineEdit()->setReadOnly(true);
+    lineEdit()->setCursor(Qt::ArrowCursor);
+    lineEdit()->installEventFilter(this);
+}
+
+void ChoiceBox::showText(std::string_view text) {
+    showIn(*this, text);
+}
+
+bool ChoiceBox::eventFilter(QObject* watched, QEvent* event) {
+    // Nothing can be typed here, so a click anywhere opens the list.
+    if (watched == lineEdit() && event->type() == QEvent::MouseButtonPress && isEnabled()) {
+        showPopup();
+        return true;
+    }
+    return QComboBox::eventFilter(watched, event);
+}
+
+EditableChoiceBox::EditableChoiceBox(QWidget* parent) : QComboBox(parent) {
+    makeEditable(*this);
+}
+
+void EditableChoiceBox::showText(std::string_view text) {
+    showIn(*this, text);
+}
+
+void addDeviceIds(QComboBox& box) {
+    const QSignalBlocker silent(&box);
+    for (int id = 1; id <= 99; ++id)
+        box.addItem(QStringLiteral("%1").arg(id, 2, 10, QLatin1Char('0')));
+}
+
+}  // namespace zlt

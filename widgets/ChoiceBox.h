@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QComboBox>
+#include <string>
+#include <string_view>
+
+namespace zlt {
+
+/// A drop-down box that shows whatever text it is given, listed or not, and reports only what
+/// the operator picks from its list (activated).
+class ChoiceBox : public QComboBox {
+    Q_OBJECT
+
+ public:
+    explicit ChoiceBox(QWidget* parent = nullptr);
+
+    /// Shows `text` (Latin-1) without a choice having been made.
+    void showText(std::string_view text);
+
+ protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+/// A drop-down box that can also be typed into; what was typed stays as it is.
+class EditableChoiceBox : public QComboBox {
+    Q_OBJECT
+
+ public:
+    explicit EditableChoiceBox(QWidget* parent = nullptr);
+
+    /// Shows `text` (Latin-1), listed or not.
+    void showText(std::string_view text);
+};
+
+/// Fills a box with "01" to "99".
+void addDeviceIds(QComboBox& box);
+
+}  // namespace zlt

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+#include "link/Services.h"
+
+namespace zlt {
+
+/// Runs the event handlers of one screen and of the frames on it: one at a time, each to its
+/// end. Nothing is thrown through the event loop: what a handler throws is shown as a
+/// message, and the end of the program is passed on to the outermost handler.
+class Handlers {
+ public:
+    /// `leaveScreen` ends the screen's own event loop; used when the program ends.
+    Handlers(const Services& services, std::function<void()> leaveScreen);
+
+    /// Runs `handler`, unless one of this screen is running: a tick or a signal that falls
+    /// into a running handler does nothing.
+    void run(const std::function<void()>& handler);
+
+    /// Connects a signal to a member function that takes the signal's values, or fewer.
+    template <class Sender, class... SignalArgs, class Receiver, class... Args>
+    void connect(Sender* sender, void (Sender::*signal)(SignalArgs...), Receiver* receiver,
+                 void (Receiver::*handler)(Args...)) {
+        if constexpr (sizeof...(Args) == 0)
+            QObject::connect(sender, signal, receiver,
+                             [this, receiver, handler] { run([=] { (receiver->*handler)(); }); });
+        else
+            QObject::connect(sender, signal, receiver, [this, receiver, handler](Args... args) {
+                run([=] { (receiver->*handler)(args...); });
+            });
+    }
+
+    /// The same for a base class's signal, as with a button's clicked().
+    template <class Sender, class Base, class... SignalArgs, class Receiver, class... Args>
+    requires(!std::is_same_v<Sender, Base> &&
+             std::is_base_of_v<Base, Sender>) void connect(Sender* sender,
+                                                           void (Base::*signal)(SignalArgs...),
+                                                           Receiver* receiver,
+                                                           void (Receiver::*handler)(Args...)) {
+        connect(static_cast<Base*>(sender), signal, receiver, handler);
+    }
+
+    /// As run(), for work before the screen is shown that its caller's handler waits for: an
+    /// end of the program is passed on to the caller.
+    void runWithinCaller(const std::function<void()>& work);
+
+    bool running() const { return m_running; }
+
+ private:
+    void show(const std::function<void()>& work);
+
+    const Services& m_services;
+    std::function<void()> m_leaveScreen;
+    bool m_running = false;
+};
+
+}  // namespace zlt

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+
+namespace zlt {
+
+/// A round indicator: filled while lit, an empty ring otherwise.
+class Lamp : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(bool lit READ lit WRITE setLit)
+    Q_PROPERTY(QColor colour READ colour WRITE setColour)
+
+ public:
+    explicit Lamp(QWidget* parent = nullptr);
+
+    bool lit() const { return m_lit; }
+    void setLit(bool lit);
+    /// The fill while lit.
+    QColor colour() const { return m_colour; }
+    void setColour(const QColor& colour);
+    /// Dims the lamp while the controller does not answer.
+    void setLive(bool live);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+
+ private:
+    QColor m_colour{214, 48, 49};
+    bool m_lit = false;
+    bool m_live = true;
+};
+
+}  // namespace zlt

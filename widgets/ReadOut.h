@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QLineEdit>
+#include <string_view>
+
+namespace zlt {
+
+/// A value that the controller reports: to be read, selected and copied, not typed into.
+class ReadOut : public QLineEdit {
+    Q_OBJECT
+
+ public:
+    explicit ReadOut(QWidget* parent = nullptr);
+
+    /// Shows a reply as it stands (Latin-1). Writes only when it differs, so that a selection
+    /// stays and an unchanged value costs nothing.
+    void showReply(std::string_view reply);
+
+    /// Dims the value while the controller does not answer: it is no live one then.
+    void setLive(bool live);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+ private:
+    bool m_live = true;
+};
+
+}  // namespace zlt

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace zlt {
+
+/// Text of the wire or of a file, one byte a character, as a widget shows it.
+QString shownText(std::string_view wire);
+
+/// A widget's text as it goes on the wire or into a file. Throws NotLatin1 naming the first
+/// character that cannot.
+std::string wireText(const QString& shown);
+
+/// UTF-8 text, as messages and the system's own words are, for a widget.
+QString fromUtf8(std::string_view text);
+
+}  // namespace zlt
