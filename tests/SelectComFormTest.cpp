@@ -184,7 +184,8 @@ TEST_F(SelectComFormTest, TakesNoOrdersFromEnterAndEscape) {
 TEST_F(SelectComFormTest, SaysWhatStandsBehindThePort) {
     std::ofstream("zlt-r-485.ports") << "COM2=/dev/no-such-port\n";
     show();
-    QTRY_VERIFY(control<QWidget>(form, "portProblem").isVisible());
+    ASSERT_TRUE(
+        QTest::qWaitFor([this] { return control<QWidget>(form, "portProblem").isVisible(); }));
     EXPECT_NE(textOf(form, "portProblem").find("not in the port list"), std::string::npos);
     choose(form, "combo", "COM2");
     EXPECT_EQ(textOf(form, "portDevice"), "COM2 is /dev/no-such-port");

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QProcess>
+#include <QStringList>
+#include <string>
+
+namespace zlt::test {
+
+/// The real simulator, running beside the test and worked through its standard input.
+class SimulatedBus {
+ public:
+    /// Starts it with these options beside --until-stdin-closes. Throws when it does not come
+    /// up.
+    explicit SimulatedBus(const QStringList& options = {});
+    ~SimulatedBus();
+
+    /// The device of its port, the new one after "plug".
+    std::string device() const { return m_device; }
+    /// Says a line on its standard input; a "plug" waits for the new device.
+    void say(const char* line);
+
+ private:
+    void readDevice();
+
+    QProcess m_process;
+    std::string m_device;
+};
+
+}  // namespace zlt::test
