@@ -6,6 +6,7 @@
 #include "ui_LinkFrame.h"
 #include "ui_MainControlForm.h"
 #include "ui_MotionFrame.h"
+#include "ui_StatusFrame.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -14,18 +15,26 @@ namespace {
 constexpr std::chrono::milliseconds pollInterval{10};
 constexpr const char* helpFile = "ZLT42R-485.HLP";
 
+std::unique_ptr<Ui::MainControlForm> makeControls(QDialog& form) {
+    auto controls = std::make_unique<Ui::MainControlForm>();
+    controls->setupUi(&form);
+    return controls;
+}
+
 }  // namespace
 
 MainControlForm::MainControlForm(const Services& services, QWidget* parent)
     : Screen(services, parent),
-      m_ui(std::make_unique<Ui::MainControlForm>()),
-      m_session(services, *this) {
-    m_ui->setupUi(this);
+      m_ui(makeControls(*this)),
+      m_session(services, *this),
+      m_motion(m_session.link, *m_ui->motionFrame, [this] { m_session.endDemo(); }),
+      m_outputs(services, m_session.link, *m_ui->outputsFrame) {
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setTimerType(Qt::PreciseTimer);
     m_timer1.setInterval(pollInterval);
     teachManners();
     connectHandlers();
+    connectFrames();
 }
 
 MainControlForm::~MainControlForm() = default;
@@ -40,6 +49,24 @@ void MainControlForm::connectHandlers() {
     handlers.connect(link.Command2, &QPushButton::clicked, this, &MainControlForm::Command2_Click);
     handlers.connect(m_ui->motionFrame->controls().Command5, &QPushButton::clicked, this,
                      &MainControlForm::Command5_Click);
+}
+
+void MainControlForm::connectFrames() {
+    connectTable(MotionCommands::motionButtons(), &MotionCommands::pressMotion);
+    connectTable(MotionCommands::plainButtons(), &MotionCommands::pressPlain);
+    m_ui->motionFrame->connectTo(handlers, m_motion, m_outputs, [this] {
+        return m_ui->statusFrame->controls().Stat->text().toStdString();
+    });
+    m_ui->outputsFrame->connectTo(handlers, m_outputs);
+}
+
+void MainControlForm::connectTable(std::span<const CommandButton> buttons,
+                                   void (MotionCommands::*press)(const CommandButton&)) {
+    for (const CommandButton& row : buttons) {
+        auto* button = findChild<QAbstractButton*>(QLatin1String(row.control));
+        Q_ASSERT(button);
+        handlers.onClick(*button, [this, row, press](bool) { (m_motion.*press)(row); });
+    }
 }
 
 void MainControlForm::Form_Load(const Connection& connection) {

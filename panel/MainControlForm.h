@@ -3,6 +3,8 @@
 #include <QTimer>
 #include <memory>
 
+#include "panel/MotionCommands.h"
+#include "panel/OutputCommands.h"
 #include "panel/PanelSession.h"
 #include "widgets/Screen.h"
 
@@ -35,6 +37,10 @@ class MainControlForm : public Screen, private PanelView {
 
     void closeScreen() override { Command2_Click(); }
     void connectHandlers();
+    void connectFrames();
+    /// Connects a table's buttons, wherever they are on the screen.
+    void connectTable(std::span<const CommandButton> buttons,
+                      void (MotionCommands::*press)(const CommandButton&));
 
     void showLinkText(std::string_view text) override;
     void showLinkState(std::string_view text, Rgb colour) override;
@@ -54,6 +60,8 @@ class MainControlForm : public Screen, private PanelView {
 
     std::unique_ptr<Ui::MainControlForm> m_ui;
     PanelSession m_session;
+    MotionCommands m_motion;
+    OutputCommands m_outputs;
     QTimer m_timer1{this};
 };
 

@@ -1,6 +1,7 @@
 #include "panel/MotionFrame.h"
 
 #include "ui_MotionFrame.h"
+#include "widgets/FieldFocus.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -20,6 +21,49 @@ MotionFrame::MotionFrame(QWidget* parent)
 }
 
 MotionFrame::~MotionFrame() = default;
+
+void MotionFrame::connectTo(Handlers& handlers, MotionCommands& motion, OutputCommands& outputs,
+                            std::function<std::string()> motionShown) {
+    handlers.onClick(*m_ui->ABS, [&](bool) { motion.ABS_Click(); });
+    handlers.onClick(*m_ui->Datum, [&](bool) { motion.Datum_Click(); });
+    handlers.onClick(*m_ui->SSPD, [&](bool) { motion.SSPD_Click(); });
+    handlers.onClick(*m_ui->Command7, [&](bool) { motion.Command7_Click(); });
+    handlers.onClick(*m_ui->Command6, [&](bool) { motion.Command6_Click(); });
+    handlers.onClick(*m_ui->EnableStat, [&](bool on) { outputs.EnableStat_Click(on); });
+    handlers.onClick(*m_ui->Scurve, [&](bool on) { outputs.Scurve_Click(on); });
+    handlers.onClick(*m_ui->OnScurve,
+                     [&, motionShown](bool) { outputs.setScurve(true, motionShown()); });
+    handlers.onClick(*m_ui->OffScurve,
+                     [&, motionShown](bool) { outputs.setScurve(false, motionShown()); });
+}
+
+QLineEdit& MotionFrame::field(Box box) const {
+    switch (box) {
+        case Box::speed:
+            return *m_ui->SetSpeed;
+        case Box::acceleration:
+            return *m_ui->Accel;
+        case Box::position:
+            break;
+    }
+    return *m_ui->SetPosition;
+}
+
+std::string MotionFrame::typed(Box box) const {
+    return field(box).text().toStdString();
+}
+
+std::string MotionFrame::typedForWire(Box box) const {
+    return wireText(field(box).text());
+}
+
+void MotionFrame::fill(Box box, std::string_view text) {
+    field(box).setText(shownText(text));
+}
+
+void MotionFrame::pointTo(Box box) {
+    pointToField(field(box));
+}
 
 void MotionFrame::showSpeed(std::string_view speed) {
     m_ui->SetSpeed->setText(shownText(speed));

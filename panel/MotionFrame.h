@@ -2,18 +2,22 @@
 
 #include <QGroupBox>
 #include <memory>
-#include <string_view>
 
 #include "link/Values.h"
+#include "panel/MotionCommands.h"
+#include "panel/OutputCommands.h"
+#include "widgets/Handlers.h"
 
 namespace Ui {
 class MotionFrame;
 }
 
+class QLineEdit;
+
 namespace zlt {
 
 /// The "Control" frame: speed, jog, moves, homing, driver, S-curve and the counters.
-class MotionFrame : public QGroupBox {
+class MotionFrame : public QGroupBox, public MotionView {
     Q_OBJECT
 
  public:
@@ -28,9 +32,20 @@ class MotionFrame : public QGroupBox {
     /// Enables the HL and L homing where the firmware has it.
     void gateFeatures(FirmwareVersion firmware);
 
+    /// Connects the buttons and check boxes to the rules; `motionShown` is what `Stat` shows.
+    void connectTo(Handlers& handlers, MotionCommands& motion, OutputCommands& outputs,
+                   std::function<std::string()> motionShown);
+
+    std::string typed(Box box) const override;
+    std::string typedForWire(Box box) const override;
+    void fill(Box box, std::string_view text) override;
+    void pointTo(Box box) override;
+
     const Ui::MotionFrame& controls() const { return *m_ui; }
 
  private:
+    QLineEdit& field(Box box) const;
+
     std::unique_ptr<Ui::MotionFrame> m_ui;
 };
 

@@ -1,6 +1,7 @@
 #include "panel/OutputsFrame.h"
 
 #include "ui_OutputsFrame.h"
+#include "widgets/FieldFocus.h"
 
 namespace zlt {
 
@@ -10,6 +11,41 @@ OutputsFrame::OutputsFrame(QWidget* parent)
 }
 
 OutputsFrame::~OutputsFrame() = default;
+
+void OutputsFrame::connectTo(Handlers& handlers, OutputCommands& outputs) {
+    handlers.onClick(*m_ui->DOSet1, [&](bool) { outputs.DOSet_Click(1); });
+    handlers.onClick(*m_ui->DOSet2, [&](bool) { outputs.DOSet_Click(2); });
+    handlers.onClick(*m_ui->DOSet3, [&](bool) { outputs.DOSet_Click(3); });
+    handlers.onClick(*m_ui->d1, [&](bool) { outputs.d1_Click(); });
+    handlers.onClick(*m_ui->EnableLatch, [&](bool) { outputs.EnableLatch_Click(); });
+    handlers.onClick(*m_ui->SyncEnable, [&](bool on) { outputs.SyncEnable_Click(on); });
+}
+
+std::optional<int> OutputsFrame::syncCondition() const {
+    if (m_ui->SyncEqual->isChecked())
+        return 1;
+    if (m_ui->SyncLessThan->isChecked())
+        return 2;
+    if (m_ui->SyncGreaterThan->isChecked())
+        return 3;
+    return std::nullopt;
+}
+
+std::string OutputsFrame::syncPosition() const {
+    return m_ui->SyncPos->text().toStdString();
+}
+
+void OutputsFrame::pointToSyncPosition() {
+    pointToField(*m_ui->SyncPos);
+}
+
+void OutputsFrame::markSyncEnabled(bool enabled) {
+    m_ui->SyncEnable->setChecked(enabled);
+}
+
+bool OutputsFrame::outputShown() const {
+    return m_ui->InPosDO->lit();
+}
 
 void OutputsFrame::showOutput(bool on) {
     m_ui->InPosDO->setLit(on);

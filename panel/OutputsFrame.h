@@ -3,6 +3,9 @@
 #include <QWidget>
 #include <memory>
 
+#include "panel/OutputCommands.h"
+#include "widgets/Handlers.h"
+
 namespace Ui {
 class OutputsFrame;
 }
@@ -10,7 +13,7 @@ class OutputsFrame;
 namespace zlt {
 
 /// Digital outputs, position latch and synchronisation output.
-class OutputsFrame : public QWidget {
+class OutputsFrame : public QWidget, public OutputsView {
     Q_OBJECT
 
  public:
@@ -20,6 +23,15 @@ class OutputsFrame : public QWidget {
     void showOutput(bool on);
     void resetSync();
     void showLive(bool live);
+
+    /// Connects the buttons and check boxes to the rules.
+    void connectTo(Handlers& handlers, OutputCommands& outputs);
+
+    std::optional<int> syncCondition() const override;
+    std::string syncPosition() const override;
+    void pointToSyncPosition() override;
+    void markSyncEnabled(bool enabled) override;
+    bool outputShown() const override;
 
     const Ui::OutputsFrame& controls() const { return *m_ui; }
 

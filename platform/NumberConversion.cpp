@@ -79,4 +79,9 @@ std::int32_t replyToInteger(std::string_view command, std::string_view reply) {
                           " is not a number: \"" + utf8FromLatin1(reply) + "\"");
 }
 
+std::string notAWholeNumber(std::string_view label, std::string_view text) {
+    return "\"" + std::string(text) + "\" in the field \"" + std::string(label) +
+           "\" is not a whole number from -2147483648 to 2147483647.";
+}
+
 }  // namespace zlt

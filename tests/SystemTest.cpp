@@ -48,8 +48,8 @@ class SystemTest : public ::testing::Test, public World {
 
     SimulatedBus simulator;
     ThreadWaits realWaits;
-    Services real{gate, realWaits, files, help, programEnd,
-                  [this] { return std::make_unique<QtSerialPort>(directory); }};
+    Services real{gate, realWaits,  files,
+                  help, programEnd, [this] { return std::make_unique<QtSerialPort>(directory); }};
 };
 
 TEST_F(SystemTest, PollsRecoversAndClosesOverARealPort) {

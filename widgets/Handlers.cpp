@@ -45,6 +45,12 @@ void Handlers::run(const std::function<void()>& handler) {
     }
 }
 
+void Handlers::onClick(QAbstractButton& button, std::function<void(bool)> handler) {
+    QObject::connect(
+        &button, &QAbstractButton::clicked, &button,
+        [this, handler = std::move(handler)](bool checked) { run([&] { handler(checked); }); });
+}
+
 void Handlers::runWithinCaller(const std::function<void()>& work) {
     const Running running(m_running);
     show(work);

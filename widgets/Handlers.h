@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QObject>
 #include <functional>
 
@@ -41,6 +42,10 @@ class Handlers {
                                                            void (Receiver::*handler)(Args...)) {
         connect(static_cast<Base*>(sender), signal, receiver, handler);
     }
+
+    /// Runs `handler` at each click of the operator, with the button's mark as the click left
+    /// it. A mark that is set by other means runs nothing.
+    void onClick(QAbstractButton& button, std::function<void(bool checked)> handler);
 
     /// As run(), for work before the screen is shown that its caller's handler waits for: an
     /// end of the program is passed on to the caller.

@@ -4,7 +4,7 @@
 
 namespace zlt {
 
-ReadOut::ReadOut(QWidget* parent) : QLineEdit(parent) {
+ReadOut::ReadOut(QWidget* parent) : NumberField(parent) {
     setReadOnly(true);
     // A value may carry any character of the wire; it is shown, never dropped.
     setMaxLength(64 * 1024);
@@ -25,14 +25,6 @@ void ReadOut::setLive(bool live) {
     QPalette dimmed;
     dimmed.setColor(QPalette::Text, palette().color(QPalette::Disabled, QPalette::Text));
     setPalette(live ? QPalette() : dimmed);
-}
-
-QSize ReadOut::sizeHint() const {
-    // The longest number that a controller reports, with the frame around it.
-    const int text = fontMetrics().horizontalAdvance(QStringLiteral("-2147483648 "));
-    QSize size = QLineEdit::sizeHint();
-    size.setWidth(text + size.height() / 2 + 8);
-    return size;
 }
 
 }  // namespace zlt

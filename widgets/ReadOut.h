@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QLineEdit>
 #include <string_view>
+
+#include "widgets/NumberField.h"
 
 namespace zlt {
 
 /// A value that the controller reports: to be read, selected and copied, not typed into.
-class ReadOut : public QLineEdit {
+class ReadOut : public NumberField {
     Q_OBJECT
 
  public:
@@ -18,9 +19,6 @@ class ReadOut : public QLineEdit {
 
     /// Dims the value while the controller does not answer: it is no live one then.
     void setLive(bool live);
-
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
 
  private:
     bool m_live = true;

@@ -1,0 +1,64 @@
+#include "panel/OutputCommands.h"
+
+#include "panel/StatusWord.h"
+#include "platform/NumberConversion.h"
+
+namespace zlt {
+
+void OutputCommands::toggle(std::string_view query, std::string_view setting) {
+    const bool off = parseInteger(m_link.SendReceive(query)) == 0;
+    m_link.SendReceive(std::string(setting) + (off ? "=1" : "=0"));
+}
+
+void OutputCommands::DOSet_Click(int output) {
+    const std::string name = "DO" + std::to_string(output);
+    toggle(name, name);
+}
+
+void OutputCommands::d1_Click() {
+    m_link.SendReceive(m_view.outputShown() ? "DO=0" : "DO=1");
+}
+
+void OutputCommands::EnableStat_Click(bool checked) {
+    const auto enabled = parseInteger(m_link.SendReceive("EO"));
+    if (checked && enabled == 0)
+        m_link.SendReceive("EO=1");
+    else if (!checked && enabled == 1)
+        m_link.SendReceive("EO=0");
+}
+
+void OutputCommands::EnableLatch_Click() {
+    toggle("LTS", "LT");
+}
+
+void OutputCommands::SyncEnable_Click(bool checked) {
+    const auto condition = m_view.syncCondition();
+    const std::string typed = m_view.syncPosition();
+    const auto position = parseInteger(typed);
+    if (!position && checked)
+        m_view.markSyncEnabled(false);
+    else {
+        if (condition)
+            m_link.SendReceive("SYNC=" + std::to_string(*condition));
+        if (position)
+            m_link.SendReceive("SYNP=" + std::to_string(*position));
+        m_link.SendReceive(checked ? "SYNO" : "SYNF");
+    }
+    if (!position) {
+        m_view.pointToSyncPosition();
+        throw ConversionError(notAWholeNumber("Sync Output", typed));
+    }
+}
+
+void OutputCommands::Scurve_Click(bool checked) {
+    m_link.SendReceive(checked ? "SCV=1" : "SCV=0");
+}
+
+void OutputCommands::setScurve(bool on, std::string_view motionShown) {
+    if (motionShown != idleText)
+        m_services.gate.message("Cannot set while running!");
+    else if (m_link.SendReceive(on ? "SCV=1" : "SCV=0") != "OK")
+        m_services.gate.message("Error Setting Scurve!");
+}
+
+}  // namespace zlt

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QLineEdit>
+
+namespace zlt {
+
+/// A field that is wide enough for any number of the controller's, -2147483648 included.
+class NumberField : public QLineEdit {
+    Q_OBJECT
+
+ public:
+    explicit NumberField(QWidget* parent = nullptr) : QLineEdit(parent) {}
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
+}  // namespace zlt
