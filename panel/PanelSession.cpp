@@ -20,7 +20,7 @@ constexpr std::string_view unknown = "???";
 }  // namespace
 
 PanelSession::PanelSession(const Services& services, PanelView& view)
-    : link(services, this), m_services(services), m_view(view) {}
+    : link(services, this, [this] { failLoad(); }), m_services(services), m_view(view) {}
 
 // Load
 

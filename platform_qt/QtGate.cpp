@@ -1,6 +1,7 @@
 #include "platform_qt/QtGate.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QMessageBox>
 
 namespace zlt {
@@ -8,9 +9,13 @@ namespace {
 
 const QString applicationTitle = QStringLiteral("ZLT-R-NX-42");
 
+QString fromUtf8(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 /// Line ends of the wire and of files as Qt breaks lines.
 QString shown(std::string_view text) {
-    QString lines = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    QString lines = fromUtf8(text);
     lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
     return lines;
@@ -30,14 +35,53 @@ class ArrowCursor {
     ArrowCursor& operator=(const ArrowCursor&) = delete;
 };
 
+int showBox(QMessageBox::Icon icon, const QString& title, std::string_view text,
+            QMessageBox::StandardButtons buttons) {
+    const ArrowCursor arrow;
+    QMessageBox box(icon, title, shown(text), buttons, screenInFront());
+    box.setTextFormat(Qt::PlainText);  // a reply may hold anything, "<b>" too
+    if (buttons & QMessageBox::No)
+        box.setDefaultButton(QMessageBox::No);
+    return box.exec();
+}
+
+/// The pattern of a filter, "*.prg" of "Program Files (*.prg)|*.prg".
+QString patternOf(const FileChoice& choice) {
+    return fromUtf8(choice.filter).section(QLatin1Char('|'), 1);
+}
+
+std::optional<std::string> showDialog(const FileChoice& choice, QFileDialog::AcceptMode mode) {
+    const ArrowCursor arrow;
+    QFileDialog dialog(screenInFront(), fromUtf8(choice.title));
+    dialog.setAcceptMode(mode);
+    // Any name passes, there or not: what to say about it is the caller's to know.
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setNameFilter(fromUtf8(choice.filter).section(QLatin1Char('|'), 0, 0));
+    if (mode == QFileDialog::AcceptSave)
+        dialog.setDefaultSuffix(patternOf(choice).section(QLatin1Char('.'), -1));
+    dialog.selectFile(fromUtf8(choice.initialName));
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.selectedFiles().value(0).toStdString();
+}
+
 }  // namespace
 
 void QtGate::message(std::string_view text) {
-    const ArrowCursor arrow;
-    QMessageBox box(QMessageBox::Information, applicationTitle, shown(text), QMessageBox::Ok,
-                    screenInFront());
-    box.setTextFormat(Qt::PlainText);  // a reply may hold anything, "<b>" too
-    box.exec();
+    showBox(QMessageBox::Information, applicationTitle, text, QMessageBox::Ok);
+}
+
+bool QtGate::ask(std::string_view title, std::string_view text) {
+    return showBox(QMessageBox::Question, fromUtf8(title), text,
+                   QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+std::optional<std::string> QtGate::chooseToOpen(const FileChoice& choice) {
+    return showDialog(choice, QFileDialog::AcceptOpen);
+}
+
+std::optional<std::string> QtGate::chooseToSave(const FileChoice& choice) {
+    return showDialog(choice, QFileDialog::AcceptSave);
 }
 
 }  // namespace zlt

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "platform/Gate.h"
@@ -19,15 +20,31 @@ class RecordingGate : public Gate {
     /// Announces a message that only needs to hold these words.
     void expectMessageWith(std::string words);
 
+    /// Announces a Yes/No question and the operator's answer to it.
+    void expectQuestion(std::string title, std::string text, bool answer);
+    /// Announces a file dialog of this title, filter and initial name, and the name chosen in
+    /// it; nothing cancels it.
+    void expectOpenDialog(FileChoice choice, std::optional<std::string> chosen,
+                          std::function<void()> whileShown = {});
+    void expectSaveDialog(FileChoice choice, std::optional<std::string> chosen,
+                          std::function<void()> whileShown = {});
+
     void message(std::string_view text) override;
+    bool ask(std::string_view title, std::string_view text) override;
+    std::optional<std::string> chooseToOpen(const FileChoice& choice) override;
+    std::optional<std::string> chooseToSave(const FileChoice& choice) override;
     bool satisfied() const { return m_expected.empty(); }
 
  private:
     struct Expected {
-        std::string text;
+        std::string text;  ///< kind, title and text, told apart by bars
         bool whole = true;
-        std::function<void()> whileShown;
+        std::function<void()> whileShown = {};
+        std::optional<std::string> answer = {};
     };
+    /// Checks a box against the front of the queue and returns the operator's answer.
+    std::optional<std::string> meet(const std::string& shown);
+
     std::deque<Expected> m_expected;
 };
 

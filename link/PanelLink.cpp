@@ -1,0 +1,43 @@
+#include "link/PanelLink.h"
+
+#include <exception>
+#include <utility>
+
+namespace zlt {
+
+PanelLink::PanelLink(const Services& services, LinkListener* listener,
+                     std::function<void()> portNotTakenBack)
+    : ScreenLink(services, flavours::controlPanel, listener),
+      m_services(services),
+      m_portNotTakenBack(std::move(portNotTakenBack)) {}
+
+LinkHandOver PanelLink::handOver() const {
+    return {PortReady, CommOK(), connection, firmware};
+}
+
+void PanelLink::lendPort(const std::function<void()>& action, std::chrono::milliseconds settling) {
+    const PollPause pause(*this);
+    m_services.waits.sleep(settling);
+    if (PortReady)
+        closePort();
+    m_services.waits.sleep(settling);
+
+    std::exception_ptr failure;
+    try {
+        action();
+    } catch (const std::exception&) {
+        // To be told once the port is back. An end of the program needs no port any more.
+        failure = std::current_exception();
+    }
+    takeBack(settling);
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+void PanelLink::takeBack(std::chrono::milliseconds settling) {
+    if (PortReady && !openPort())
+        m_portNotTakenBack();
+    m_services.waits.sleep(settling);
+}
+
+}  // namespace zlt
