@@ -23,7 +23,7 @@ FirmwareVersion firmwareVersion(std::string_view command, std::string_view versi
     if (const auto number = parseInteger(digits))
         return {*number};
     throw ConversionError("The reply to the command " + utf8FromLatin1(command) +
-                          " is not a firmware version: \"" + utf8FromLatin1(versionText) + "\"");
+                          " is not a firmware version: " + inQuotes(utf8FromLatin1(versionText)));
 }
 
 }  // namespace zlt

@@ -72,15 +72,25 @@ std::optional<std::int32_t> parseInteger(std::string_view text) {
     return static_cast<std::int32_t>(whole);
 }
 
+std::string inQuotes(std::string_view utf8) {
+    constexpr std::size_t longest = 80;
+    if (utf8.size() <= longest)
+        return '"' + std::string(utf8) + '"';
+    std::size_t end = longest;
+    while (end > 0 && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80)
+        --end;  // not in the middle of a character
+    return '"' + std::string(utf8.substr(0, end)) + "\xE2\x80\xA6\"";
+}
+
 std::int32_t replyToInteger(std::string_view command, std::string_view reply) {
     if (const auto number = parseInteger(reply))
         return *number;
     throw ConversionError("The reply to the command " + utf8FromLatin1(command) +
-                          " is not a number: \"" + utf8FromLatin1(reply) + "\"");
+                          " is not a number: " + inQuotes(utf8FromLatin1(reply)));
 }
 
 std::string notAWholeNumber(std::string_view label, std::string_view text) {
-    return "\"" + std::string(text) + "\" in the field \"" + std::string(label) +
+    return inQuotes(text) + " in the field \"" + std::string(label) +
            "\" is not a whole number from -2147483648 to 2147483647.";
 }
 

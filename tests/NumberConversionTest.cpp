@@ -71,6 +71,12 @@ TEST(NumberConversion, NamesCommandAndReply) {
     }
 }
 
+TEST(NumberConversion, QuotesOnlyTheFrontOfALongText) {
+    EXPECT_EQ(inQuotes(std::string(80, 'x')), '"' + std::string(80, 'x') + '"');
+    EXPECT_EQ(inQuotes(std::string(79, 'x') + "\xC3\xA9"),
+              '"' + std::string(79, 'x') + "\xE2\x80\xA6\"");
+}
+
 TEST(FirmwareVersion, IsTheSecondToFourthCharacter) {
     EXPECT_EQ(firmwareVersion("VER", "V315").number, 315);
     EXPECT_EQ(firmwareVersion("VER", "X3229").number, 322);
