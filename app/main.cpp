@@ -21,8 +21,9 @@ int main(int argc, char** argv) {
     zlt::QtHelpViewer help(gate);
     zlt::ProgramEnd programEnd;
     const zlt::Services services{
-        gate, waits,      files,
-        help, programEnd, [&directory] { return std::make_unique<zlt::QtSerialPort>(directory); }};
+        gate, waits, files, help, programEnd, [&directory](QObject* owner) {
+            return std::make_unique<zlt::QtSerialPort>(directory, owner);
+        }};
 
     zlt::SelectComForm startUp(services, directory);
     startUp.Form_Load();

@@ -77,7 +77,7 @@ PanelClient::PanelClient(PacedPeer& peer, long baud, EmptyRead emptyRead)
                  .files = m_files,
                  .help = m_help,
                  .programEnd = m_programEnd,
-                 .makePort = [&peer, this, emptyRead]() -> std::unique_ptr<Port> {
+                 .makePort = [&peer, this, emptyRead](QObject*) -> std::unique_ptr<Port> {
                      if (emptyRead == EmptyRead::sleeps)
                          return std::make_unique<SleepingPort>(peer, m_directory, m_waits);
                      return std::make_unique<TimedPort>(peer, m_directory);

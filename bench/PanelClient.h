@@ -17,6 +17,9 @@ enum class EmptyRead { wakesOnData, sleeps };
 class ThrowingGate final : public Gate {
  public:
     [[noreturn]] void message(std::string_view text) override;
+    bool ask(std::string_view, std::string_view) override { return false; }
+    std::optional<std::string> chooseToOpen(const FileChoice&) override { return std::nullopt; }
+    std::optional<std::string> chooseToSave(const FileChoice&) override { return std::nullopt; }
 };
 
 class NoFiles final : public Files {

@@ -5,9 +5,9 @@
 
 namespace zlt {
 
-PanelLink::PanelLink(const Services& services, LinkListener* listener,
+PanelLink::PanelLink(const Services& services, LinkListener* listener, QObject* owner,
                      std::function<void()> portNotTakenBack)
-    : ScreenLink(services, flavours::controlPanel, listener),
+    : ScreenLink(services, flavours::controlPanel, listener, owner),
       m_services(services),
       m_portNotTakenBack(std::move(portNotTakenBack)) {}
 

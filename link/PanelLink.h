@@ -19,7 +19,7 @@ struct LinkHandOver {
 class PanelLink : public ScreenLink {
  public:
     /// `portNotTakenBack` is called when the port cannot be opened again behind a loan.
-    PanelLink(const Services& services, LinkListener* listener,
+    PanelLink(const Services& services, LinkListener* listener, QObject* owner,
               std::function<void()> portNotTakenBack);
 
     LinkHandOver handOver() const;

@@ -4,7 +4,7 @@
 #include <QSerialPortInfo>
 #include <algorithm>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <tuple>
 
 #include "link/SerialHandle.h"
@@ -32,6 +32,26 @@ std::pair<std::size_t, std::string_view> naturalOrder(const std::string& path) {
     return {path.size(), path};
 }
 
+/// A file's text; empty when it cannot be read.
+std::string readText(const std::filesystem::path& file) {
+    std::ostringstream text;
+    text << std::ifstream(file, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+/// Where an adapter is plugged in, as Linux's sysfs has it; empty elsewhere. Tells adapters of
+/// one make without a serial number apart.
+std::string usbPlace(const QSerialPortInfo& info) {
+    std::error_code unknown;
+    const auto device = std::filesystem::canonical(
+        "/sys/class/tty/" + info.portName().toStdString() + "/device", unknown);
+    if (unknown)
+        return {};
+    // The last folder bears the number of the moment, "ttyUSB0".
+    return (device.filename() == info.portName().toStdString() ? device.parent_path() : device)
+        .string();
+}
+
 SerialDevice describe(const QSerialPortInfo& info) {
     SerialDevice device;
     device.path = QFile::encodeName(info.systemLocation()).toStdString();
@@ -45,7 +65,8 @@ SerialDevice describe(const QSerialPortInfo& info) {
                                  .arg(info.vendorIdentifier(), 4, 16, QLatin1Char('0'))
                                  .arg(info.productIdentifier(), 4, 16, QLatin1Char('0'))
                                  .arg(info.serialNumber())
-                                 .toStdString();
+                                 .toStdString() +
+                             ' ' + usbPlace(info);
     return device;
 }
 
@@ -61,7 +82,7 @@ std::map<PortNumber, std::string> parsePortList(std::string_view text) {
         const auto number = exactPortNumber(trimmed(std::string_view(line).substr(0, equals)));
         const std::string device = trimmed(std::string_view(line).substr(equals + 1));
         if (number && !device.empty())
-            ports[*number] = device;
+            ports[*number] = device.find('/') == std::string::npos ? "/dev/" + device : device;
     }
     return ports;
 }
@@ -95,11 +116,10 @@ void PortDirectory::refresh() {
             m_entries[*number] = {name, device.maker};
     }
 #else
-    std::ifstream list(m_portList, std::ios::binary);
-    m_fromList = list.is_open();
+    std::error_code unknown;
+    m_fromList = std::filesystem::exists(m_portList, unknown);
     if (m_fromList) {
-        const std::string text(std::istreambuf_iterator<char>(list), {});
-        for (const auto& [number, path] : parsePortList(text)) {
+        for (const auto& [number, path] : parsePortList(readText(m_portList))) {
             const auto known = std::find_if(devices.begin(), devices.end(), [&](const auto& d) {
                 return d.path == canonicalDevice(path);
             });
@@ -119,13 +139,19 @@ void PortDirectory::refresh() {
 }
 
 void PortDirectory::refreshIfChanged() {
+#ifdef Q_OS_WIN
+    refresh();  // there is nothing cheap to tell by
+#else
     if (fingerprint() != m_fingerprint)
         refresh();
+#endif
 }
 
 std::string PortDirectory::fingerprint() const {
     std::string marks;
-    for (const std::filesystem::path& path : {m_portList, std::filesystem::path("/dev")}) {
+    // The maker's name comes with udev's data, a moment behind the device.
+    for (const std::filesystem::path& path :
+         {m_portList, std::filesystem::path("/dev"), std::filesystem::path("/run/udev/data")}) {
         std::error_code missing;
         const auto time = std::filesystem::last_write_time(path, missing);
         marks += missing ? "-" : std::to_string(time.time_since_epoch().count());

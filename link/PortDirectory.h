@@ -19,7 +19,7 @@ struct SerialDevice {
     std::string path;   ///< "/dev/ttyUSB0"
     std::string maker;  ///< who made the adapter and what it is; empty when not known
     bool usb = false;
-    std::string usbIdentity;  ///< vendor, product and serial number; orders USB adapters
+    std::string usbIdentity;  ///< vendor, product, serial number and place; orders USB adapters
 };
 
 /// What stands behind a port number. `device` is empty when nothing does.
@@ -28,7 +28,8 @@ struct PortEntry {
     std::string maker;
 };
 
-/// The port numbers of a port list's text: lines such as "COM3=/dev/ttyUSB0". Blank lines and
+/// The port numbers of a port list's text: lines such as "COM3=/dev/ttyUSB0", where a name
+/// without a folder is one in /dev. Blank lines and
 /// lines beginning with "#" are skipped, so are lines that make no sense; of two lines for
 /// one port the last holds.
 std::map<PortNumber, std::string> parsePortList(std::string_view text);

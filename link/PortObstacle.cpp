@@ -3,6 +3,8 @@
 #include <QtGlobal>
 #include <filesystem>
 
+#include "link/SerialHandle.h"
+
 #ifdef Q_OS_UNIX
 #include <grp.h>
 #include <pwd.h>
@@ -54,7 +56,7 @@ bool isMember(const group& owner, const std::string& user) {
 }
 
 void examineRights(const std::string& device, const struct stat& status, PortFindings& findings) {
-    findings.mayOpen = access(device.c_str(), R_OK | W_OK) == 0;
+    findings.mayOpen = mayReadAndWrite(device);
     findings.user = userName();
     constexpr mode_t groupMayUse = S_IRGRP | S_IWGRP;
     if (findings.mayOpen || (status.st_mode & groupMayUse) != groupMayUse)

@@ -6,7 +6,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -60,21 +62,26 @@ void addFlockHolders(const std::string& device, std::set<int>& processes) {
     struct stat status {};
     if (stat(device.c_str(), &status) != 0)
         return;
+    std::array<char, 64> place{};
+    std::snprintf(place.data(), place.size(), "%02x:%02x:%lu", major(status.st_dev),
+                  minor(status.st_dev), static_cast<unsigned long>(status.st_ino));
     std::ifstream locks("/proc/locks");
     for (std::string line; std::getline(locks, line);) {
         std::istringstream fields(line);
-        std::string index, kind, mode, access, place;
+        std::string index, kind, mode, access, file;
         int process = 0;
-        if (!(fields >> index >> kind >> mode >> access >> process >> place) || kind != "FLOCK")
-            continue;
-        if (place.ends_with(":" + std::to_string(status.st_ino)) && process > 0)
+        fields >> index >> kind >> mode >> access >> process >> file;
+        if (fields && kind == "FLOCK" && file == place.data() && process > 0)
             processes.insert(process);
     }
 }
 
-/// The lock files of serial programs: the holder's process number comes first.
+/// The lock files of serial programs, named after the path below /dev: the holder's process
+/// number comes first in them.
 void addLockFileHolder(const std::string& device, std::set<int>& processes) {
-    std::ifstream file(fs::path("/var/lock") / ("LCK.." + fs::path(device).filename().string()));
+    std::string name = fs::path(device).lexically_relative("/dev").string();
+    std::replace(name.begin(), name.end(), '/', '_');
+    std::ifstream file(fs::path("/var/lock") / ("LCK.." + name));
     int process = 0;
     if (file >> process && fs::exists(fs::path("/proc") / std::to_string(process)))
         processes.insert(process);

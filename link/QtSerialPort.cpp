@@ -21,6 +21,10 @@ std::string inputOutputError() {
     return std::make_error_code(std::errc::io_error).message();
 }
 
+std::string deviceBusy() {
+    return std::make_error_code(std::errc::device_or_resource_busy).message();
+}
+
 /// The baud rate of "9600,N,8,1"; nothing when it is no positive whole number or something
 /// else stands behind it.
 std::optional<qint32> baudRateOf(std::string_view settings) {
@@ -36,7 +40,8 @@ std::optional<qint32> baudRateOf(std::string_view settings) {
 
 }  // namespace
 
-QtSerialPort::QtSerialPort(PortDirectory& directory) : m_directory(directory) {
+QtSerialPort::QtSerialPort(PortDirectory& directory, QObject* owner)
+    : m_directory(directory), m_serial(owner) {
     m_serial.setObjectName(QStringLiteral("MSComm1"));
     m_serial.setReadBufferSize(unreadBytesKept);
     // A port left open on an idle screen would otherwise spin after a hang-up.
@@ -73,11 +78,17 @@ void QtSerialPort::openDevice(const std::string& device, qint32 baudRate) {
     m_serial.setStopBits(QSerialPort::OneStop);
     m_serial.setFlowControl(QSerialPort::NoFlowControl);
     if (!m_serial.open(QIODevice::ReadWrite) || !m_serial.setBaudRate(baudRate))
-        return lose(m_serial.errorString().toStdString());
+        return lose(heldByAnother() ? deviceBusy() : m_serial.errorString().toStdString());
     if (!takeExclusively(m_serial.handle()))
-        return lose(std::make_error_code(std::errc::device_or_resource_busy).message());
+        return lose(deviceBusy());
     m_serial.setDataTerminalReady(false);  // a pseudo-terminal has no such line: no error
     m_serial.clear();                      // what came before is no answer to anything
+}
+
+bool QtSerialPort::heldByAnother() const {
+    // Qt calls another program's lock file a matter of permission too.
+    return m_serial.error() == QSerialPort::PermissionError &&
+           mayReadAndWrite(QFile::encodeName(m_serial.portName()).toStdString());
 }
 
 void QtSerialPort::close() {
@@ -100,7 +111,10 @@ bool QtSerialPort::write(std::string_view bytes) {
     QElapsedTimer sinceProgress;
     sinceProgress.start();
     for (qint64 left = m_serial.bytesToWrite(); isOpen() && left > 0;) {
-        const bool written = m_serial.waitForBytesWritten(blockedOutputMs);
+        // While the read buffer is full Qt's wait fails at once, for want of room to read into.
+        const bool written = m_serial.bytesAvailable() >= unreadBytesKept
+                                 ? m_serial.flush()
+                                 : m_serial.waitForBytesWritten(blockedOutputMs);
         if (!isOpen())
             break;
         if (!written && m_serial.error() != QSerialPort::TimeoutError) {

@@ -12,8 +12,9 @@ namespace zlt {
 /// nothing.
 class QtSerialPort final : public Port {
  public:
-    /// `directory` says which device a port number stands for; it outlives the port.
-    explicit QtSerialPort(PortDirectory& directory);
+    /// `directory` says which device a port number stands for; it outlives the port. So does
+    /// `owner`, among whose children the port is then found by its name, `MSComm1`.
+    explicit QtSerialPort(PortDirectory& directory, QObject* owner = nullptr);
 
     bool open(PortNumber number, std::string_view settings) override;
     void close() override;
@@ -25,6 +26,7 @@ class QtSerialPort final : public Port {
 
  private:
     void openDevice(const std::string& device, qint32 baudRate);
+    bool heldByAnother() const;
     /// Waits up to `milliseconds`; false when the port is lost, which closes it.
     bool waitForBytes(int milliseconds);
     /// Closes the port and keeps the reason.

@@ -11,8 +11,12 @@ constexpr std::string_view noAnswer = "0";
 
 }  // namespace
 
-ScreenLink::ScreenLink(const Services& services, const Flavour& flavour, LinkListener* listener)
-    : m_services(services), m_flavour(flavour), m_listener(listener), m_port(services.makePort()) {}
+ScreenLink::ScreenLink(const Services& services, const Flavour& flavour, LinkListener* listener,
+                       QObject* owner)
+    : m_services(services),
+      m_flavour(flavour),
+      m_listener(listener),
+      m_port(services.makePort(owner)) {}
 
 bool ScreenLink::openPort() {
     m_lossReported = false;

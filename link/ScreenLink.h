@@ -26,8 +26,10 @@ class LinkListener {
 /// One screen's link to its controller: the port it owns, the two flags and the exchange.
 class ScreenLink {
  public:
-    /// `listener` may be null. `flavour` and `services` outlive the link.
-    ScreenLink(const Services& services, const Flavour& flavour, LinkListener* listener);
+    /// `listener` may be null, so may `owner`, the screen that the link belongs to. `flavour`,
+    /// `services` and `owner` outlive the link.
+    ScreenLink(const Services& services, const Flavour& flavour, LinkListener* listener,
+               QObject* owner = nullptr);
 
     /// Sends one command to the addressed controller and returns its reply without header and
     /// carriage return, or "0" when there was none. Blocks until the exchange is over. Never

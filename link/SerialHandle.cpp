@@ -5,6 +5,7 @@
 
 #ifdef Q_OS_UNIX
 #include <sys/file.h>
+#include <unistd.h>
 
 #include <cerrno>
 #endif
@@ -16,6 +17,15 @@ bool takeExclusively(SerialHandle handle) {
     return flock(handle, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 #else
     (void)handle;
+    return true;
+#endif
+}
+
+bool mayReadAndWrite(const std::string& device) {
+#ifdef Q_OS_UNIX
+    return access(device.c_str(), R_OK | W_OK) == 0;
+#else
+    (void)device;
     return true;
 #endif
 }

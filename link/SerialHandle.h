@@ -17,6 +17,9 @@ using SerialHandle = int;
 /// another program holds it. On Windows opening is exclusive by itself: always true.
 bool takeExclusively(SerialHandle handle);
 
+/// Whether this user has the right to read and write a device, whoever holds it now.
+bool mayReadAndWrite(const std::string& device);
+
 /// The device's own path behind links; the name unchanged when there is no such device.
 std::string canonicalDevice(const std::string& device);
 

@@ -10,6 +10,8 @@
 #include "platform/ProgramEnd.h"
 #include "platform/Waits.h"
 
+class QObject;
+
 namespace zlt {
 
 /// What every screen needs of the world outside. All of it outlives the screens.
@@ -19,8 +21,8 @@ struct Services {
     Files& files;
     HelpViewer& help;
     ProgramEnd& programEnd;
-    /// Makes the port object that a screen owns.
-    std::function<std::unique_ptr<Port>()> makePort;
+    /// Makes the port object that a screen owns; `owner` is that screen, or null.
+    std::function<std::unique_ptr<Port>(QObject* owner)> makePort;
 };
 
 }  // namespace zlt

@@ -26,7 +26,7 @@ std::unique_ptr<Ui::MainControlForm> makeControls(QDialog& form) {
 MainControlForm::MainControlForm(const Services& services, QWidget* parent)
     : Screen(services, parent),
       m_ui(makeControls(*this)),
-      m_session(services, *this),
+      m_session(services, *this, this),
       m_motion(m_session.link, *m_ui->motionFrame, [this] { m_session.endDemo(); }),
       m_outputs(services, m_session.link, *m_ui->outputsFrame) {
     m_timer1.setObjectName(QStringLiteral("Timer1"));
@@ -75,6 +75,11 @@ void MainControlForm::Form_Load(const Connection& connection) {
         if (m_session.load(connection))
             m_timer1.start();
     });
+}
+
+void MainControlForm::showEvent(QShowEvent* event) {
+    Screen::showEvent(event);
+    m_ui->motionFrame->controls().SetSpeed->setFocus();
 }
 
 void MainControlForm::Timer1_Timer() {

@@ -27,6 +27,9 @@ class MainControlForm : public Screen, private PanelView {
     /// of the caller's handler; passes an end of the program on.
     void Form_Load(const Connection& connection);
 
+ protected:
+    void showEvent(QShowEvent* event) override;
+
  private:
     void Timer1_Timer();
     void SelectedDeviceID_Click(int index);

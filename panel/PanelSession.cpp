@@ -19,8 +19,8 @@ constexpr std::string_view unknown = "???";
 
 }  // namespace
 
-PanelSession::PanelSession(const Services& services, PanelView& view)
-    : link(services, this, [this] { failLoad(); }), m_services(services), m_view(view) {}
+PanelSession::PanelSession(const Services& services, PanelView& view, QObject* owner)
+    : link(services, this, owner, [this] { failLoad(); }), m_services(services), m_view(view) {}
 
 // Load
 
@@ -30,19 +30,19 @@ bool PanelSession::load(const Connection& connection) {
     link.firmware = {};
     setDemo(false);
     m_view.showBaudRate(connection.baudRate);
-    if (!link.openPort()) {
-        failLoad();
-        return false;
-    }
-    link.PortReady = true;
-    link.setCommOK(true);
     try {
+        if (!link.openPort()) {
+            failLoad();
+            return false;
+        }
+        link.PortReady = true;
+        link.setCommOK(true);
         if (identify())
             readOnce();
         // After a failed identification or any time-out the version reads "???", which is no
         // number: the load ends below, and a controller that did not answer is never polled.
         link.firmware = firmwareVersion("VER", m_version);
-    } catch (const ConversionError&) {
+    } catch (const std::exception&) {
         failLoad();
         return false;
     }

@@ -11,7 +11,8 @@ namespace zlt {
 /// poll, probe, demo and device switch. Shows everything through the view.
 class PanelSession : private LinkListener {
  public:
-    PanelSession(const Services& services, PanelView& view);
+    /// `owner` is the panel's screen, for the port.
+    PanelSession(const Services& services, PanelView& view, QObject* owner);
 
     /// Opens the port, identifies the controller and reads once what does not change. False
     /// when that fails, which the operator has been told then: the poll must stay off.

@@ -22,8 +22,15 @@ QString shown(std::string_view text) {
 }
 
 QWidget* screenInFront() {
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal ? modal : QApplication::activeWindow();
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget* active = QApplication::activeWindow())
+        return active;
+    // Right behind another box, or behind another program, no window is the active one.
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && window->windowType() == Qt::Window)
+            return window;
+    return nullptr;
 }
 
 /// The busy cursor of a running handler would say that there is nothing to answer.

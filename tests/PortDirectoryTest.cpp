@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 
 #include "link/PortDirectory.h"
@@ -11,7 +12,7 @@ namespace {
 TEST(PortList, TakesItsLinesAndSkipsTheRest) {
     const auto ports = parsePortList(
         "# bench\r\n\r\nCOM3=/dev/ttyUSB0\n COM12 = /dev/serial/by-id/a=b \rCOM16=/dev/x\n"
-        "com4=/dev/x\nCOM5=\nnonsense\n=/dev/x\nCOM03=/dev/x\nCOM3=/dev/ttyS1");
+        "com4=/dev/x\nCOM5=\nnonsense\n=/dev/x\nCOM03=/dev/x\nCOM3=ttyS1");
     const std::map<PortNumber, std::string> expected{{{3}, "/dev/ttyS1"},
                                                      {{12}, "/dev/serial/by-id/a=b"}};
     EXPECT_EQ(ports, expected);
@@ -24,7 +25,8 @@ TEST(PortList, IsTheWholeTruthWhereItExists) {
     EXPECT_EQ(world.directory.device({1}), std::nullopt);
     EXPECT_TRUE(world.directory.fromList());
 
-    std::ofstream("zlt-r-485.ports") << "";
+    std::filesystem::remove("zlt-r-485.ports");
+    std::filesystem::create_directory("zlt-r-485.ports");
     world.directory.refresh();
     for (PortNumber number{1}; number.value <= portCount; ++number.value)
         EXPECT_EQ(world.directory.device(number), std::nullopt);

@@ -48,8 +48,13 @@ class SystemTest : public ::testing::Test, public World {
 
     SimulatedBus simulator;
     ThreadWaits realWaits;
-    Services real{gate, realWaits,  files,
-                  help, programEnd, [this] { return std::make_unique<QtSerialPort>(directory); }};
+    Services real{gate,
+                  realWaits,
+                  files,
+                  help,
+                  programEnd,
+                  [this](QObject* owner) {
+                      return std::make_unique<QtSerialPort>(directory, owner); }};
 };
 
 TEST_F(SystemTest, PollsRecoversAndClosesOverARealPort) {
@@ -229,6 +234,16 @@ TEST_F(SystemTest, HearsAControllerAtItsOwnRateOnly) {
     EXPECT_EQ(ask(*wrong, "@01DN").ending, Ending::timedOut);
     wrong->close();
     EXPECT_EQ(ask(*openPort(), "@01DN").text, "ZLD01");
+}
+
+TEST_F(SystemTest, WritesWhileALineBabblesUnread) {
+    auto port = openPort();
+    simulator.say("babble on");
+    const auto unreadFor = [](int milliseconds) { QTest::qWait(milliseconds); };
+    unreadFor(1500);
+    for (int request = 0; request < 3; ++request)
+        EXPECT_TRUE(port->write("@01PX\r")) << port->errorText();
+    EXPECT_TRUE(port->isOpen());
 }
 
 TEST_F(SystemTest, GivesUpALineThatTakesNoMoreCharacters) {

@@ -30,7 +30,8 @@ struct World {
     RecordingHelp help;
     ProgramEnd programEnd;
     PortDirectory directory{portListFileName};
-    Services services{gate, waits, files, help, programEnd, [this] { return bus.makePort(); }};
+    Services services{gate, waits,      files,
+                      help, programEnd, [this](QObject*) { return bus.makePort(); }};
 
     /// The reply table of a controller with this firmware, at rest.
     void answerAsController(const std::string& version = "V322");
