@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTest>
@@ -194,6 +196,25 @@ TEST_F(MainControlFormTest, FailsTheLoadOfADeviceThatIsNotOurs) {
     }
 }
 
+TEST_F(MainControlFormTest, FailsTheLoadOfASilentDevice) {
+    bus.silent = true;
+    gate.expectMessage("No Communication with device!",
+                       [this] { expectLost("No Communication", red); });
+    gate.expectMessage(std::string(portNotAvailable));
+    open();
+    EXPECT_EQ(bus.takeCommands(), Commands{"DN"});
+    expectLost("Invalid Port", grey);
+    EXPECT_FALSE(polls());
+}
+
+TEST_F(MainControlFormTest, EndsTheProgramWhenThePortIsLostDuringTheLoad) {
+    bus.losesAtWriteOf = "HSPD";
+    gate.expectMessageWith("Communication Error!");
+    gate.expectMessage(std::string(portNotAvailable));
+    EXPECT_THROW(form.Form_Load({{3}, "9600", "01"}), ProgramEnd::Unwind);
+    EXPECT_EQ(programEnd.exitCode(), 1);
+}
+
 TEST_F(MainControlFormTest, FailsTheLoadAtAnyTimeOut) {
     for (std::size_t silentAt = 1; silentAt < loadCommands.size(); ++silentAt) {
         MainControlForm panel(services, nullptr);
@@ -259,6 +280,17 @@ TEST_F(MainControlFormTest, ProbesOnWhileTheAnswerIsNoController) {
     bus.answer = nullptr;
     tickCommands();
     EXPECT_EQ(tickCommands(), longTick) << "the firmware number was kept";
+}
+
+TEST_F(MainControlFormTest, EndsTheProgramWhenTheProbeFindsNoFirmwareNumber) {
+    load();
+    bus.silent = true;
+    tickCommands();
+    bus.silent = false;
+    bus.replies["VER"] = "new";
+    gate.expectMessage("The reply to the command VER is not a firmware version: \"new\"");
+    EXPECT_EQ(tickCommands(), (Commands{"DN", "VER", "ID"}));
+    EXPECT_EQ(programEnd.exitCode(), 1);
 }
 
 TEST_F(MainControlFormTest, DimsWhatIsNotLive) {
@@ -348,6 +380,12 @@ TEST_F(MainControlFormTest, SwitchesToAnotherDevice) {
     EXPECT_EQ(tickCommands(), shortTick);
     EXPECT_TRUE(control<QWidget>(form, "HLHOMEPLUS").isEnabled()) << "as loaded";
 
+    bus.replies["VER"] = "???";
+    choose(form, "SelectedDeviceID", "09");
+    EXPECT_EQ(bus.takeCommands(), (Commands{"ID", "VER", "ID"}));
+    EXPECT_EQ(tickCommands(), shortTick) << "an unknown version keeps the number";
+
+    bus.replies["VER"] = "V316";
     bus.replies["ID"] = "ZLD08";
     disturbSync();
     gate.expectMessage("No Communication with the device at address 08");
@@ -370,12 +408,29 @@ TEST_F(MainControlFormTest, EndsTheProgramOnASwitchToASilentDevice) {
 TEST_F(MainControlFormTest, ActsOnlyOnTheOperatorsChoiceOfADevice) {
     bus.replies["DN"] = "ZLD07";  // though 01 was asked
     load();
-    auto& box = control<QWidget>(form, "SelectedDeviceID");
+    auto& box = control<QComboBox>(form, "SelectedDeviceID");
     box.setFocus();
     control<QWidget>(form, "SetSpeed").setFocus();
-    press(form, "SelectedDeviceID", Qt::Key_Return);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown}) {
+        press(form, "SelectedDeviceID", key);
+        box.hidePopup();
+    }
+    turnWheel(box);
     EXPECT_EQ(bus.takeCommands(), Commands{});
     EXPECT_EQ(textOf(form, "SelectedDeviceID"), "07");
+
+    QTest::mouseClick(box.lineEdit(), Qt::LeftButton);
+    EXPECT_TRUE(box.view()->isVisible()) << "a click on the text opens the list";
+    box.hidePopup();
+}
+
+TEST_F(MainControlFormTest, SwitchesNothingWithoutAPort) {
+    bus.opens = false;
+    gate.expectMessage(std::string(portNotAvailable));
+    open();
+    choose(form, "SelectedDeviceID", "05");
+    EXPECT_EQ(bus.takeCommands(), Commands{});
+    EXPECT_FALSE(programEnd.ended());
 }
 
 TEST_F(MainControlFormTest, TakesNoOrdersFromEnterAndEscape) {

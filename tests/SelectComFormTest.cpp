@@ -35,9 +35,16 @@ class SelectComFormTest : public ::testing::Test, public World {
     void connect(const std::function<void(QWidget& panel)>& work) {
         QTimer::singleShot(0, &form, [&] {
             QWidget* panel = QApplication::activeModalWidget();
-            if (!panel)
-                throw std::runtime_error("no panel is shown");
-            work(*panel);
+            if (!panel) {
+                ADD_FAILURE() << "no panel is shown";
+                return;
+            }
+            try {
+                work(*panel);
+            } catch (const std::exception& error) {
+                ADD_FAILURE() << error.what();
+                panel->close();
+            }
         });
         click(form, "Command25");
     }

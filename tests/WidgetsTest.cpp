@@ -4,8 +4,6 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTest>
-#include <QVBoxLayout>
-#include <QWheelEvent>
 
 #include "app/SelectComForm.h"
 #include "support/FormDriver.h"
@@ -15,12 +13,6 @@
 
 namespace zlt::test {
 namespace {
-
-void turnWheel(QWidget& widget) {
-    QWheelEvent event(QPointF(5, 5), widget.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&widget, &event);
-}
 
 TEST(EditableChoiceBox, KeepsWhatWasTyped) {
     for (const char* text : {"15", "com1", "COM", ""}) {

@@ -38,12 +38,31 @@ void ChoiceBox::showText(std::string_view text) {
 }
 
 bool ChoiceBox::eventFilter(QObject* watched, QEvent* event) {
-    // Nothing can be typed here, so a click anywhere opens the list.
-    if (watched == lineEdit() && event->type() == QEvent::MouseButtonPress && isEnabled()) {
+    // Nothing can be typed here, so a click anywhere opens the list; with the release, since
+    // the list would take a release behind its opening as a choice.
+    if (watched == lineEdit() && event->type() == QEvent::MouseButtonRelease && isEnabled() &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
         showPopup();
         return true;
     }
     return QComboBox::eventFilter(watched, event);
+}
+
+void ChoiceBox::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            showPopup();
+            return;
+        default:
+            QComboBox::keyPressEvent(event);
+    }
+}
+
+void ChoiceBox::wheelEvent(QWheelEvent* event) {
+    event->ignore();
 }
 
 EditableChoiceBox::EditableChoiceBox(QWidget* parent) : QComboBox(parent) {

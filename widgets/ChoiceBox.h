@@ -7,7 +7,8 @@
 namespace zlt {
 
 /// A drop-down box that shows whatever text it is given, listed or not, and reports only what
-/// the operator picks from its list (activated).
+/// the operator picks from its open list (activated): neither the wheel nor an arrow key
+/// chooses by itself.
 class ChoiceBox : public QComboBox {
     Q_OBJECT
 
@@ -18,6 +19,8 @@ class ChoiceBox : public QComboBox {
     void showText(std::string_view text);
 
  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
 

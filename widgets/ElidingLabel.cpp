@@ -12,7 +12,9 @@ constexpr int widestInCharacters = 30;
 
 }  // namespace
 
-ElidingLabel::ElidingLabel(QWidget* parent) : QLabel(parent) { setTextFormat(Qt::PlainText); }
+ElidingLabel::ElidingLabel(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+}
 
 QSize ElidingLabel::sizeHint() const {
     const int most = widestInCharacters * fontMetrics().averageCharWidth();
@@ -32,7 +34,8 @@ QString ElidingLabel::elided() const {
 bool ElidingLabel::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip && elided() != text()) {
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                           text().left(1000).toHtmlEscaped(), this);
+                           QStringLiteral("<p>%1</p>").arg(text().left(1000).toHtmlEscaped()),
+                           this);
         return true;
     }
     return QLabel::event(event);

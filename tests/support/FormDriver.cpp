@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
+#include <QWheelEvent>
 #include <stdexcept>
 
 namespace zlt::test {
@@ -40,6 +41,12 @@ void press(QWidget& form, const char* name, Qt::Key key) {
     QWidget& widget = usable(form, name);
     widget.setFocus();
     QTest::keyClick(&widget, key);
+}
+
+void turnWheel(QWidget& widget) {
+    QWheelEvent event(QPointF(5, 5), widget.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&widget, &event);
 }
 
 std::string textOf(QWidget& form, const char* name) {

@@ -24,6 +24,9 @@ Control& control(QWidget& form, const char* name) {
 void click(QWidget& form, const char* name);
 void press(QWidget& form, const char* name, Qt::Key key);
 
+/// One notch of the mouse wheel over a control.
+void turnWheel(QWidget& widget);
+
 /// What a control shows: a label's, a button's or a field's text, a box's chosen text.
 std::string textOf(QWidget& form, const char* name);
 
