@@ -77,6 +77,8 @@ PanelClient::PanelClient(PacedPeer& peer, long baud, EmptyRead emptyRead)
                  .files = m_files,
                  .help = m_help,
                  .programEnd = m_programEnd,
+                 .processes = m_processes,
+                 .ownFolder = {},
                  .makePort = [&peer, this, emptyRead](QObject*) -> std::unique_ptr<Port> {
                      if (emptyRead == EmptyRead::sleeps)
                          return std::make_unique<SleepingPort>(peer, m_directory, m_waits);

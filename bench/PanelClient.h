@@ -22,6 +22,11 @@ class ThrowingGate final : public Gate {
     std::optional<std::string> chooseToSave(const FileChoice&) override { return std::nullopt; }
 };
 
+class NoProcesses final : public Processes {
+ public:
+    ProcessEnd runAndWait(const std::filesystem::path&) override { return {}; }
+};
+
 class NoFiles final : public Files {
  public:
     std::optional<std::string> read(const std::filesystem::path&, std::size_t) override {
@@ -54,6 +59,7 @@ class PanelClient final : public Client {
     NoFiles m_files;
     NoHelp m_help;
     ProgramEnd m_programEnd;
+    NoProcesses m_processes;
     Services m_services;
     ScreenLink m_link;
 };

@@ -44,6 +44,9 @@ class ScreenLink {
     /// Closes the port and ends the program. Does not return.
     [[noreturn]] void endProgram(int exitCode);
 
+    /// Whether the loss of the port has been told: nothing is asked any more then.
+    bool lossReported() const { return m_lossReported; }
+
     bool CommOK() const { return m_commOk; }
     /// Sets the connected flag and tells the listener.
     void setCommOK(bool connected);

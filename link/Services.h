@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 
@@ -7,6 +8,7 @@
 #include "platform/Files.h"
 #include "platform/Gate.h"
 #include "platform/HelpViewer.h"
+#include "platform/Processes.h"
 #include "platform/ProgramEnd.h"
 #include "platform/Waits.h"
 
@@ -21,6 +23,9 @@ struct Services {
     Files& files;
     HelpViewer& help;
     ProgramEnd& programEnd;
+    Processes& processes;
+    /// The folder of the executable, which holds the external tools' folder.
+    std::filesystem::path ownFolder;
     /// Makes the port object that a screen owns; `owner` is that screen, or null.
     std::function<std::unique_ptr<Port>(QObject* owner)> makePort;
 };

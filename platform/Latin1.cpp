@@ -6,16 +6,18 @@
 namespace zlt {
 namespace {
 
-std::string describe(char32_t codePoint) {
+std::string describe(char32_t codePoint, int line) {
     std::array<char, 16> number{};
     std::snprintf(number.data(), number.size(), "U+%04X", static_cast<unsigned>(codePoint));
-    return "The character \"" + utf8FromCodePoint(codePoint) + "\" (" + number.data() +
-           ") is not one that the controller or a file can hold.  Please replace it.";
+    const std::string place = line > 0 ? " in line " + std::to_string(line) : "";
+    return "The character \"" + utf8FromCodePoint(codePoint) + "\" (" + number.data() + ")" +
+           place + " is not one that the controller or a file can hold.  Please replace it.";
 }
 
 }  // namespace
 
-NotLatin1::NotLatin1(char32_t codePoint) : std::runtime_error(describe(codePoint)) {}
+NotLatin1::NotLatin1(char32_t codePoint, int line)
+    : std::runtime_error(describe(codePoint, line)) {}
 
 std::string utf8FromLatin1(std::string_view latin1) {
     std::string utf8;

@@ -1,0 +1,22 @@
+#include "platform_qt/QtProcesses.h"
+
+#include <QProcess>
+
+namespace zlt {
+
+ProcessEnd QtProcesses::runAndWait(const std::filesystem::path& program) {
+    QProcess process;
+    // What a tool prints is passed through, so that no pipe fills up and stops it.
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.setInputChannelMode(QProcess::ManagedInputChannel);
+    process.start(QString::fromStdU16String(program.u16string()), QStringList());
+    if (!process.waitForStarted(-1))
+        return {ProcessEnd::Kind::notStarted, process.errorString().toStdString()};
+    process.closeWriteChannel();
+    process.waitForFinished(-1);
+    return {process.exitStatus() == QProcess::CrashExit ? ProcessEnd::Kind::crashed
+                                                        : ProcessEnd::Kind::exited,
+            {}};
+}
+
+}  // namespace zlt
