@@ -87,9 +87,19 @@ void SelectComForm::saveSettings(const Settings& settings) {
 }
 
 void SelectComForm::Command25_Click() {
+    connectToController(false);
+}
+
+void SelectComForm::ProgramEdit_Click() {
+    connectToController(true);
+}
+
+void SelectComForm::connectToController(bool startInProgram) {
     const Settings settings = typedSettings();
     saveSettings(settings);
     MainControlForm panel(services(), this);
+    if (startInProgram)
+        panel.startInProgram();
     panel.Form_Load({portNumberFromText(settings.port), settings.baud, settings.deviceId});
     panel.showModal();
     showPort();

@@ -31,7 +31,7 @@ class SelectComForm : public Screen {
 
  private:
     void Command25_Click();
-    void ProgramEdit_Click() { Command25_Click(); }
+    void ProgramEdit_Click();
     void Close_Click();
     void copyCommand_Click();
     void portTimer_Timer();
@@ -39,6 +39,7 @@ class SelectComForm : public Screen {
 
     void closeScreen() override { Close_Click(); }
     void connectHandlers();
+    void connectToController(bool startInProgram);
     void fillBoxes();
     /// The three texts as typed. Throws NotLatin1 for one that no file can hold.
     Settings typedSettings() const;

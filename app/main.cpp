@@ -5,6 +5,7 @@
 #include "platform_qt/QtFiles.h"
 #include "platform_qt/QtGate.h"
 #include "platform_qt/QtHelpViewer.h"
+#include "platform_qt/QtProcesses.h"
 #include "platform_qt/ThreadWaits.h"
 
 int main(int argc, char** argv) {
@@ -20,10 +21,17 @@ int main(int argc, char** argv) {
     zlt::QtFiles files;
     zlt::QtHelpViewer help(gate);
     zlt::ProgramEnd programEnd;
-    const zlt::Services services{
-        gate, waits, files, help, programEnd, [&directory](QObject* owner) {
-            return std::make_unique<zlt::QtSerialPort>(directory, owner);
-        }};
+    zlt::QtProcesses processes;
+    const zlt::Services services{.gate = gate,
+                                 .waits = waits,
+                                 .files = files,
+                                 .help = help,
+                                 .programEnd = programEnd,
+                                 .processes = processes,
+                                 .ownFolder = QApplication::applicationDirPath().toStdU16String(),
+                                 .makePort = [&directory](QObject* owner) {
+                                     return std::make_unique<zlt::QtSerialPort>(directory, owner);
+                                 }};
 
     zlt::SelectComForm startUp(services, directory);
     startUp.Form_Load();

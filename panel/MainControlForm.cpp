@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "panel/AboutText.h"
+#include "programs/XThreadForm.h"
 #include "ui_LinkFrame.h"
 #include "ui_MainControlForm.h"
 #include "ui_MotionFrame.h"
@@ -28,7 +29,11 @@ MainControlForm::MainControlForm(const Services& services, QWidget* parent)
       m_ui(makeControls(*this)),
       m_session(services, *this, this),
       m_motion(m_session.link, *m_ui->motionFrame, [this] { m_session.endDemo(); }),
-      m_outputs(services, m_session.link, *m_ui->outputsFrame) {
+      m_outputs(services, m_session.link, *m_ui->outputsFrame),
+      m_programs(services, m_session.link, *m_ui->programFrame),
+      m_transfer(services, m_session.link, *m_ui->programFrame),
+      m_runControl(m_session.link,
+                   [this](std::string_view command) { m_motion.SendMotionCommand(command); }) {
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setTimerType(Qt::PreciseTimer);
     m_timer1.setInterval(pollInterval);
@@ -58,6 +63,8 @@ void MainControlForm::connectFrames() {
         return m_ui->statusFrame->controls().Stat->text().toStdString();
     });
     m_ui->outputsFrame->connectTo(handlers, m_outputs);
+    m_ui->programFrame->connectTo(handlers, services(), m_programs, m_transfer);
+    m_ui->runControlFrame->connectTo(handlers, m_runControl, [this] { XThread_Click(); });
 }
 
 void MainControlForm::connectTable(std::span<const CommandButton> buttons,
@@ -79,7 +86,10 @@ void MainControlForm::Form_Load(const Connection& connection) {
 
 void MainControlForm::showEvent(QShowEvent* event) {
     Screen::showEvent(event);
-    m_ui->motionFrame->controls().SetSpeed->setFocus();
+    if (m_startsInProgram)
+        m_ui->programFrame->focusProgram();
+    else
+        m_ui->motionFrame->controls().SetSpeed->setFocus();
 }
 
 void MainControlForm::Timer1_Timer() {
@@ -106,6 +116,22 @@ void MainControlForm::Command2_Click() {
     m_timer1.stop();
     m_session.unload();
     done(Accepted);
+}
+
+template <class Form>
+void MainControlForm::showOverPanel() {
+    m_session.link.lendPort([this] {
+        Form form(services(), m_session.link.handOver(), this);
+        form.Form_Load();
+        form.showModal();
+    });
+}
+
+void MainControlForm::XThread_Click() {
+    // The button's look is as loaded; the controller may be another one by now.
+    if (m_session.link.firmware < firmwareWithSecondThread)
+        return;
+    showOverPanel<XThreadForm>();
 }
 
 // What the rules show, passed on to the frame that shows it
@@ -155,6 +181,7 @@ void MainControlForm::resetSync() {
 
 void MainControlForm::gateFeatures(FirmwareVersion firmware) {
     m_ui->motionFrame->gateFeatures(firmware);
+    m_ui->runControlFrame->gateFeatures(firmware);
 }
 
 void MainControlForm::showValue(Value value, std::string_view text) {

@@ -6,6 +6,8 @@
 #include "panel/MotionCommands.h"
 #include "panel/OutputCommands.h"
 #include "panel/PanelSession.h"
+#include "programs/ProgramTransfer.h"
+#include "programs/RunControl.h"
 #include "widgets/Screen.h"
 
 namespace Ui {
@@ -27,6 +29,9 @@ class MainControlForm : public Screen, private PanelView {
     /// of the caller's handler; passes an end of the program on.
     void Form_Load(const Connection& connection);
 
+    /// Puts the cursor into the program box once the panel is shown.
+    void startInProgram() { m_startsInProgram = true; }
+
  protected:
     void showEvent(QShowEvent* event) override;
 
@@ -37,8 +42,13 @@ class MainControlForm : public Screen, private PanelView {
     void About_Click();
     void Help_Click();
     void Command2_Click();
+    void XThread_Click();
 
     void closeScreen() override { Command2_Click(); }
+    /// Lends the port to another screen and shows that until it is closed.
+    template <class Form>
+    void showOverPanel();
+
     void connectHandlers();
     void connectFrames();
     /// Connects a table's buttons, wherever they are on the screen.
@@ -65,7 +75,11 @@ class MainControlForm : public Screen, private PanelView {
     PanelSession m_session;
     MotionCommands m_motion;
     OutputCommands m_outputs;
+    ProgramActions m_programs;
+    ProgramTransfer m_transfer;
+    RunControl m_runControl;
     QTimer m_timer1{this};
+    bool m_startsInProgram = false;
 };
 
 }  // namespace zlt

@@ -2,6 +2,7 @@
 
 #include "ui_MotionFrame.h"
 #include "widgets/FieldFocus.h"
+#include "widgets/FirmwareHint.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -94,9 +95,7 @@ void MotionFrame::gateFeatures(FirmwareVersion firmware) {
          {m_ui->HLHOMEMINUS, m_ui->HLHOMEPLUS, m_ui->LHOMEMINUS, m_ui->LHOMEPLUS}) {
         button->setEnabled(has);
         if (!has)
-            button->setToolTip(tr("Needs firmware V%1 or later; the controller has V%2.")
-                                   .arg(firmwareWithSecondThread.number)
-                                   .arg(firmware.number));
+            button->setToolTip(needsFirmware(firmwareWithSecondThread, firmware));
     }
 }
 

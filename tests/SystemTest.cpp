@@ -48,13 +48,16 @@ class SystemTest : public ::testing::Test, public World {
 
     SimulatedBus simulator;
     ThreadWaits realWaits;
-    Services real{gate,
-                  realWaits,
-                  files,
-                  help,
-                  programEnd,
-                  [this](QObject* owner) {
-                      return std::make_unique<QtSerialPort>(directory, owner); }};
+    Services real{.gate = gate,
+                  .waits = realWaits,
+                  .files = files,
+                  .help = help,
+                  .programEnd = programEnd,
+                  .processes = tools,
+                  .ownFolder = {},
+                  .makePort = [this](QObject* owner) {
+                      return std::make_unique<QtSerialPort>(directory, owner);
+                  }};
 };
 
 TEST_F(SystemTest, PollsRecoversAndClosesOverARealPort) {

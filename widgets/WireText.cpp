@@ -10,15 +10,30 @@ QString shownText(std::string_view wire) {
     return QString::fromLatin1(wire.data(), static_cast<qsizetype>(wire.size()));
 }
 
-std::string wireText(const QString& shown) {
+namespace {
+
+/// `line` counts the lines from 1, or stays 0 where there is only one.
+std::string convert(const QString& shown, int line) {
     std::string wire;
     wire.reserve(static_cast<std::size_t>(shown.size()));
     for (const uint codePoint : shown.toUcs4()) {
         if (codePoint > 0xFF)
-            throw NotLatin1(codePoint);
+            throw NotLatin1(codePoint, line);
         wire += static_cast<char>(codePoint);
+        if (line > 0 && codePoint == '\n')
+            ++line;
     }
     return wire;
+}
+
+}  // namespace
+
+std::string wireText(const QString& shown) {
+    return convert(shown, 0);
+}
+
+std::string wireLines(const QString& shown) {
+    return convert(shown, 1);
 }
 
 QString fromUtf8(std::string_view text) {

@@ -9,9 +9,12 @@ namespace zlt {
 /// Text of the wire or of a file, one byte a character, as a widget shows it.
 QString shownText(std::string_view wire);
 
-/// A widget's text as it goes on the wire or into a file. Throws NotLatin1 naming the first
+/// A field's text as it goes on the wire or into a file. Throws NotLatin1 naming the first
 /// character that cannot.
 std::string wireText(const QString& shown);
+
+/// The same for a text of several lines, ended by CR LF; the line is named too.
+std::string wireLines(const QString& shown);
 
 /// UTF-8 text, as messages and the system's own words are, for a widget.
 QString fromUtf8(std::string_view text);

@@ -16,6 +16,17 @@ class RecordingHelp : public HelpViewer {
     std::string opened;
 };
 
+/// Runs no program but what the test says it would have done.
+class ScriptedTools : public Processes {
+ public:
+    ProcessEnd runAndWait(const std::filesystem::path& program) override {
+        started.push_back(program.filename().string());
+        return run ? run(program.filename().string()) : ProcessEnd{};
+    }
+    std::function<ProcessEnd(const std::string& tool)> run;
+    std::vector<std::string> started;
+};
+
 /// Everything a screen needs, with a scripted bus behind every port and an empty folder of
 /// its own as the current directory.
 struct World {
@@ -29,9 +40,16 @@ struct World {
     QtFiles files;
     RecordingHelp help;
     ProgramEnd programEnd;
+    ScriptedTools tools;
     PortDirectory directory{portListFileName};
-    Services services{gate, waits,      files,
-                      help, programEnd, [this](QObject*) { return bus.makePort(); }};
+    Services services{.gate = gate,
+                      .waits = waits,
+                      .files = files,
+                      .help = help,
+                      .programEnd = programEnd,
+                      .processes = tools,
+                      .ownFolder = folder.path().toStdString(),
+                      .makePort = [this](QObject*) { return bus.makePort(); }};
 
     /// The reply table of a controller with this firmware, at rest.
     void answerAsController(const std::string& version = "V322");

@@ -1,0 +1,90 @@
+#include "programs/ProgramActions.h"
+
+#include <filesystem>
+
+#include "programs/ProgramText.h"
+
+namespace zlt {
+namespace {
+
+const FileChoice openChoice{"Open ZLT-R-NX Program", "ZLT-R-NX Program Files (*.prg)|*.prg",
+                            "*.prg"};
+const FileChoice saveChoice{"Save ZLT-R-NX Program As", "ZLT-R-NX Program Files (*.prg)|*.prg", ""};
+
+/// Programs are a few kilobytes; a file beyond this is none.
+constexpr std::size_t longestProgram = 16 * 1024 * 1024;
+
+bool isFile(const std::string& name) {
+    std::error_code unknown;
+    return std::filesystem::exists(name, unknown) && !std::filesystem::is_directory(name, unknown);
+}
+
+}  // namespace
+
+bool saveAsLines(const Services& services, const FileChoice& choice,
+                 const std::function<std::string()>& text) {
+    const auto name = services.gate.chooseToSave(choice);
+    if (!name)
+        return false;
+    if (name->empty()) {
+        services.gate.message("No Program Name!");
+        return false;
+    }
+    if (name->find('*') != std::string::npos)
+        return false;
+    // An empty text leaves an empty file and says nothing.
+    const auto lines = WriteTextAsLines(text());
+    if (services.files.writeWhole(*name, lines.value_or("")) || !lines)
+        return false;
+    services.gate.message("Save Done!");
+    return true;
+}
+
+void ProgramActions::NewProg_Click() {
+    m_view.setProgram("");
+    m_view.markSaved();
+}
+
+void ProgramActions::OpenProg_Click() {
+    const PollPause pause(m_link);
+    const auto name = m_services.gate.chooseToOpen(openChoice);
+    if (!name || name->empty() || name->find('*') != std::string::npos)
+        return;
+    if (!isFile(*name)) {
+        m_services.gate.message("File " + *name + " does not exist!");
+        return;
+    }
+    if (const auto file = m_services.files.read(*name, longestProgram)) {
+        m_view.setProgram(textOfLines(*file));
+        m_view.markSaved();
+    }
+}
+
+void ProgramActions::SaveProg_Click() {
+    const PollPause pause(m_link);
+    if (saveAsLines(m_services, saveChoice, [this] { return m_view.program(); }))
+        m_view.markSaved();
+}
+
+void ProgramActions::CompileAll_Click() {
+    if (m_view.programEmpty()) {
+        m_services.gate.message("Nothing to compile!");
+        return;
+    }
+    m_tools.write(toolfiles::program, WriteTextAsLines(m_view.program()).value_or(""));
+    m_tools.writeSetup(toolfiles::compilerSetup,
+                       {{"MOD", "ZLT-R-NX-42"}, {"OPE", "COMPILE"}, {"FIL", "Program.prg"}});
+    m_tools.RunToolAndWait(compiler, toolfiles::compiled);
+    if (m_tools.CheckToolResult(toolfiles::compiled))
+        m_view.showCompiledLines("Lines: " + withSignBlank(m_tools.CountCompiledLines()));
+    else
+        m_view.SelectEditorLine(m_tools.ReadCompileErrorLine());
+}
+
+void ProgramActions::ViewCompiled_Click() {
+    const PollPause pause(m_link);
+    if (const auto listing = m_tools.read(toolfiles::compiled))
+        m_view.showListing(textOfLines(*listing));
+}
+
+}  // namespace zlt

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "link/PanelLink.h"
+#include "programs/ToolRunner.h"
+
+namespace zlt {
+
+/// The program box and what belongs to it, as the rules see them.
+class ProgramView {
+ public:
+    virtual ~ProgramView() = default;
+
+    /// The program as Latin-1, CR LF between lines. Throws NotLatin1 naming a character that
+    /// no file can hold, and its line.
+    virtual std::string program() const = 0;
+    virtual bool programEmpty() const = 0;
+    /// Replaces the program; undo brings the one before back.
+    virtual void setProgram(std::string_view text) = 0;
+    /// What stands in the box now is what stands in a file.
+    virtual void markSaved() = 0;
+    /// Selects the given program line, from 1, puts the focus there and scrolls it into view.
+    /// Nothing is selected for a line that the program does not have.
+    virtual void SelectEditorLine(int line) = 0;
+    virtual void showCompiledLines(std::string_view caption) = 0;
+    /// Shows the compiler's listing until the operator closes it.
+    virtual void showListing(std::string_view listing) = 0;
+};
+
+/// Asks for a name and saves `text` under it as lines. The common rule of every program save;
+/// true when the file stands and "Save Done!" was shown. Throws NotLatin1 from `text` before
+/// anything is written.
+bool saveAsLines(const Services& services, const FileChoice& choice,
+                 const std::function<std::string()>& text);
+
+/// New, open, save and compile, and the view of the listing.
+class ProgramActions {
+ public:
+    ProgramActions(const Services& services, PanelLink& link, ProgramView& view)
+        : m_services(services), m_link(link), m_view(view), m_tools(services) {}
+
+    void NewProg_Click();
+    void OpenProg_Click();
+    void SaveProg_Click();
+    void CompileAll_Click();
+    void ViewCompiled_Click();
+
+ private:
+    const Services& m_services;
+    PanelLink& m_link;
+    ProgramView& m_view;
+    ToolRunner m_tools;
+};
+
+}  // namespace zlt

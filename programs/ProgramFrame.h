@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QGroupBox>
+#include <memory>
+
+#include "programs/ProgramActions.h"
+#include "programs/ProgramTransfer.h"
+#include "widgets/Handlers.h"
+
+namespace Ui {
+class ProgramFrame;
+}
+
+namespace zlt {
+
+/// The program box with its files, its compiler and its way to the controller and back.
+class ProgramFrame : public QGroupBox, public ProgramView {
+    Q_OBJECT
+
+ public:
+    explicit ProgramFrame(QWidget* parent = nullptr);
+    ~ProgramFrame() override;
+
+    /// Connects the buttons to the rules. `services` and the rest outlive the frame.
+    void connectTo(Handlers& handlers, const Services& services, ProgramActions& actions,
+                   ProgramTransfer& transfer);
+    /// Puts the cursor into the program box.
+    void focusProgram();
+
+    std::string program() const override;
+    bool programEmpty() const override;
+    void setProgram(std::string_view text) override;
+    void markSaved() override;
+    void SelectEditorLine(int line) override;
+    void showCompiledLines(std::string_view caption) override;
+    void showListing(std::string_view listing) override;
+
+ private:
+    const Services* m_services = nullptr;
+    std::unique_ptr<Ui::ProgramFrame> m_ui;
+};
+
+}  // namespace zlt

@@ -1,0 +1,90 @@
+#include "programs/ProgramTransfer.h"
+
+#include <array>
+#include <chrono>
+
+#include "link/Framing.h"
+#include "platform/NumberConversion.h"
+#include "programs/ProgramText.h"
+
+namespace zlt {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The line and the adapter come to rest around the hand-over to the downloader.
+constexpr auto handOverWait = 100ms;
+
+/// The baud rate behind a "DB" reply; empty for a code that stands for none.
+std::string baudTextOf(std::string_view reply) {
+    constexpr std::array<const char*, 5> rates{"9600", "19200", "38400", "57600", "115200"};
+    const auto code = parseInteger(reply);
+    if (!code || *code < 1 || *code > static_cast<int>(rates.size()))
+        return {};
+    return rates[static_cast<std::size_t>(*code - 1)];
+}
+
+}  // namespace
+
+ProgramTransfer::Target ProgramTransfer::askTarget() {
+    const std::string name = m_link.SendReceive("DN");
+    const std::string code = m_link.SendReceive("DB");
+    const std::size_t prefix = deviceNamePrefix.size();
+    return {name.size() > prefix ? name.substr(prefix, 2) : std::string(), baudTextOf(code)};
+}
+
+void ProgramTransfer::writeSetup(const Target& target, const char* operation, const char* lines) {
+    m_tools.writeSetup(toolfiles::downloaderSetup,
+                       {{"LIN", lines},
+                        {"COM", "SERIAL"},
+                        {"POR", withSignBlank(m_link.connection.port.value)},
+                        {"BAU", target.baudText},
+                        {"DEV", target.deviceNumber},
+                        {"OPE", operation},
+                        {"FIL", "CompileOut.txt"},
+                        {"MOD", "ZLT-R-NX-42"}});
+}
+
+void ProgramTransfer::sendToController(const char* operation) {
+    if (!m_link.CommOK()) {
+        m_services.gate.message("Communication not open!");
+        return;
+    }
+    m_link.SendReceive("SR0=0");
+    m_link.SendReceive("SR1=0");
+    const Target target = askTarget();
+    if (!m_link.CommOK())
+        return;
+    m_link.lendPort(
+        [&] {
+            writeSetup(target, operation, " 510");
+            m_tools.RunToolAndWait(downloader, toolfiles::downloaded);
+            m_tools.CheckToolResult(toolfiles::downloaded);
+            reinitialise = 1;
+        },
+        handOverWait);
+}
+
+void ProgramTransfer::UploadSAP_Click() {
+    if (!m_link.CommOK())
+        return;
+    const Target target = askTarget();
+    m_link.lendPort(
+        [&] {
+            writeSetup(target, "UPLOAD", "510");
+            // An image of an earlier upload must not be taken for this controller's program.
+            m_tools.runUnchecked(downloader, toolfiles::uploaded);
+            readProgramBack();
+        },
+        handOverWait);
+}
+
+void ProgramTransfer::readProgramBack() {
+    m_tools.writeSetup(toolfiles::compilerSetup,
+                       {{"MOD", "ZLT-R-NX-42"}, {"OPE", "DECOMPILE"}, {"FIL", "UploadOut.txt"}});
+    m_tools.RunToolAndWait(compiler, toolfiles::decompiled);
+    m_view.setProgram(textOfLines(m_tools.read(toolfiles::decompiled).value_or("")));
+    m_tools.CheckToolResult(toolfiles::decompiled);
+}
+
+}  // namespace zlt

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "link/PanelLink.h"
+#include "programs/ProgramActions.h"
+
+namespace zlt {
+
+/// Download, upload and clear through the external downloader, which opens the port itself.
+class ProgramTransfer {
+ public:
+    ProgramTransfer(const Services& services, PanelLink& link, ProgramView& view)
+        : m_services(services), m_link(link), m_view(view), m_tools(services) {}
+
+    void DownloadSAP_Click() { sendToController("DOWNLOAD"); }
+    void clearSpace_Click() { sendToController("CLEAR"); }
+    void UploadSAP_Click();
+
+    /// Set at the start and by each download and clear: the controller's program is not the
+    /// one that was there before.
+    int reinitialise = 1;
+
+ private:
+    /// The controller's device number and baud rate, as it reports them itself.
+    struct Target {
+        std::string deviceNumber;
+        std::string baudText;
+    };
+    Target askTarget();
+    void sendToController(const char* operation);
+    void writeSetup(const Target& target, const char* operation, const char* lines);
+    void readProgramBack();
+
+    const Services& m_services;
+    PanelLink& m_link;
+    ProgramView& m_view;
+    ToolRunner m_tools;
+};
+
+}  // namespace zlt

@@ -1,0 +1,64 @@
+#include "programs/RunControlFrame.h"
+
+#include <QKeyEvent>
+
+#include "ui_RunControlFrame.h"
+#include "widgets/FirmwareHint.h"
+
+namespace zlt {
+
+RunControlFrame::RunControlFrame(QWidget* parent)
+    : QGroupBox(parent), m_ui(std::make_unique<Ui::RunControlFrame>()) {
+    m_ui->setupUi(this);
+    for (QRadioButton* option : {m_ui->RunOnBootOn, m_ui->RunOnBootOff})
+        option->installEventFilter(this);
+}
+
+RunControlFrame::~RunControlFrame() = default;
+
+void RunControlFrame::connectTo(Handlers& handlers, RunControl& control,
+                                std::function<void()> openThreads) {
+    handlers.onClick(*m_ui->XThread, [openThreads](bool) { openThreads(); });
+    handlers.onClick(*m_ui->RunProg, [&](bool) { control.RunProg_Click(); });
+    handlers.onClick(*m_ui->StopProg, [&](bool) { control.StopProg_Click(); });
+    handlers.onClick(*m_ui->PauseProg, [&](bool) { control.PauseProg_Click(); });
+    handlers.onClick(*m_ui->ContProg, [&](bool) { control.ContProg_Click(); });
+    handlers.onClick(*m_ui->RunOnBootOn, [&](bool) { runOnBoot_Click(control, true); });
+    handlers.onClick(*m_ui->RunOnBootOff, [&](bool) { runOnBoot_Click(control, false); });
+}
+
+void RunControlFrame::runOnBoot_Click(RunControl& control, bool on) {
+    showRunOnBoot(m_runOnBoot);  // the click's own mark says nothing yet
+    m_runOnBoot = control.setRunOnBoot(on);
+    showRunOnBoot(m_runOnBoot);
+}
+
+void RunControlFrame::showRunOnBoot(std::optional<bool> on) {
+    m_ui->RunOnBootOn->setChecked(on == true);
+    m_ui->RunOnBootOff->setChecked(on == false);
+}
+
+bool RunControlFrame::eventFilter(QObject* watched, QEvent* event) {
+    // In this pair a selection sends, so an arrow key that only passes by must not select.
+    if (event->type() == QEvent::KeyPress) {
+        switch (static_cast<QKeyEvent*>(event)->key()) {
+            case Qt::Key_Up:
+            case Qt::Key_Down:
+            case Qt::Key_Left:
+            case Qt::Key_Right:
+                return true;
+            default:
+                break;
+        }
+    }
+    return QGroupBox::eventFilter(watched, event);
+}
+
+void RunControlFrame::gateFeatures(FirmwareVersion firmware) {
+    const bool has = firmware >= firmwareWithSecondThread;
+    m_ui->XThread->setEnabled(has);
+    if (!has)
+        m_ui->XThread->setToolTip(needsFirmware(firmwareWithSecondThread, firmware));
+}
+
+}  // namespace zlt

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QGroupBox>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "link/Values.h"
+#include "programs/RunControl.h"
+#include "widgets/Handlers.h"
+
+namespace Ui {
+class RunControlFrame;
+}
+
+namespace zlt {
+
+/// The run controls of the main screen.
+class RunControlFrame : public QGroupBox {
+    Q_OBJECT
+
+ public:
+    explicit RunControlFrame(QWidget* parent = nullptr);
+    ~RunControlFrame() override;
+
+    /// Connects the buttons to the rules; `openThreads` opens the second-thread screen.
+    void connectTo(Handlers& handlers, RunControl& control, std::function<void()> openThreads);
+    /// Enables the second-thread screen's button where the firmware has a second thread.
+    void gateFeatures(FirmwareVersion firmware);
+
+ protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+    void runOnBoot_Click(RunControl& control, bool on);
+    void showRunOnBoot(std::optional<bool> on);
+
+    std::unique_ptr<Ui::RunControlFrame> m_ui;
+    std::optional<bool> m_runOnBoot;  ///< nothing until the controller has said
+};
+
+}  // namespace zlt

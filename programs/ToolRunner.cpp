@@ -1,0 +1,132 @@
+#include "programs/ToolRunner.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "platform/Latin1.h"
+#include "platform/Lines.h"
+#include "platform/NumberConversion.h"
+
+namespace zlt {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// No program of the controller's comes near this; a tool that ran wild might.
+constexpr std::size_t longestFile = 16 * 1024 * 1024;
+
+/// The file's own name, behind the last backslash.
+std::string nameOf(std::string_view file) {
+    return std::string(file.substr(file.find_last_of('\\') + 1));
+}
+
+}  // namespace
+
+fs::path ToolRunner::pathOf(std::string_view file) const {
+    std::string below(file.substr(1));
+    std::replace(below.begin(), below.end(), '\\', '/');
+    return m_services.ownFolder / below;
+}
+
+std::optional<std::string> ToolRunner::read(std::string_view file) const {
+    return m_services.files.read(pathOf(file), longestFile);
+}
+
+void ToolRunner::write(std::string_view file, std::string_view bytes) {
+    const fs::path path = pathOf(file);
+    std::error_code unknown;
+    if (!fs::is_directory(path.parent_path(), unknown))
+        throw ToolError("The folder of the external tools is missing: " +
+                        path.parent_path().string());
+    if (const auto reason = m_services.files.writeWhole(path, bytes))
+        throw ToolError("The file " + nameOf(file) + " cannot be written into the folder " +
+                        path.parent_path().string() + ": " + *reason);
+}
+
+void ToolRunner::writeSetup(std::string_view file, const std::vector<SetupEntry>& entries) {
+    std::string text;
+    for (const SetupEntry& entry : entries)
+        text += std::string(entry.key) + ":" + entry.value + "\r\n";
+    write(file, text);
+}
+
+void ToolRunner::removeLeftOver(std::string_view file) {
+    std::error_code failure;
+    fs::remove(pathOf(file), failure);
+    if (failure)
+        throw ToolError("The file " + nameOf(file) +
+                        " of an earlier run cannot be removed: " + failure.message());
+}
+
+void ToolRunner::start(const Tool& tool, bool& crashed) {
+    const fs::path path = pathOf(tool.path);
+    const ProcessEnd end = m_services.processes.runAndWait(path);
+    crashed = end.kind == ProcessEnd::Kind::crashed;
+    if (end.kind != ProcessEnd::Kind::notStarted)
+        return;
+    std::error_code unknown;
+    if (!fs::exists(path, unknown))
+        throw ToolError("The tool " + nameOf(tool.path) + " is missing from the folder " +
+                        path.parent_path().string() + ".");
+    throw ToolError("The tool " + nameOf(tool.path) + " in the folder " +
+                    path.parent_path().string() + " cannot be started: " + end.reason);
+}
+
+void ToolRunner::RunToolAndWait(const Tool& tool, std::string_view result) {
+    // With the old result gone, whatever is there afterwards is this run's.
+    const auto leftOver = read(result);
+    removeLeftOver(result);
+    bool crashed = false;
+    try {
+        start(tool, crashed);
+    } catch (const ToolError&) {
+        if (leftOver)
+            write(result, *leftOver);
+        throw;
+    }
+    if (!read(result))
+        throw ToolError("The tool " + nameOf(tool.path) +
+                        (crashed ? " ended by a fault before it wrote its result, the file "
+                                 : " ended without writing its result, the file ") +
+                        nameOf(result) + ".");
+}
+
+void ToolRunner::runUnchecked(const Tool& tool, std::string_view leftOver) {
+    removeLeftOver(leftOver);
+    bool crashed = false;
+    start(tool, crashed);
+}
+
+bool ToolRunner::CheckToolResult(std::string_view result) {
+    const auto lines = splitLines(read(result).value_or(""));
+    const std::string status = lines.empty() ? "" : lines.front();
+    const bool failed =
+        status.find("FAILED") != std::string::npos || status.find("Failed") != std::string::npos;
+    if (!failed) {
+        m_services.gate.message("Done!");
+        return true;
+    }
+    std::string text;
+    for (const std::string& line : lines)
+        text += line + "\r\n";
+    m_services.gate.message(utf8FromLatin1(text));
+    return false;
+}
+
+int ToolRunner::CountCompiledLines() const {
+    return static_cast<int>(splitLines(read(toolfiles::compiled).value_or("")).size()) - 1;
+}
+
+int ToolRunner::ReadCompileErrorLine() const {
+    constexpr std::size_t numberFrom = 6;  // counted from 0: the 7th character
+    std::string named;
+    for (const std::string& line : splitLines(read(toolfiles::compiled).value_or("")))
+        if (line.find("Line") != std::string::npos)
+            named = line.size() > numberFrom ? line.substr(numberFrom) : std::string();
+    const auto number = parseInteger(named);
+    if (!number || *number < INT16_MIN || *number > INT16_MAX)
+        throw ToolError("The compiler's result names no program line that it stumbled over.");
+    return *number;
+}
+
+}  // namespace zlt

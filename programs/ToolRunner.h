@@ -1,0 +1,84 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "link/Services.h"
+
+namespace zlt {
+
+/// An external tool, or its folder, that did not do its part. what() is a sentence for the
+/// operator, UTF-8.
+class ToolError : public std::runtime_error {
+ public:
+    using std::runtime_error::runtime_error;
+};
+
+/// An external command-line tool: its path below the panel's own folder.
+struct Tool {
+    std::string_view path;
+};
+inline constexpr Tool compiler{R"(\EXE\SA_Compile_Decompile)"};
+inline constexpr Tool downloader{R"(\EXE\SA_Download_Upload)"};
+
+/// The files that are exchanged with the tools, below the panel's own folder.
+namespace toolfiles {
+inline constexpr std::string_view program = R"(\EXE\Program.prg)";
+inline constexpr std::string_view compilerSetup = R"(\EXE\sa_compile_decompile_setup.txt)";
+inline constexpr std::string_view compiled = R"(\EXE\CompileOut.txt)";
+inline constexpr std::string_view decompiled = R"(\EXE\DecompileOut.prg)";
+inline constexpr std::string_view downloaderSetup = R"(\EXE\sa_download_upload_setup.txt)";
+inline constexpr std::string_view downloaded = R"(\EXE\DownloadOut.txt)";
+inline constexpr std::string_view uploaded = R"(\EXE\UploadOut.txt)";
+}  // namespace toolfiles
+
+/// One entry of a setup file: a three-letter key and its value (Latin-1).
+struct SetupEntry {
+    std::string_view key;
+    std::string value;
+};
+
+/// Runs the external tools, which are driven through files alone.
+class ToolRunner {
+ public:
+    explicit ToolRunner(const Services& services) : m_services(services) {}
+
+    /// Writes one of the files a tool reads. Throws ToolError when the folder is missing or
+    /// cannot be written.
+    void write(std::string_view file, std::string_view bytes);
+    void writeSetup(std::string_view file, const std::vector<SetupEntry>& entries);
+
+    /// Starts a tool and waits for it to end. A result left from an earlier run is out of the
+    /// way before; it is put back where the tool did not even start. Throws ToolError when
+    /// the tool is missing, does not start, or leaves no `result`.
+    void RunToolAndWait(const Tool& tool, std::string_view result);
+    /// The same for a run whose result is not looked at; `leftOver` is removed before it.
+    void runUnchecked(const Tool& tool, std::string_view leftOver);
+
+    /// Judges a result file by its first line and shows the one message: "Done!", or the
+    /// whole file when that line holds "FAILED" or "Failed". True for success.
+    bool CheckToolResult(std::string_view result);
+
+    /// The number of lines in the compiler's result less one, its status line.
+    int CountCompiledLines() const;
+
+    /// The program line that a failed compile names last, within 16 bits. Throws ToolError
+    /// when it names none.
+    int ReadCompileErrorLine() const;
+
+    /// A file below the panel's own folder; nothing when it cannot be read.
+    std::optional<std::string> read(std::string_view file) const;
+
+ private:
+    std::filesystem::path pathOf(std::string_view file) const;
+    void start(const Tool& tool, bool& crashed);
+    void removeLeftOver(std::string_view file);
+
+    const Services& m_services;
+};
+
+}  // namespace zlt

@@ -1,0 +1,91 @@
+#include "programs/XThreadForm.h"
+
+#include <chrono>
+
+#include "platform/NumberConversion.h"
+#include "programs/ProgramState.h"
+#include "ui_XThreadForm.h"
+
+namespace zlt {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto passInterval = 1ms;
+/// After a pass with a failure, whose messages keep the screen busy, the operator gets this
+/// long to press a button, Close above all.
+constexpr auto breathingSpace = 500ms;
+
+}  // namespace
+
+XThreadForm::XThreadForm(const Services& services, const LinkHandOver& handOver, QWidget* parent)
+    : Screen(services, parent),
+      m_ui(std::make_unique<Ui::XThreadForm>()),
+      m_link(services, flavours::secondThread, nullptr, this) {
+    m_link.connection = handOver.connection;
+    m_link.PortReady = handOver.PortReady;
+    m_link.setCommOK(handOver.CommOK);
+    m_ui->setupUi(this);
+    m_timer1.setObjectName(QStringLiteral("Timer1"));
+    m_timer1.setInterval(passInterval);
+    teachManners();
+    connectHandlers();
+}
+
+XThreadForm::~XThreadForm() = default;
+
+void XThreadForm::connectHandlers() {
+    handlers.onClick(*m_ui->RunProg, [this](bool) { sendToThread('1'); });
+    handlers.onClick(*m_ui->StopProg, [this](bool) {
+        sendToThread('0');
+        stopMotion();
+    });
+    handlers.onClick(*m_ui->PauseProg, [this](bool) {
+        sendToThread('2');
+        stopMotion();
+    });
+    handlers.onClick(*m_ui->ContProg, [this](bool) { sendToThread('3'); });
+    handlers.connect(m_ui->Command1, &QPushButton::clicked, this, &XThreadForm::Command1_Click);
+    handlers.connect(&m_timer1, &QTimer::timeout, this, &XThreadForm::Timer1_Timer);
+}
+
+void XThreadForm::Form_Load() {
+    handlers.runWithinCaller([this] {
+        const BusyCursor busy;
+        if (m_link.PortReady)
+            m_link.openPort();  // one that does not open is reported by the first exchange
+        m_ui->ProgSel0->setChecked(true);
+        m_timer1.start();
+    });
+}
+
+void XThreadForm::sendToThread(char runCommand) {
+    const char thread = m_ui->ProgSel1->isChecked() ? '1' : '0';
+    m_link.SendReceive(std::string("SR") + thread + "=" + runCommand);
+}
+
+void XThreadForm::Timer1_Timer() {
+    m_link.setCommOK(true);
+    m_ui->ProgIndex0->showReply(m_link.SendReceive("SPC0"));
+    m_ui->ProgIndex1->showReply(m_link.SendReceive("SPC1"));
+    showState("SASTAT0", *m_ui->ProgStatus0);
+    showState("SASTAT1", *m_ui->ProgStatus1);
+    if (m_link.lossReported())
+        m_timer1.stop();
+    else
+        m_timer1.setInterval(m_link.CommOK() ? passInterval : breathingSpace);
+}
+
+void XThreadForm::showState(const char* query, ReadOut& state) {
+    const auto code = parseInteger(m_link.SendReceive(query));
+    if (const auto text = code ? programStateText(*code) : std::nullopt)
+        state.showReply(*text);
+}
+
+void XThreadForm::Command1_Click() {
+    m_timer1.stop();
+    m_link.closePort();
+    done(Accepted);
+}
+
+}  // namespace zlt

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QTimer>
+#include <memory>
+#include <string>
+
+#include "link/PanelLink.h"
+#include "widgets/Screen.h"
+
+namespace Ui {
+class XThreadForm;
+}
+
+namespace zlt {
+
+class ReadOut;
+
+/// Controls and watches the controller's two program threads one by one, over its own port.
+class XThreadForm : public Screen {
+    Q_OBJECT
+
+ public:
+    XThreadForm(const Services& services, const LinkHandOver& handOver, QWidget* parent);
+    ~XThreadForm() override;
+
+    /// Opens the port, before the screen is shown.
+    void Form_Load();
+
+ private:
+    void Timer1_Timer();
+    void Command1_Click();
+    void closeScreen() override { Command1_Click(); }
+    void connectHandlers();
+
+    /// Sends a run command (0 stop, 1 run, 2 pause, 3 continue) to the selected thread.
+    void sendToThread(char runCommand);
+    void stopMotion() { m_link.SendReceive("ABORT"); }
+    /// Asks for a thread's state and shows its words, where the code has any.
+    void showState(const char* query, ReadOut& state);
+
+    std::unique_ptr<Ui::XThreadForm> m_ui;
+    ScreenLink m_link;
+    QTimer m_timer1{this};
+};
+
+}  // namespace zlt
