@@ -1,0 +1,184 @@
+#include "parameters/ParameterTable.h"
+
+#include "link/Framing.h"
+#include "platform/NumberConversion.h"
+
+namespace zlt {
+namespace {
+
+using F = ParameterField;
+
+constexpr FirmwareVersion any{};
+constexpr FirmwareVersion withLimitDisable = firmwareWithLimitDisable;
+constexpr FirmwareVersion withHome = firmwareWithHomeParameters;
+
+// In the order of ParameterField. Old firmware is written to all the same, but for "DL".
+constexpr std::array<FieldRow, parameterFieldCount> fieldTable{{
+    {"DeviceIDCombo", nullptr, any, any},
+    {"RunCurrentSelect", nullptr, any, any},
+    {"IdleCurrentSelect", nullptr, any, any},
+    {"Microstep", nullptr, any, any},
+    {"DirPol1", "DirPol2", any, any},
+    {"LimPol1", "LimPol2", any, any},
+    {"HomePol1", "HomePol2", any, any},
+    {"dopol1", "dopol2", any, any},
+    {"sapol1", "sapol2", any, any},
+    {"DisableLimit", nullptr, withLimitDisable, withLimitDisable},
+    {"Autostart", nullptr, any, any},
+    {"Autostart1", nullptr, withHome, any},
+    {"LCA", nullptr, withHome, any},
+    {"HCA", nullptr, withHome, any},
+    {"DOBOOT", nullptr, withHome, any},
+    {"baudCombo", nullptr, any, any},
+    {"RT", nullptr, any, any},
+}};
+
+constexpr std::array parameterTable{
+    ParameterRow{"DN", Encoding::deviceName, {F::deviceId}},
+    ParameterRow{"CURR", Encoding::text, {F::runCurrent}},
+    ParameterRow{"CURI", Encoding::text, {F::idleCurrent}},
+    ParameterRow{"MS", Encoding::text, {F::microstep}},
+    ParameterRow{"POL", Encoding::bits, {F::directionPolarity, 5}},
+    ParameterRow{"DL", Encoding::nonZero, {F::limitDisable}},
+    ParameterRow{"SLOAD", Encoding::bits, {F::autoRun0, 2}},
+    ParameterRow{"LCA", Encoding::text, {F::lca}},
+    ParameterRow{"HCA", Encoding::text, {F::hca}},
+    ParameterRow{"DOBOOT", Encoding::text, {F::outputsAtBoot}},
+    ParameterRow{"DB", Encoding::baudCode, {F::baudRate}},
+    ParameterRow{"RT", Encoding::one, {F::nameInReplies}},
+};
+
+/// A command that is not in the table does not compile.
+consteval TransferStep step(std::string_view command, LinkCheck check = LinkCheck::none) {
+    for (const ParameterRow& row : parameterTable)
+        if (row.command == command)
+            return {&row, check};
+    throw "no such parameter";
+}
+
+constexpr std::array uploadTable{
+    step("DN", LinkCheck::afterwards),
+    step("CURR", LinkCheck::afterwards),
+    step("CURI", LinkCheck::afterwards),
+    step("MS", LinkCheck::afterwards),
+    step("POL", LinkCheck::afterwards),
+    step("DL"),
+    step("LCA"),
+    step("HCA"),
+    step("DOBOOT"),
+    step("SLOAD"),
+    step("DB", LinkCheck::beforeShowing),
+    step("RT"),
+};
+
+constexpr std::array downTable{
+    step("CURR", LinkCheck::afterwards),
+    step("CURI", LinkCheck::afterwards),
+    step("MS", LinkCheck::afterwards),
+    step("POL", LinkCheck::afterwards),
+    step("DN", LinkCheck::afterwards),
+    step("DL"),
+    step("SLOAD"),
+    step("HCA"),
+    step("LCA"),
+    step("DOBOOT"),
+    step("DB", LinkCheck::afterwards),
+    step("RT"),
+};
+
+/// By code, from 1 up.
+constexpr std::array<std::int32_t, 5> baudRates{9600, 19200, 38400, 57600, 115200};
+
+const char* flag(bool set) {
+    return set ? "1" : "0";
+}
+
+FieldText baudRateOfCode(std::int32_t code) {
+    if (code >= 1 && code <= static_cast<std::int32_t>(baudRates.size()))
+        return {F::baudRate, std::to_string(baudRates[static_cast<std::size_t>(code - 1)])};
+    return {F::baudRate, "code " + std::to_string(code), false};
+}
+
+std::optional<std::string> codeOfBaudRate(std::string_view text) {
+    const auto rate = parseInteger(text);
+    for (std::size_t place = 0; place < baudRates.size(); ++place)
+        if (rate == baudRates[place])
+            return std::to_string(place + 1);
+    return std::nullopt;
+}
+
+std::string deviceIdOfName(std::string_view name) {
+    const std::size_t prefix = deviceNamePrefix.size();
+    return name.size() > prefix ? std::string(name.substr(prefix, 2)) : std::string();
+}
+
+}  // namespace
+
+const FieldRow& fieldRow(ParameterField field) {
+    return fieldTable[static_cast<std::size_t>(field)];
+}
+
+std::span<const TransferStep> uploadOrder() {
+    return uploadTable;
+}
+std::span<const TransferStep> downOrder() {
+    return downTable;
+}
+
+std::int32_t wordOf(const ParameterValues& values, FieldRange fields) {
+    std::int32_t word = 0;
+    for (std::size_t bit = 0; bit < fields.count; ++bit)
+        if (values[fields[bit]] == "1")
+            word |= 1 << bit;
+    return word;
+}
+
+std::vector<FieldText> fieldsOfWord(std::int32_t word, FieldRange fields) {
+    std::vector<FieldText> texts;
+    for (std::size_t bit = 0; bit < fields.count; ++bit)
+        texts.push_back({fields[bit], flag(static_cast<std::uint32_t>(word) >> bit & 1U)});
+    return texts;
+}
+
+std::vector<FieldText> fieldsOfReply(const ParameterRow& parameter, std::string_view reply) {
+    const ParameterField field = parameter.fields.first;
+    switch (parameter.encoding) {
+        case Encoding::text:
+            return {{field, std::string(reply)}};
+        case Encoding::deviceName:
+            return {{field, deviceIdOfName(reply)}};
+        default:
+            break;
+    }
+    const std::int32_t number = replyToInteger(parameter.command, reply);
+    switch (parameter.encoding) {
+        case Encoding::nonZero:
+            return {{field, flag(number != 0)}};
+        case Encoding::one:
+            return {{field, flag(number == 1)}};
+        case Encoding::baudCode:
+            return {baudRateOfCode(number)};
+        default:
+            return fieldsOfWord(number, parameter.fields);
+    }
+}
+
+std::optional<std::string> writeCommand(const ParameterRow& parameter,
+                                        const ParameterValues& values) {
+    const std::string name = std::string(parameter.command) + "=";
+    const std::string& text = values[parameter.fields.first];
+    switch (parameter.encoding) {
+        case Encoding::text:
+            return name + text;
+        case Encoding::deviceName:
+            return name + std::string(deviceNamePrefix) + text;
+        case Encoding::baudCode:
+            if (const auto code = codeOfBaudRate(text))
+                return name + *code;
+            return std::nullopt;
+        default:
+            return name + std::to_string(wordOf(values, parameter.fields));
+    }
+}
+
+}  // namespace zlt

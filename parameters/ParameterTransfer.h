@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "link/PanelLink.h"
+#include "parameters/ParameterView.h"
+
+namespace zlt {
+
+/// Moves the set between the screen and the controller, and stores it to flash. A failed
+/// exchange has shown its message and cleared the connected flag; nothing is sent after it.
+class ParameterTransfer {
+ public:
+    ParameterTransfer(const Services& services, const LinkHandOver& handOver, ParameterView& view);
+
+    /// Opens the port where the caller's was open. What fails here is told by the upload.
+    void openPort();
+    /// Closes the port, when it is still this screen's.
+    void closePort();
+
+    /// Reads the whole set into the screen. Throws ConversionError, the rest left as it was,
+    /// at a reply that should be a number and is none.
+    void upload();
+    /// Writes the whole set to the controller. Throws NotLatin1 before anything is sent.
+    void download();
+    void storeToFlash();
+
+    const DeviceCopy& deviceCopy() const { return m_copy; }
+    FirmwareVersion firmware() const { return m_firmware; }
+
+ private:
+    /// A change that is asked about first, and whose reply is judged.
+    struct Change;
+
+    bool ready();
+    void read(const TransferStep& step);
+    void disableUnread(FieldRange fields);
+    void write(const ParameterRow& parameter, const ParameterValues& values);
+    void writeDeviceId(const ParameterRow& parameter, const ParameterValues& values);
+    void writeBaudRate(const ParameterRow& parameter, const ParameterValues& values);
+    void carryOut(const Change& change, const ParameterRow& parameter,
+                  const ParameterValues& values);
+    bool send(std::string_view command, const ParameterRow& parameter,
+              const ParameterValues& values);
+    void note(const FieldText& word);
+
+    const Services& m_services;
+    ParameterView& m_view;
+    FirmwareVersion m_firmware;
+    ScreenLink m_link;
+    DeviceCopy m_copy;
+};
+
+}  // namespace zlt

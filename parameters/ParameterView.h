@@ -1,0 +1,28 @@
+#pragma once
+
+#include "parameters/DeviceCopy.h"
+#include "parameters/ParameterTable.h"
+
+namespace zlt {
+
+/// The screen that shows the set, as the rules see it.
+class ParameterView {
+ public:
+    virtual ~ParameterView() = default;
+
+    /// What all controls hold. Throws NotLatin1 for a text that no wire and no file can carry.
+    virtual ParameterValues values() const = 0;
+    virtual void showField(ParameterField field, const std::string& text) = 0;
+
+    /// Disables a control, its state as it is, because the firmware lacks the parameter.
+    virtual void disable(ParameterField field) = 0;
+
+    enum class Activity { reading, writing, storing };
+    /// A transfer begins that takes its time; the screen knows when it is over.
+    virtual void showActivity(Activity activity) = 0;
+
+    /// The controller has said something new: marks on what differs, and what is not stored.
+    virtual void showDeviceCopy(const DeviceCopy& copy) = 0;
+};
+
+}  // namespace zlt

@@ -1,0 +1,184 @@
+#include "parameters/SetupParameters.h"
+
+#include "ui_SetupParameters.h"
+#include "widgets/WireText.h"
+
+namespace zlt {
+namespace {
+
+/// While a transfer runs; the screen says meanwhile what it is at.
+class AtWork {
+ public:
+    explicit AtWork(QLabel& activity) : m_activity(activity) {}
+    ~AtWork() { m_activity.clear(); }
+    AtWork(const AtWork&) = delete;
+    AtWork& operator=(const AtWork&) = delete;
+
+ private:
+    QLabel& m_activity;
+    BusyCursor m_busy;
+};
+
+}  // namespace
+
+SetupParameters::SetupParameters(const Services& services, const LinkHandOver& handOver,
+                                 QWidget* parent)
+    : Screen(services, parent),
+      m_ui(std::make_unique<Ui::SetupParameters>()),
+      m_transfer(services, handOver, *this),
+      m_files(services, *this) {
+    m_ui->setupUi(this);
+    for (std::size_t place = 0; place < parameterFieldCount; ++place)
+        m_controls.emplace_back(*this, static_cast<ParameterField>(place));
+    teachManners();
+    connectHandlers();
+    showDeviceCopy(m_transfer.deviceCopy());
+}
+
+SetupParameters::~SetupParameters() = default;
+
+void SetupParameters::connectHandlers() {
+    handlers.connect(m_ui->UploadPar, &QPushButton::clicked, this,
+                     &SetupParameters::UploadPar_Click);
+    handlers.connect(m_ui->DownloadPar, &QPushButton::clicked, this,
+                     &SetupParameters::DownloadPar_Click);
+    handlers.connect(m_ui->SaveParameters, &QPushButton::clicked, this,
+                     &SetupParameters::SaveParameters_Click);
+    handlers.connect(m_ui->OpenParameters, &QPushButton::clicked, this,
+                     &SetupParameters::OpenParameters_Click);
+    handlers.connect(m_ui->SetSN, &QPushButton::clicked, this, &SetupParameters::SetSN_Click);
+    handlers.connect(m_ui->Close, &QPushButton::clicked, this, &SetupParameters::Close_Click);
+    // Marks only follow what stands on the screen, also while a transfer changes it.
+    for (ParameterControl& each : m_controls)
+        each.onChange([this] { compareAll(); });
+}
+
+void SetupParameters::Form_Load() {
+    handlers.runWithinCaller([this] {
+        m_transfer.openPort();
+        fillBoxes();
+        work(&ParameterTransfer::upload);
+    });
+}
+
+void SetupParameters::fillBoxes() {
+    addDeviceIds(*m_ui->DeviceIDCombo);
+    for (const char* baudRate : {"9600", "19200", "38400", "57600", "115200"})
+        m_ui->baudCombo->addItem(QLatin1String(baudRate));
+    for (int current = 100; current <= 1500; current += 100) {
+        m_ui->RunCurrentSelect->addItem(QString::number(current));
+        m_ui->IdleCurrentSelect->addItem(QString::number(current));
+    }
+    for (const char* steps : {"1", "2", "4", "16"})  // deliberately no 8
+        m_ui->Microstep->addItem(QLatin1String(steps));
+    showField(ParameterField::deviceId, "01");
+    showField(ParameterField::baudRate, "9600");
+    // The lists' first entries are nobody's word.
+    showField(ParameterField::runCurrent, "");
+    showField(ParameterField::idleCurrent, "");
+    showField(ParameterField::microstep, "");
+}
+
+void SetupParameters::work(void (ParameterTransfer::*transfer)()) {
+    const AtWork atWork(*m_ui->activity);
+    (m_transfer.*transfer)();
+}
+
+void SetupParameters::UploadPar_Click() {
+    work(&ParameterTransfer::upload);
+}
+
+void SetupParameters::DownloadPar_Click() {
+    work(&ParameterTransfer::download);
+}
+
+void SetupParameters::SetSN_Click() {
+    work(&ParameterTransfer::storeToFlash);
+}
+
+void SetupParameters::SaveParameters_Click() {
+    m_files.save();
+}
+
+void SetupParameters::OpenParameters_Click() {
+    m_files.open();
+}
+
+void SetupParameters::Close_Click() {
+    m_transfer.closePort();
+    done(Accepted);
+}
+
+// The rules' view of the screen
+
+ParameterControl& SetupParameters::control(ParameterField field) {
+    return m_controls[static_cast<std::size_t>(field)];
+}
+
+ParameterValues SetupParameters::values() const {
+    ParameterValues values;
+    for (std::size_t place = 0; place < parameterFieldCount; ++place)
+        values[static_cast<ParameterField>(place)] = wireText(m_controls[place].text());
+    return values;
+}
+
+void SetupParameters::showField(ParameterField field, const std::string& text) {
+    control(field).show(text);
+    compareAll();  // a box that is shown a text does not report it
+}
+
+void SetupParameters::disable(ParameterField field) {
+    QString reason = tr("Needs firmware V%1 or later; the controller has V%2.")
+                         .arg(fieldRow(field).readFrom.number)
+                         .arg(m_transfer.firmware().number);
+    if (m_transfer.firmware() >= fieldRow(field).writtenFrom)
+        reason += tr("  Down writes it all the same.");
+    control(field).disable(reason);
+}
+
+void SetupParameters::showActivity(Activity activity) {
+    const auto text = [activity] {
+        switch (activity) {
+            case Activity::reading:
+                return tr("Reading from the controller...");
+            case Activity::writing:
+                return tr("Writing to the controller...");
+            case Activity::storing:
+                break;
+        }
+        return tr("Storing to flash...");
+    };
+    m_ui->activity->setText(text());
+    m_ui->activity->repaint();  // nothing is drawn while an exchange blocks
+}
+
+void SetupParameters::showDeviceCopy(const DeviceCopy& copy) {
+    m_ui->storeNote->setText(
+        copy.unstored ? tr("Written values are not stored to flash yet: the next power-up brings "
+                           "back the old ones.")
+                      : QString());
+    compareAll();
+}
+
+void SetupParameters::compareAll() {
+    int differing = 0;
+    int unread = 0;
+    for (std::size_t place = 0; place < parameterFieldCount; ++place) {
+        const auto field = static_cast<ParameterField>(place);
+        if (m_transfer.firmware() < fieldRow(field).writtenFrom)
+            continue;
+        const auto state = m_controls[place].compare(m_transfer.deviceCopy().word(field));
+        differing += state == ChangeMark::State::differs;
+        unread += state == ChangeMark::State::unread;
+    }
+    QStringList counts;
+    if (differing > 0)
+        counts << (differing == 1 ? tr("1 value not written yet")
+                                  : tr("%1 values not written yet").arg(differing));
+    if (unread > 0)
+        counts << tr("%1 not read").arg(unread);
+    m_ui->pendingCount->setText(counts.isEmpty() ? tr("Nothing to write")
+                                                 : counts.join(QStringLiteral(", ")));
+}
+
+}  // namespace zlt
