@@ -58,14 +58,17 @@ QString ParameterControl::text() const {
 }
 
 void ParameterControl::show(const std::string& text) {
-    if (m_box)
+    if (m_box) {
         m_box->showText(text);
-    else if (m_field)
+        m_box->lineEdit()->setCursorPosition(0);  // the front of a long value
+    } else if (m_field) {
         m_field->setText(shownText(text));
-    else if (m_clearButton && text != "1")
+        m_field->setCursorPosition(0);
+    } else if (m_clearButton && text != "1") {
         m_clearButton->setChecked(true);
-    else
+    } else {
         m_button->setChecked(text == "1");
+    }
 }
 
 void ParameterControl::disable(const QString& reason) {
