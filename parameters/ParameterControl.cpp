@@ -87,7 +87,10 @@ ChangeMark::State ParameterControl::compare(const std::optional<std::string>& wo
         reason = QObject::tr("Not written yet: the controller says %1.")
                      .arg(shownWord(*word, m_button != nullptr));
     }
-    m_mark->showState(state, reason);
+    // Marked as rich text, or a reply such as "<b>" would be taken for it.
+    m_mark->showState(state, reason.isEmpty()
+                                 ? reason
+                                 : QStringLiteral("<qt>%1</qt>").arg(reason.toHtmlEscaped()));
     widget().setAccessibleDescription(reason);
     return state;
 }

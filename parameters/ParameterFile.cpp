@@ -1,5 +1,6 @@
 #include "parameters/ParameterFile.h"
 
+#include "parameters/ParameterEncoding.h"
 #include "platform/Latin1.h"
 #include "platform/Lines.h"
 #include "platform/NumberConversion.h"

@@ -2,12 +2,9 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "link/Values.h"
 
@@ -107,18 +104,5 @@ struct TransferStep {
 /// The order in which the set is read. It is not the one in which it is written.
 std::span<const TransferStep> uploadOrder();
 std::span<const TransferStep> downOrder();
-
-/// The word whose bits the fields are; a field that is not "1" is a bit clear.
-std::int32_t wordOf(const ParameterValues& values, FieldRange fields);
-/// The fields by a word's bits; the bits above them are ignored.
-std::vector<FieldText> fieldsOfWord(std::int32_t word, FieldRange fields);
-
-/// What a reply makes of the parameter's fields. Throws ConversionError, naming command and
-/// reply, where a number is expected and the reply is none.
-std::vector<FieldText> fieldsOfReply(const ParameterRow& parameter, std::string_view reply);
-
-/// The command that writes the parameter. Nothing for a baud rate that has no code.
-std::optional<std::string> writeCommand(const ParameterRow& parameter,
-                                        const ParameterValues& values);
 
 }  // namespace zlt

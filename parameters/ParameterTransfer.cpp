@@ -1,5 +1,6 @@
 #include "parameters/ParameterTransfer.h"
 
+#include "parameters/ParameterEncoding.h"
 #include "platform/Latin1.h"
 #include "platform/NumberConversion.h"
 
