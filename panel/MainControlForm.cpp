@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "panel/AboutText.h"
+#include "parameters/SetupParameters.h"
 #include "programs/XThreadForm.h"
 #include "ui_LinkFrame.h"
 #include "ui_MainControlForm.h"
@@ -64,6 +65,7 @@ void MainControlForm::connectFrames() {
     });
     m_ui->outputsFrame->connectTo(handlers, m_outputs);
     m_ui->programFrame->connectTo(handlers, services(), m_programs, m_transfer);
+    handlers.connect(m_ui->Setup, &QPushButton::clicked, this, &MainControlForm::Setup_Click);
     m_ui->runControlFrame->connectTo(handlers, m_runControl, [this] { XThread_Click(); });
 }
 
@@ -120,11 +122,16 @@ void MainControlForm::Command2_Click() {
 
 template <class Form>
 void MainControlForm::showOverPanel() {
-    m_session.link.lendPort([this] {
-        Form form(services(), m_session.link.handOver(), this);
+    const LinkHandOver handOver = m_session.link.handOver();
+    m_session.link.lendPort([&] {
+        Form form(services(), handOver, this);
         form.Form_Load();
         form.showModal();
     });
+}
+
+void MainControlForm::Setup_Click() {
+    showOverPanel<SetupParameters>();
 }
 
 void MainControlForm::XThread_Click() {

@@ -42,6 +42,7 @@ class MainControlForm : public Screen, private PanelView {
     void About_Click();
     void Help_Click();
     void Command2_Click();
+    void Setup_Click();
     void XThread_Click();
 
     void closeScreen() override { Command2_Click(); }
