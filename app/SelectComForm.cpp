@@ -5,6 +5,7 @@
 #include <chrono>
 
 #include "app/PortNote.h"
+#include "link/SearchCom.h"
 #include "panel/MainControlForm.h"
 #include "platform/Latin1.h"
 #include "ui_SelectComForm.h"
@@ -38,6 +39,9 @@ void SelectComForm::connectHandlers() {
     handlers.connect(m_ui->Command25, &QPushButton::clicked, this, &SelectComForm::Command25_Click);
     handlers.connect(m_ui->ProgramEdit, &QPushButton::clicked, this,
                      &SelectComForm::ProgramEdit_Click);
+    handlers.connect(m_ui->SearchZLT, &QPushButton::clicked, this, &SelectComForm::SearchZLT_Click);
+    handlers.connect(m_ui->SearchAllZLT, &QPushButton::clicked, this,
+                     &SelectComForm::SearchAllZLT_Click);
     handlers.connect(m_ui->Close, &QPushButton::clicked, this, &SelectComForm::Close_Click);
     handlers.connect(m_ui->copyCommand, &QPushButton::clicked, this,
                      &SelectComForm::copyCommand_Click);
@@ -103,6 +107,34 @@ void SelectComForm::connectToController(bool startInProgram) {
     panel.Form_Load({portNumberFromText(settings.port), settings.baud, settings.deviceId});
     panel.showModal();
     showPort();
+}
+
+void SelectComForm::SearchZLT_Click() {
+    SearchCom progress(services(), SearchMode::firstFound, this);
+    progress.Form_Load();
+    progress.showModal();
+    if (progress.noPort())
+        return;
+    const auto& device = progress.search().found();
+    if (!device) {
+        services().gate.message("Device not found!  Please check wiring and power inputs");
+        return;
+    }
+    m_ui->combo->showText(portText(device->port));
+    m_ui->baudCom->showText(device->baudRate);
+    m_ui->DeviceIDCombo->showText(device->deviceId);
+    showPort();
+    services().gate.message("ZLT-R-NX Found on Port:" + searchResultText(*device));
+}
+
+void SelectComForm::SearchAllZLT_Click() {
+    SearchCom progress(services(), SearchMode::all, this);
+    progress.Form_Load();
+    progress.showModal();
+    if (progress.noPort())
+        return;
+    const std::string& results = progress.search().results();
+    services().gate.message(results.empty() ? "No device found!" : results);
 }
 
 void SelectComForm::Close_Click() {

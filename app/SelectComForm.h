@@ -32,6 +32,8 @@ class SelectComForm : public Screen {
  private:
     void Command25_Click();
     void ProgramEdit_Click();
+    void SearchZLT_Click();
+    void SearchAllZLT_Click();
     void Close_Click();
     void copyCommand_Click();
     void portTimer_Timer();

@@ -17,6 +17,7 @@ Reading endedBySilence(std::string text) {
 Reading readReply(Port& port, const ReadRule& rule, const std::function<void(char)>& onCharacter) {
     const bool byLine = rule.end == EndOfReply::atEndMark;
     std::string text;
+    std::size_t characters = 0;
     int emptyReads = 0;
     for (;;) {
         char character = 0;
@@ -27,10 +28,13 @@ Reading readReply(Port& port, const ReadRule& rule, const std::function<void(cha
                 emptyReads = 0;
                 if (byLine && character == carriageReturn)
                     return {Ending::reply, std::move(text)};
-                if (text.size() < replyTextKept)
+                if (++characters > rule.charactersAllowed)
+                    return {Ending::timedOut, {}};
+                if (text.size() < replyTextKept) {
                     text += character;
-                if (onCharacter)
-                    onCharacter(character);
+                    if (onCharacter)
+                        onCharacter(character);
+                }
                 break;
             case PortInput::nothing:
                 if (!byLine)

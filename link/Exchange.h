@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstddef>
 #include <functional>
+#include <limits>
 #include <string>
 
 #include "link/Port.h"
@@ -21,6 +22,8 @@ struct ReadRule {
     EndOfReply end = EndOfReply::atEndMark;
     int emptyReadsAllowed = 100;                 ///< one more in a row is a time-out
     std::chrono::milliseconds emptyReadWait{1};  ///< ended early by a character
+    /// So many characters without an end are a time-out.
+    std::size_t charactersAllowed = std::numeric_limits<std::size_t>::max();
 };
 
 enum class Ending { reply, timedOut, portLost };
@@ -34,7 +37,7 @@ struct Reading {
 /// A reply's text is kept up to here while a line that never ends is waited for.
 inline constexpr std::size_t replyTextKept = 64 * 1024;
 
-/// Reads one reply. `onCharacter`, where given, sees each character of it as it comes.
+/// Reads one reply. `onCharacter`, where given, sees each character that is kept as it comes.
 Reading readReply(Port& port, const ReadRule& rule,
                   const std::function<void(char)>& onCharacter = {});
 

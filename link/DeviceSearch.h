@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "link/Port.h"
+
+namespace zlt {
+
+/// Where a controller was found. The texts are as the start-up screen's boxes hold them.
+struct FoundDevice {
+    PortNumber port;
+    std::string baudRate;
+    std::string deviceId;
+};
+
+enum class SearchMode {
+    firstFound,  ///< ends at the first controller
+    all,         ///< goes through everything and lists what it finds
+};
+
+/// Shows how the search gets on.
+class SearchView {
+ public:
+    virtual ~SearchView() = default;
+
+    /// What is being tried, told before it blocks.
+    virtual void showText(std::string_view text) = 0;
+    virtual void showProgress(int value, int maximum) = 0;
+};
+
+/// Looks for controllers on ports 1 to 15, at five baud rates, with device IDs 01 to 09, one
+/// step at a time. Nothing is flushed between the probes.
+class DeviceSearch {
+ public:
+    enum class State {
+        running,
+        over,
+        noPort,  ///< over, as no port at all could be opened
+    };
+
+    /// `port` and `view` outlive the search.
+    DeviceSearch(Port& port, SearchMode mode, SearchView& view);
+
+    /// Makes one step: checks a port, goes to the next one or the next rate, or probes one ID.
+    /// Blocks for a probe. The port is closed once the search is not running any more.
+    State step();
+
+    /// The next step ends the search.
+    void cancel() { m_running = false; }
+
+    /// The controller that ended a search for the first one.
+    const std::optional<FoundDevice>& found() const { return m_found; }
+    /// The lines of a search for all, each ended by CR LF.
+    const std::string& results() const { return m_results; }
+
+ private:
+    enum class Step { checkPort, nextPort, nextBaudRate, probe };
+
+    State checkPort();
+    State nextPort();
+    State nextBaudRate();
+    State probe();
+    State goToNextPort();
+    bool listen();
+    FoundDevice here() const;
+    bool usable() const;
+    void advanceTo(int progress);
+    int stillToCome() const;
+
+    Port& m_port;
+    SearchMode m_mode;
+    SearchView& m_view;
+    bool m_running = true;
+    Step m_step = Step::checkPort;
+    PortNumber m_number{1};
+    std::uint32_t m_usablePorts = 0;  ///< bit n-1 for port n
+    std::size_t m_ratesTried = 0;     ///< on the present port
+    int m_id = 1;
+    int m_progress = 0;
+    std::optional<FoundDevice> m_found;
+    std::string m_results;
+};
+
+/// The words for a controller: " Baud:9600 ID:01" behind the port's number.
+std::string searchResultText(const FoundDevice& device);
+
+}  // namespace zlt

@@ -1,0 +1,56 @@
+#include "link/SearchCom.h"
+
+#include <chrono>
+
+#include "ui_SearchCom.h"
+#include "widgets/WireText.h"
+
+namespace zlt {
+namespace {
+
+constexpr std::chrono::milliseconds stepInterval{100};
+
+}  // namespace
+
+SearchCom::SearchCom(const Services& services, SearchMode mode, QWidget* parent)
+    : Screen(services, parent),
+      m_ui(std::make_unique<Ui::SearchCom>()),
+      m_port(services.makePort()),
+      m_search(*m_port, mode, *this) {
+    m_ui->setupUi(this);
+    m_statusTimer.setObjectName(QStringLiteral("StatusTimer"));
+    m_statusTimer.setTimerType(Qt::PreciseTimer);
+    m_statusTimer.setInterval(stepInterval);
+    teachManners();
+    handlers.connect(&m_statusTimer, &QTimer::timeout, this, &SearchCom::StatusTimer_Timer);
+    handlers.connect(m_ui->Cancel, &QPushButton::clicked, this, &SearchCom::Cancel_Click);
+}
+
+SearchCom::~SearchCom() = default;
+
+void SearchCom::Form_Load() {
+    m_statusTimer.start();
+}
+
+void SearchCom::StatusTimer_Timer() {
+    const DeviceSearch::State state = m_search.step();
+    if (state == DeviceSearch::State::running)
+        return;
+    m_statusTimer.stop();
+    m_noPort = state == DeviceSearch::State::noPort;
+    if (m_noPort)
+        services().gate.message("No Port Available!");
+    done(Accepted);
+}
+
+void SearchCom::showText(std::string_view text) {
+    m_ui->ProgressLabel->setText(fromUtf8(text));
+    m_ui->ProgressLabel->repaint();  // the step blocks
+}
+
+void SearchCom::showProgress(int value, int maximum) {
+    m_ui->Progress->setMaximum(maximum);
+    m_ui->Progress->setValue(value);
+}
+
+}  // namespace zlt
