@@ -63,6 +63,8 @@ const Flavour secondThread{
     .onPortLost = portNotOpen,
 };
 
+const Flavour terminal{.waits = longProgramWaits};
+
 const Flavour programEditor{
     .waits = {.busyCommand = 1000ms,
               .otherCommand = 50ms,

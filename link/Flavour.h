@@ -52,10 +52,11 @@ extern const Flavour controlPanel;
 extern const Flavour parameterSetup;
 extern const Flavour variables;
 extern const Flavour secondThread;
+extern const Flavour terminal;  ///< for raw conversations; what they met is written down
 extern const Flavour programEditor;
 }  // namespace flavours
 
-/// The settling waits of the two terminals, which do their own reading.
+/// The settling waits of raw conversations, with whatever screen they are held.
 extern const SettlingWaits terminalWaits;
 
 /// Shown when a port cannot be opened, and after a lost one. Two blanks after the "!".

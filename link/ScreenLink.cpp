@@ -59,6 +59,29 @@ std::string ScreenLink::SendReceive(std::string_view command) {
     return std::string(reply);
 }
 
+Ending ScreenLink::converse(const RawRequest& request) {
+    const auto call = [](const std::function<void()>& hook) {
+        if (hook)
+            hook();
+    };
+    const auto lost = [&] {
+        if (request.tellsLoss)
+            fail(m_flavour.onPortLost, request.command, Ending::portLost);
+        return Ending::portLost;
+    };
+    if (!m_port->write(frameRequest(request.deviceId, request.command)))
+        return lost();
+    call(request.written);
+    if (const auto wait = settlingWait(terminalWaits, request.command); wait.count() > 0)
+        m_services.waits.sleep(wait);
+    call(request.settled);
+    if (!request.readsReply)
+        return Ending::reply;
+    const Reading reading =
+        readReply(*m_port, {.emptyReadsAllowed = request.emptyReadsAllowed}, request.character);
+    return reading.ending == Ending::portLost ? lost() : reading.ending;
+}
+
 std::string ScreenLink::fail(const Reaction& reaction, std::string_view command, Ending ending) {
     const bool lost = ending == Ending::portLost;
     m_lossReported = lost;

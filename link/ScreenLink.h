@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -23,6 +24,19 @@ class LinkListener {
     virtual void portLost() = 0;
 };
 
+/// A conversation past the exchange, for texts that the operator typed: the reply is handed on
+/// as it comes, header and all.
+struct RawRequest {
+    std::string_view deviceId;  ///< as it stands
+    std::string_view command;
+    bool readsReply = true;  ///< nobody answers a broadcast
+    int emptyReadsAllowed = 100;
+    bool tellsLoss = true;  ///< a lost port takes the flavour's path, or else only ends it
+    std::function<void()> written = {};        ///< the request is out
+    std::function<void()> settled = {};        ///< the settling wait is over
+    std::function<void(char)> character = {};  ///< one of the reply, without its end mark
+};
+
 /// One screen's link to its controller: the port it owns, the two flags and the exchange.
 class ScreenLink {
  public:
@@ -35,6 +49,10 @@ class ScreenLink {
     /// carriage return, or "0" when there was none. Blocks until the exchange is over. Never
     /// throws but by ending the program, where the flavour says so.
     std::string SendReceive(std::string_view command);
+
+    /// Holds one raw conversation, with the terminals' settling waits. No flag guards it, and a
+    /// time-out changes none. Blocks until it is over.
+    Ending converse(const RawRequest& request);
 
     /// Opens the port with the connection's number and baud rate. False when that fails; the
     /// flags are the caller's to set.
