@@ -1,0 +1,101 @@
+#include "terminal/TerminalForm.h"
+
+#include <filesystem>
+
+#include "terminal/AddressField.h"
+#include "ui_TerminalForm.h"
+#include "widgets/WireText.h"
+
+namespace zlt {
+
+TerminalForm::TerminalForm(const Services& services, const LinkHandOver& handedOver,
+                           QWidget* parent)
+    : Screen(services, parent),
+      m_ui(std::make_unique<Ui::TerminalForm>()),
+      m_handedOver(handedOver),
+      m_link(services, flavours::terminal, nullptr) {
+    m_ui->setupUi(this);
+    m_link.connection = handedOver.connection;
+    teachManners();
+    connectHandlers();
+}
+
+TerminalForm::~TerminalForm() = default;
+
+void TerminalForm::connectHandlers() {
+    handlers.connect(m_ui->SendText, &CommandLine::entered, this, &TerminalForm::SendText_Enter);
+    handlers.connect(m_ui->SendText, &CommandLine::recalled, this, &TerminalForm::SendText_Recall);
+    handlers.connect(m_ui->SendText, &CommandLine::older, this, &TerminalForm::SendText_Older);
+    handlers.connect(m_ui->SendText, &CommandLine::newer, this, &TerminalForm::SendText_Newer);
+    handlers.connect(m_ui->Command2, &QPushButton::clicked, this, &TerminalForm::Command2_Click);
+    handlers.connect(m_ui->Close, &QPushButton::clicked, this, &TerminalForm::Close_Click);
+}
+
+void TerminalForm::Form_Load() {
+    handlers.runWithinCaller([this] {
+        const BusyCursor busy;
+        m_ui->DeviceID->setText(shownText(m_handedOver.connection.deviceId));
+        if (!m_handedOver.PortReady)
+            services().gate.message("Communication port not open!");
+        else
+            m_link.PortReady = m_link.openPort();  // without it each command says so
+    });
+}
+
+void TerminalForm::showEvent(QShowEvent* event) {
+    Screen::showEvent(event);
+    m_ui->SendText->setFocus();
+}
+
+void TerminalForm::SendText_Enter() {
+    const std::string command = m_ui->SendText->command();
+    m_lastCommand = m_ui->SendText->text();
+    if (command.empty())
+        return;
+    m_history.add(m_lastCommand.toStdString());
+    m_ui->SendText->clear();
+    m_ui->SendText->repaint();
+    const auto address = readAddress(*m_ui->DeviceID, services().gate);
+    if (!address)
+        return;
+    talkInTranscript(m_link, *address, command, *m_ui->Pad);
+    m_ui->Pad->placeCaret();
+    m_ui->SendText->setFocus();
+}
+
+void TerminalForm::SendText_Recall() {
+    m_ui->SendText->setText(m_lastCommand);
+}
+
+void TerminalForm::SendText_Older() {
+    m_ui->SendText->setText(fromUtf8(m_history.older(m_ui->SendText->text().toStdString())));
+}
+
+void TerminalForm::SendText_Newer() {
+    m_ui->SendText->setText(fromUtf8(m_history.newer(m_ui->SendText->text().toStdString())));
+}
+
+void TerminalForm::Command2_Click() {
+    const auto name = services().gate.chooseToSave(
+        {"Save Terminal Text As", "Terminal Text Files (*.txt)|*.txt", {}});
+    if (!name)
+        return;
+    if (name->empty()) {
+        services().gate.message("No Program Name!");
+        return;
+    }
+    if (name->find('*') != std::string::npos)
+        return;
+    const std::filesystem::path file(std::u8string(name->begin(), name->end()));
+    const auto failure = services().files.writeWhole(file, savedTranscript(m_ui->Pad->text()));
+    services().gate.message(failure ? "The text could not be saved in " + *name + ": " + *failure
+                                    : "Save Done!");
+}
+
+void TerminalForm::Close_Click() {
+    if (m_handedOver.PortReady)
+        m_link.closePort();
+    done(Accepted);
+}
+
+}  // namespace zlt

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "link/PanelLink.h"
+#include "terminal/CommandHistory.h"
+#include "widgets/Screen.h"
+
+namespace Ui {
+class TerminalForm;
+}
+
+namespace zlt {
+
+/// Any command by hand, with a transcript of what went to and fro. Has the port to itself
+/// while it is shown.
+class TerminalForm : public Screen {
+    Q_OBJECT
+
+ public:
+    TerminalForm(const Services& services, const LinkHandOver& handedOver, QWidget* parent);
+    ~TerminalForm() override;
+
+    /// Opens the port, before the screen is shown. Part of the caller's handler.
+    void Form_Load();
+
+ protected:
+    void showEvent(QShowEvent* event) override;
+
+ private:
+    void SendText_Enter();
+    void SendText_Recall();
+    void SendText_Older();
+    void SendText_Newer();
+    void Command2_Click();
+    void Close_Click();
+
+    void closeScreen() override { Close_Click(); }
+    void connectHandlers();
+
+    std::unique_ptr<Ui::TerminalForm> m_ui;
+    LinkHandOver m_handedOver;
+    ScreenLink m_link;
+    QString m_lastCommand;
+    CommandHistory m_history;
+};
+
+}  // namespace zlt

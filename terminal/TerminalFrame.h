@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QGroupBox>
+#include <memory>
+#include <string>
+
+#include "link/PanelLink.h"
+#include "terminal/PaintPace.h"
+#include "terminal/TerminalTalk.h"
+#include "widgets/Handlers.h"
+
+namespace Ui {
+class TerminalFrame;
+}
+
+namespace zlt {
+
+/// The "Terminal" frame of the main screen: one command by hand, on the main screen's port,
+/// and the last reply as it came.
+class TerminalFrame : public QGroupBox, private ReplyBoxView {
+    Q_OBJECT
+
+ public:
+    explicit TerminalFrame(QWidget* parent = nullptr);
+    ~TerminalFrame() override;
+
+    /// `link` outlives the frame.
+    void connectTo(Handlers& handlers, PanelLink& link);
+
+    /// Chooses the device to talk to (Latin-1).
+    void showDevice(std::string_view deviceId);
+    void showLive(bool live);
+
+    const Ui::TerminalFrame& controls() const { return *m_ui; }
+
+ private:
+    void SendTerminalText_Enter();
+    void SendTerminalText_Recall();
+
+    void requestWritten() override;
+    void growReply(char character) override;
+    void replyEnded() override;
+    void showInsteadOfReply(std::string_view text) override;
+
+    std::unique_ptr<Ui::TerminalFrame> m_ui;
+    PanelLink* m_link = nullptr;
+    QString m_lastCommand;
+    std::string m_reply;
+    PaintPace m_pace;
+};
+
+}  // namespace zlt

@@ -1,0 +1,81 @@
+#include "terminal/VariableForm.h"
+
+#include <chrono>
+#include <string>
+
+#include "terminal/AddressField.h"
+#include "ui_VariableForm.h"
+#include "widgets/WireText.h"
+
+namespace zlt {
+namespace {
+
+constexpr std::chrono::milliseconds refreshInterval{1};
+
+}  // namespace
+
+VariableForm::VariableForm(const Services& services, const LinkHandOver& handedOver,
+                           QWidget* parent)
+    : Screen(services, parent),
+      m_ui(std::make_unique<Ui::VariableForm>()),
+      m_handedOver(handedOver),
+      m_link(services, flavours::variables, this) {
+    m_ui->setupUi(this);
+    for (std::size_t index = 0; index < m_boxes.size(); ++index)
+        m_boxes.at(index) = findChild<ReadOut*>(QStringLiteral("V%1").arg(index));
+    m_link.connection = handedOver.connection;
+    m_timer1.setObjectName(QStringLiteral("Timer1"));
+    m_timer1.setInterval(refreshInterval);
+    teachManners();
+    connectHandlers();
+}
+
+VariableForm::~VariableForm() = default;
+
+void VariableForm::connectHandlers() {
+    handlers.connect(&m_timer1, &QTimer::timeout, this, &VariableForm::Timer1_Timer);
+    handlers.connect(m_ui->SendText, &CommandLine::entered, this, &VariableForm::SendText_Enter);
+    handlers.connect(m_ui->Close, &QPushButton::clicked, this, &VariableForm::Close_Click);
+}
+
+void VariableForm::Form_Load() {
+    handlers.runWithinCaller([this] {
+        const BusyCursor busy;
+        m_link.PortReady = m_handedOver.PortReady && m_link.openPort();
+        m_link.setCommOK(m_handedOver.CommOK);
+        m_ui->DeviceID->setText(shownText(m_handedOver.connection.deviceId));
+        m_timer1.start();
+    });
+}
+
+void VariableForm::Timer1_Timer() {
+    const bool live = m_link.CommOK();
+    for (std::size_t index = 0; index < m_boxes.size(); ++index)
+        m_boxes.at(index)->showReply(m_link.SendReceive("V" + std::to_string(index)));
+    if (!live)
+        m_timer1.stop();  // every box reads "0" by now, and will
+}
+
+void VariableForm::SendText_Enter() {
+    const std::string command = m_ui->SendText->command();
+    if (command.empty())
+        return;
+    m_ui->SendText->clear();
+    m_ui->SendText->repaint();
+    if (const auto address = readAddress(*m_ui->DeviceID, services().gate))
+        m_link.converse({.deviceId = *address, .command = command, .tellsLoss = false});
+}
+
+void VariableForm::commChanged(bool connected) {
+    for (ReadOut* box : m_boxes)
+        box->setLive(connected);
+}
+
+void VariableForm::Close_Click() {
+    m_timer1.stop();
+    if (m_handedOver.PortReady)
+        m_link.closePort();
+    done(Accepted);
+}
+
+}  // namespace zlt
