@@ -22,7 +22,7 @@ constexpr int perRate = 10;
 constexpr int perUsablePort = perPort + perRate * static_cast<int>(baudRates.size());
 
 /// An instrument that streams must not hold the search.
-constexpr std::size_t probeCharacters = 4 * 1024;
+constexpr std::size_t probeCharacters = 4096;
 
 std::string settingsText(std::string_view baudRate) {
     return std::string(baudRate) + ",N,8,1";

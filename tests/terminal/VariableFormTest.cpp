@@ -25,9 +25,9 @@ class VariableFormTest : public ::testing::Test, public World {
         QApplication::setActiveWindow(&form);
     }
     std::string box(int index) { return textOf(form, ("V" + std::to_string(index)).c_str()); }
-    void expectZeros(int from = 0) {
-        for (int index = from; index < 32; ++index)
-            EXPECT_EQ(box(index), "0") << index;
+    static void expectZeros(QWidget& monitor) {
+        for (int index = 0; index < 32; ++index)
+            EXPECT_EQ(textOf(monitor, ("V" + std::to_string(index)).c_str()), "0") << index;
     }
     void enter(const char* command) {
         control<CommandLine>(form, "SendText").setText(QString::fromLatin1(command));
@@ -58,31 +58,22 @@ TEST_F(VariableFormTest, ReadsAllVariablesInOrder) {
 
 TEST_F(VariableFormTest, StopsForGoodAtTheFirstFailure) {
     struct Row {
-        std::function<void()> fail;
+        std::optional<std::string> reply;
+        bool lost;
         const char* message;
     };
-    const Row table[] = {
-        {[&] { bus.replies["V7"] = "#07"; }, "No Response!"},
-        {[&] {
-             bus.answer = [this](const std::string& request) {
-                 return request == "@07V7" ? std::nullopt : std::optional<std::string>("5");
-             };
-         },
-         "No Reply to Command: V7"},
-        {[&] {
-             bus.answer = {};
-             bus.losesAtReadOf = "V7";
-             bus.replies["V7"] = "";
-             bus.answer = [this](const std::string& request) {
-                 return request == "@07V7" ? std::nullopt : std::optional<std::string>("5");
-             };
-         },
-         "No Reply to Command: V7"}};
+    const Row table[] = {{"#07", false, "No Response!"},
+                         {std::nullopt, false, "No Reply to Command: V7"},
+                         {std::nullopt, true, "No Reply to Command: V7"}};
     for (const Row& row : table) {
         VariableForm monitor(services, handedOver, nullptr);
         monitor.Form_Load();
         monitor.show();
-        row.fail();
+        bus.answer = [&](const std::string& request) {
+            return request == "@07V7" ? row.reply : "5";
+        };
+        if (row.lost)
+            bus.losesAtReadOf = "V7";
         bus.requests.clear();
         gate.expectMessage(row.message);
         tick(monitor, "Timer1");
@@ -91,8 +82,7 @@ TEST_F(VariableFormTest, StopsForGoodAtTheFirstFailure) {
         EXPECT_EQ(textOf(monitor, "V8"), "0");
         tick(monitor, "Timer1");
         EXPECT_EQ(bus.requests.size(), 8U);
-        for (int index = 0; index < 32; ++index)
-            EXPECT_EQ(textOf(monitor, ("V" + std::to_string(index)).c_str()), "0");
+        expectZeros(monitor);
         EXPECT_FALSE(control<QTimer>(monitor, "Timer1").isActive());
         click(monitor, "Close");
     }
@@ -105,7 +95,7 @@ TEST_F(VariableFormTest, ShowsZerosWithoutALink) {
     monitor.Form_Load();
     monitor.show();
     tick(monitor, "Timer1");
-    EXPECT_EQ(textOf(monitor, "V0") + textOf(monitor, "V31"), "00");
+    expectZeros(monitor);
     EXPECT_FALSE(control<QTimer>(monitor, "Timer1").isActive());
     EXPECT_TRUE(bus.openings.empty());
 
@@ -114,7 +104,7 @@ TEST_F(VariableFormTest, ShowsZerosWithoutALink) {
     gate.expectMessage("No Reply to Command: V0");
     tick(form, "Timer1");
     tick(form, "Timer1");
-    expectZeros();
+    expectZeros(form);
     enter("PX");
     form.close();
     EXPECT_FALSE(form.isVisible());
