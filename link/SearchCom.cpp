@@ -15,7 +15,7 @@ constexpr std::chrono::milliseconds stepInterval{100};
 SearchCom::SearchCom(const Services& services, SearchMode mode, QWidget* parent)
     : Screen(services, parent),
       m_ui(std::make_unique<Ui::SearchCom>()),
-      m_port(services.makePort()),
+      m_port(services.makePort(this)),
       m_search(*m_port, mode, *this) {
     m_ui->setupUi(this);
     m_statusTimer.setObjectName(QStringLiteral("StatusTimer"));

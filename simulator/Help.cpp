@@ -47,6 +47,7 @@ reported on standard error.
   id OLD NEW           give a controller another address
   firmware N           every controller on the port has firmware N; "firmware ID N" one
   pace | unpaced       as the options
+  echo TEXT            print TEXT once all lines before it are carried out
   quit                 end
 
 The controllers:

@@ -146,6 +146,10 @@ void Simulator::consoleLine(std::string_view line) {
         m_ended = m_ended || !word.empty();
         return;
     }
+    if (word == "echo") {
+        std::cout << rest << std::endl;
+        return;
+    }
     const std::string_view name = word;
     const bool one = std::any_of(m_ports.begin(), m_ports.end(),
                                  [&](const Port& port) { return port.name() == name; });

@@ -12,12 +12,10 @@
 #include <fstream>
 
 #include "link/Flavour.h"
-#include "link/QtSerialPort.h"
 #include "panel/MainControlForm.h"
-#include "platform_qt/ThreadWaits.h"
 #include "support/FormDriver.h"
+#include "support/RealWorld.h"
 #include "support/SimulatedBus.h"
-#include "support/World.h"
 
 namespace zlt::test {
 namespace {
@@ -25,7 +23,7 @@ namespace {
 using namespace std::chrono_literals;
 
 /// A world whose ports are real and lead to the simulator.
-class SystemTest : public ::testing::Test, public World {
+class SystemTest : public ::testing::Test, public RealWorld {
  protected:
     explicit SystemTest(const QStringList& options = {QStringLiteral("--unpaced")})
         : simulator(options) {
@@ -47,17 +45,6 @@ class SystemTest : public ::testing::Test, public World {
     }
 
     SimulatedBus simulator;
-    ThreadWaits realWaits;
-    Services real{.gate = gate,
-                  .waits = realWaits,
-                  .files = files,
-                  .help = help,
-                  .programEnd = programEnd,
-                  .processes = tools,
-                  .ownFolder = {},
-                  .makePort = [this](QObject* owner) {
-                      return std::make_unique<QtSerialPort>(directory, owner);
-                  }};
 };
 
 TEST_F(SystemTest, PollsRecoversAndClosesOverARealPort) {

@@ -8,7 +8,8 @@ SimulatedBus::SimulatedBus(const QStringList& options) {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QStringLiteral(ZLT_SIM_PATH),
                     QStringList{QStringLiteral("--until-stdin-closes")} + options);
-    readDevice();
+    const std::string port = readLine();
+    m_device = port.substr(port.find('=') + 1);
 }
 
 SimulatedBus::~SimulatedBus() {
@@ -19,18 +20,19 @@ SimulatedBus::~SimulatedBus() {
 
 void SimulatedBus::say(const char* line) {
     m_process.write(line);
-    m_process.write("\n");
-    m_process.waitForBytesWritten();
-    if (std::string(line) == "plug")
-        readDevice();
+    m_process.write("\necho carried out\n");
+    for (std::string heard; heard != "carried out";) {
+        heard = readLine();
+        if (const auto equals = heard.find('='); equals != std::string::npos)
+            m_device = heard.substr(equals + 1);
+    }
 }
 
-void SimulatedBus::readDevice() {
+std::string SimulatedBus::readLine() {
     while (!m_process.canReadLine())
         if (!m_process.waitForReadyRead(10'000))
             throw std::runtime_error("the simulator says nothing");
-    const std::string line = m_process.readLine().trimmed().toStdString();
-    m_device = line.substr(line.find('=') + 1);
+    return m_process.readLine().trimmed().toStdString();
 }
 
 }  // namespace zlt::test

@@ -16,11 +16,11 @@ class SimulatedBus {
 
     /// The device of its port, the new one after "plug".
     std::string device() const { return m_device; }
-    /// Says a line on its standard input; a "plug" waits for the new device.
+    /// Says a line on its standard input and returns when it is carried out.
     void say(const char* line);
 
  private:
-    void readDevice();
+    std::string readLine();
 
     QProcess m_process;
     std::string m_device;

@@ -8,12 +8,10 @@
 #include <fstream>
 #include <set>
 
-#include "link/QtSerialPort.h"
 #include "link/SearchCom.h"
-#include "platform_qt/ThreadWaits.h"
 #include "support/FormDriver.h"
+#include "support/RealWorld.h"
 #include "support/SimulatedBus.h"
-#include "support/World.h"
 #include "terminal/CommandLine.h"
 #include "terminal/TerminalForm.h"
 #include "terminal/Transcript.h"
@@ -22,7 +20,7 @@
 namespace zlt::test {
 namespace {
 
-class TalkSystemTest : public ::testing::Test, public World {
+class TalkSystemTest : public ::testing::Test, public RealWorld {
  protected:
     static bool wait(const std::function<bool()>& condition, int milliseconds = 10'000) {
         return QTest::qWaitFor(condition, milliseconds);
@@ -35,9 +33,6 @@ class TalkSystemTest : public ::testing::Test, public World {
         directory.refresh();
     }
 
-    ThreadWaits realWaits;
-    Services real{gate, realWaits,  files,
-                  help, programEnd, [this] { return std::make_unique<QtSerialPort>(directory); }};
     LinkHandOver handedOver{true, true, {{1}, "9600", "01"}, {}};
 };
 

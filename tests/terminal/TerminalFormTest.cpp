@@ -55,7 +55,7 @@ class TerminalFormTest : public ::testing::Test, public World {
 
     LinkHandOver handedOver{true, true, {{3}, "9600", "07"}, {}};
     WatchedWaits watched;
-    Services watchedServices{gate, watched, files, help, programEnd, services.makePort};
+    Services watchedServices{gate, watched, files, help, programEnd, tools, {}, services.makePort};
     TerminalForm form{watchedServices, handedOver, nullptr};
 };
 

@@ -40,7 +40,7 @@ class TerminalFrameTest : public ::testing::Test, public World {
         return textOf(frame, "SendTerminalText");
     }
 
-    PanelLink link{services, nullptr, [] {}};
+    PanelLink link{services, nullptr, nullptr, [] {}};
     bool left = false;
     Handlers handlers{services, [this] { left = true; }};
     TerminalFrame frame;
