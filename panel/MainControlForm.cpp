@@ -5,6 +5,8 @@
 #include "panel/AboutText.h"
 #include "parameters/SetupParameters.h"
 #include "programs/XThreadForm.h"
+#include "terminal/TerminalForm.h"
+#include "terminal/VariableForm.h"
 #include "ui_LinkFrame.h"
 #include "ui_MainControlForm.h"
 #include "ui_MotionFrame.h"
@@ -65,6 +67,10 @@ void MainControlForm::connectFrames() {
     });
     m_ui->outputsFrame->connectTo(handlers, m_outputs);
     m_ui->programFrame->connectTo(handlers, services(), m_programs, m_transfer);
+    m_ui->terminalFrame->connectTo(handlers, m_session.link);
+    handlers.connect(m_ui->ManualTerminal, &QPushButton::clicked, this,
+                     &MainControlForm::ManualTerminal_Click);
+    handlers.connect(m_ui->Variable, &QPushButton::clicked, this, &MainControlForm::Variable_Click);
     handlers.connect(m_ui->Setup, &QPushButton::clicked, this, &MainControlForm::Setup_Click);
     m_ui->runControlFrame->connectTo(handlers, m_runControl, [this] { XThread_Click(); });
 }
@@ -81,6 +87,7 @@ void MainControlForm::connectTable(std::span<const CommandButton> buttons,
 void MainControlForm::Form_Load(const Connection& connection) {
     handlers.runWithinCaller([&] {
         const BusyCursor busy;
+        m_ui->terminalFrame->showDevice(connection.deviceId);
         if (m_session.load(connection))
             m_timer1.start();
     });
@@ -95,7 +102,9 @@ void MainControlForm::showEvent(QShowEvent* event) {
 }
 
 void MainControlForm::Timer1_Timer() {
-    m_session.pollTick();
+    // A stop under the operator's finger must not wait for one more pass of the poll.
+    if (!m_ui->stopFrame->stopHeldDown())
+        m_session.pollTick();
 }
 
 void MainControlForm::SelectedDeviceID_Click(int index) {
@@ -134,6 +143,14 @@ void MainControlForm::Setup_Click() {
     showOverPanel<SetupParameters>();
 }
 
+void MainControlForm::ManualTerminal_Click() {
+    showOverPanel<TerminalForm>();
+}
+
+void MainControlForm::Variable_Click() {
+    showOverPanel<VariableForm>();
+}
+
 void MainControlForm::XThread_Click() {
     // The button's look is as loaded; the controller may be another one by now.
     if (m_session.link.firmware < firmwareWithSecondThread)
@@ -156,6 +173,7 @@ void MainControlForm::showLive(bool live) {
     m_ui->statusFrame->showLive(live);
     m_ui->motionFrame->showLive(live);
     m_ui->outputsFrame->showLive(live);
+    m_ui->terminalFrame->showLive(live);
 }
 
 void MainControlForm::showSelectedDevice(std::string_view deviceId) {

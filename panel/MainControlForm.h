@@ -43,6 +43,8 @@ class MainControlForm : public Screen, private PanelView {
     void Help_Click();
     void Command2_Click();
     void Setup_Click();
+    void ManualTerminal_Click();
+    void Variable_Click();
     void XThread_Click();
 
     void closeScreen() override { Command2_Click(); }

@@ -20,7 +20,7 @@ class MotionView {
 
     /// What stands in a box, UTF-8.
     virtual std::string typed(Box box) const = 0;
-    /// The same as it goes on the wire, blanks and all. Throws NotLatin1.
+    /// The same as it goes on the wire, blanks and all. Throws for a character that cannot.
     virtual std::string typedForWire(Box box) const = 0;
     virtual void fill(Box box, std::string_view text) = 0;
     /// Puts the cursor into a box whose text cannot be used.

@@ -6,16 +6,6 @@
 #include "widgets/WireText.h"
 
 namespace zlt {
-namespace {
-
-/// The poll keeps off a check box that the operator holds down: the click would turn round.
-void mark(QCheckBox& box, bool checked) {
-    if (!box.isDown())
-        box.setChecked(checked);
-}
-
-}  // namespace
-
 MotionFrame::MotionFrame(QWidget* parent)
     : QGroupBox(parent), m_ui(std::make_unique<Ui::MotionFrame>()) {
     m_ui->setupUi(this);
@@ -55,7 +45,7 @@ std::string MotionFrame::typed(Box box) const {
 }
 
 std::string MotionFrame::typedForWire(Box box) const {
-    return wireText(field(box).text());
+    return commandText(field(box).text());
 }
 
 void MotionFrame::fill(Box box, std::string_view text) {
@@ -75,7 +65,7 @@ void MotionFrame::showAcceleration(std::string_view acceleration) {
 }
 
 void MotionFrame::showDriverEnabled(bool enabled) {
-    mark(*m_ui->EnableStat, enabled);
+    m_ui->EnableStat->showState(enabled);
 }
 
 void MotionFrame::showDemo(bool on) {
@@ -95,7 +85,7 @@ void MotionFrame::gateFeatures(FirmwareVersion firmware) {
          {m_ui->HLHOMEMINUS, m_ui->HLHOMEPLUS, m_ui->LHOMEMINUS, m_ui->LHOMEPLUS}) {
         button->setEnabled(has);
         if (!has)
-            button->setToolTip(needsFirmware(firmwareWithSecondThread, firmware));
+            addToToolTip(*button, needsFirmware(firmwareWithSecondThread, firmware));
     }
 }
 

@@ -46,7 +46,7 @@ void OutputCommands::SyncEnable_Click(bool checked) {
     }
     if (!position) {
         m_view.pointToSyncPosition();
-        throw ConversionError(notAWholeNumber("Sync Output", typed));
+        throw ConversionError(notAWholeNumber("Sync Output, Position", typed));
     }
 }
 

@@ -120,6 +120,8 @@ void PanelSession::readAxis() {
     m_view.showDriverEnabled(askNumber("EO") == 1);
     if (link.firmware >= firmwareWithProgramState)
         readProgramState();
+    else
+        m_view.showIndicator(Indicator::output, false);  // never read: not the last device's
     if (DemoMode)
         stepDemo();
 }

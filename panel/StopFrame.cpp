@@ -13,7 +13,7 @@ constexpr auto stopStyle =
     " border: 3px solid %2; border-radius: 6px; padding: 6px 18px; }"
     "QPushButton:hover { background-color: %2; }"
     "QPushButton:focus { border-color: #ffd54f; }"
-    "QPushButton:pressed { background-color: #7f0000; }";
+    "QPushButton:pressed { background-color: #4a0000; border-color: #4a0000; }";
 
 void makeStop(QPushButton& button, const QString& face, const QString& rim) {
     button.setStyleSheet(QString::fromLatin1(stopStyle).arg(face, rim));
@@ -28,5 +28,9 @@ StopFrame::StopFrame(QWidget* parent) : QFrame(parent), m_ui(std::make_unique<Ui
 }
 
 StopFrame::~StopFrame() = default;
+
+bool StopFrame::stopHeldDown() const {
+    return m_ui->RSTOP->isDown() || m_ui->ISTOP->isDown();
+}
 
 }  // namespace zlt

@@ -17,7 +17,8 @@ class StopFrame : public QFrame {
     explicit StopFrame(QWidget* parent = nullptr);
     ~StopFrame() override;
 
-    const Ui::StopFrame& controls() const { return *m_ui; }
+    /// Whether a stop is pressed and not yet released.
+    bool stopHeldDown() const;
 
  private:
     std::unique_ptr<Ui::StopFrame> m_ui;

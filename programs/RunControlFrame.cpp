@@ -58,7 +58,7 @@ void RunControlFrame::gateFeatures(FirmwareVersion firmware) {
     const bool has = firmware >= firmwareWithSecondThread;
     m_ui->XThread->setEnabled(has);
     if (!has)
-        m_ui->XThread->setToolTip(needsFirmware(firmwareWithSecondThread, firmware));
+        addToToolTip(*m_ui->XThread, needsFirmware(firmwareWithSecondThread, firmware));
 }
 
 }  // namespace zlt

@@ -145,6 +145,11 @@ TEST_F(DirectCommandsTest, RefuseAPositionThatTheWireCannotCarry) {
         gate.expectMessageWith("U+2212");
         EXPECT_EQ(commandsOf(button), Commands{}) << button;
     }
+    for (const char* pasted : {"10\r@01J+", "10\n", "1\t"}) {
+        type("SetPosition", pasted);
+        gate.expectMessageWith("control character");
+        EXPECT_EQ(commandsOf("ABS"), Commands{}) << pasted;
+    }
 }
 
 TEST_F(DirectCommandsTest, GoToTheDatumInWhateverMode) {
@@ -212,6 +217,12 @@ TEST_F(DirectCommandsTest, SwitchTheOutputByItsLamp) {
     tick(form, "Timer1");
     bus.takeCommands();
     EXPECT_EQ(commandsOf("d1"), Commands{"DO=0"});
+
+    bus.replies["VER"] = "V316";  // which never tells the output: the lamp goes out
+    choose(form, "SelectedDeviceID", "02");
+    tick(form, "Timer1");
+    bus.takeCommands();
+    EXPECT_EQ(commandsOf("d1"), Commands{"DO=1"});
 }
 
 TEST_F(DirectCommandsTest, EnableTheDriverOnlyAgainstTheControllersWord) {

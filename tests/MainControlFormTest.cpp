@@ -164,7 +164,11 @@ TEST_F(MainControlFormTest, KeepsOffAMarkThatTheOperatorHoldsDown) {
     QTest::mousePress(&enabled, Qt::LeftButton, {}, mark);
     tick(form, "Timer1");
     EXPECT_FALSE(enabled.isChecked());
-    enabled.setDown(false);
+    QTest::mouseMove(&enabled, QPoint(-50, -50));
+    enabled.setDown(false);  // as while the pointer is off the box with its button held
+    tick(form, "Timer1");
+    EXPECT_FALSE(enabled.isChecked());
+    QTest::mouseRelease(&enabled, Qt::LeftButton, {}, QPoint(-50, -50));
     tick(form, "Timer1");
     EXPECT_TRUE(enabled.isChecked());
 }

@@ -2,17 +2,24 @@
 
 #include <QCoreApplication>
 #include <QString>
+#include <QWidget>
 
 #include "link/Values.h"
 
 namespace zlt {
 
-/// The tooltip of a control that the controller's firmware does not serve.
+/// What a control lacks that the controller's firmware does not serve.
 inline QString needsFirmware(FirmwareVersion needed, FirmwareVersion present) {
     return QCoreApplication::translate("Firmware",
                                        "Needs firmware V%1 or later; the controller has V%2.")
         .arg(needed.number)
         .arg(present.number);
+}
+
+/// Says something more in a control's tooltip, which goes on saying what the control does.
+inline void addToToolTip(QWidget& control, const QString& sentence) {
+    if (!control.toolTip().contains(sentence))
+        control.setToolTip(control.toolTip() + QLatin1Char('\n') + sentence);
 }
 
 }  // namespace zlt

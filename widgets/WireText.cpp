@@ -1,6 +1,8 @@
 #include "widgets/WireText.h"
 
 #include <QList>
+#include <algorithm>
+#include <stdexcept>
 
 #include "platform/Latin1.h"
 
@@ -30,6 +32,15 @@ std::string convert(const QString& shown, int line) {
 
 std::string wireText(const QString& shown) {
     return convert(shown, 0);
+}
+
+std::string commandText(const QString& shown) {
+    const auto isControl = [](QChar c) { return c < QLatin1Char(' ') || c == QChar(0x7F); };
+    if (std::any_of(shown.begin(), shown.end(), isControl))
+        throw std::runtime_error(
+            "The text holds a line end, a tab or another control character, which no command may.  "
+            "Please type it anew.");
+    return wireText(shown);
 }
 
 std::string wireLines(const QString& shown) {

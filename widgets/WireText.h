@@ -13,6 +13,10 @@ QString shownText(std::string_view wire);
 /// character that cannot.
 std::string wireText(const QString& shown);
 
+/// The same for a text that goes into a command: control characters, which a pasted text may
+/// bring along unseen, are refused too. A carriage return among them would end the command.
+std::string commandText(const QString& shown);
+
 /// The same for a text of several lines, ended by CR LF; the line is named too.
 std::string wireLines(const QString& shown);
 
