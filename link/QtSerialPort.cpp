@@ -81,6 +81,7 @@ void QtSerialPort::openDevice(const std::string& device, qint32 baudRate) {
         return lose(heldByAnother() ? deviceBusy() : m_serial.errorString().toStdString());
     if (!takeExclusively(m_serial.handle()))
         return lose(deviceBusy());
+    askForLowLatency(m_serial.handle());
     m_serial.setDataTerminalReady(false);  // a pseudo-terminal has no such line: no error
     m_serial.clear();                      // what came before is no answer to anything
 }

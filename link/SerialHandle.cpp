@@ -9,6 +9,10 @@
 
 #include <cerrno>
 #endif
+#ifdef Q_OS_LINUX
+#include <linux/serial.h>
+#include <sys/ioctl.h>
+#endif
 
 namespace zlt {
 
@@ -18,6 +22,18 @@ bool takeExclusively(SerialHandle handle) {
 #else
     (void)handle;
     return true;
+#endif
+}
+
+void askForLowLatency(SerialHandle handle) {
+#ifdef Q_OS_LINUX
+    serial_struct settings{};
+    if (ioctl(handle, TIOCGSERIAL, &settings) != 0)
+        return;
+    settings.flags |= ASYNC_LOW_LATENCY;
+    ioctl(handle, TIOCSSERIAL, &settings);
+#else
+    (void)handle;
 #endif
 }
 

@@ -2,12 +2,15 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/serial.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <QElapsedTimer>
 #include <QTest>
+#include <cstdarg>
 #include <ctime>
 #include <fstream>
 
@@ -16,6 +19,33 @@
 #include "support/FormDriver.h"
 #include "support/RealWorld.h"
 #include "support/SimulatedBus.h"
+
+namespace {
+
+/// What the program last asked of a serial driver, seen by standing in front of the library's
+/// ioctl().
+struct {
+    bool knowsSerialSettings = false;  ///< the driver answers, as a pseudo-terminal's does not
+    int flagsSet = -1;
+} serialDriver;
+
+}  // namespace
+
+extern "C" int ioctl(int handle, unsigned long request, ...) noexcept {
+    va_list arguments;
+    va_start(arguments, request);
+    void* argument = va_arg(arguments, void*);
+    va_end(arguments);
+    if (serialDriver.knowsSerialSettings && request == TIOCGSERIAL) {
+        static_cast<serial_struct*>(argument)->flags = ASYNC_SKIP_TEST;
+        return 0;
+    }
+    if (serialDriver.knowsSerialSettings && request == TIOCSSERIAL) {
+        serialDriver.flagsSet = static_cast<serial_struct*>(argument)->flags;
+        return 0;
+    }
+    return static_cast<int>(syscall(SYS_ioctl, handle, request, argument));
+}
 
 namespace zlt::test {
 namespace {
@@ -204,6 +234,14 @@ TEST_F(SystemTest, WaitsForASlowReplyButNotForASilentOne) {
     EXPECT_EQ(ask(*port, "@01DN").ending, Ending::timedOut);
     EXPECT_GE(time.elapsed(), 100);
     EXPECT_LT(time.elapsed(), 400);
+}
+
+TEST_F(SystemTest, AsksTheDriverForLowLatencyAndTakesNoForAnAnswer) {
+    openPort();  // a pseudo-terminal refuses
+    serialDriver.knowsSerialSettings = true;
+    openPort();
+    serialDriver.knowsSerialSettings = false;
+    EXPECT_EQ(serialDriver.flagsSet, ASYNC_SKIP_TEST | ASYNC_LOW_LATENCY) << "the rest as it was";
 }
 
 TEST_F(SystemTest, SettlesForAsLongAsTheCommandAsks) {
