@@ -140,7 +140,7 @@ void SelectComForm::SearchAllZLT_Click() {
 void SelectComForm::Close_Click() {
     try {
         saveSettings(typedSettings());
-    } catch (const NotLatin1& error) {
+    } catch (const std::exception& error) {
         // The operator wants to leave; what no file can hold is not saved as something else.
         services().gate.message(error.what());
     }

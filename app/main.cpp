@@ -11,7 +11,6 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zlt-panel"));
-    QApplication::setApplicationDisplayName(QStringLiteral("ZLT-R-NX-42"));
     // The start-up screen says when the program ends, and with which code.
     QApplication::setQuitOnLastWindowClosed(false);
 

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QButtonGroup>
+#include <QLabel>
 #include <QLineEdit>
 
 #include "widgets/ChoiceBox.h"
@@ -37,6 +38,7 @@ ParameterControl::ParameterControl(QWidget& screen, ParameterField field) {
         auto* pair = new QButtonGroup(&screen);
         pair->addButton(m_clearButton);
         pair->addButton(m_button);
+        m_clearButton->setChecked(true);  // in one group till now, each mark put out the last
     }
 }
 
@@ -74,6 +76,9 @@ void ParameterControl::show(const std::string& text) {
 void ParameterControl::disable(const QString& reason) {
     widget().setEnabled(false);
     widget().setToolTip(reason);
+    for (QLabel* label : widget().window()->findChildren<QLabel*>())
+        if (label->buddy() == &widget())
+            label->setEnabled(false);
 }
 
 ChangeMark::State ParameterControl::compare(const std::optional<std::string>& word) {

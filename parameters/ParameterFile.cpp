@@ -82,8 +82,8 @@ std::vector<FieldText> readLine(std::size_t place, const std::string& text) {
                 return {{line.fields.first, text}};
             break;
         case FileLine::Kind::flag:
-            if (number == 0 || number == 1)
-                return {{line.fields.first, std::to_string(*number)}};
+            if (text == "0" || text == "1")
+                return {{line.fields.first, text}};
             break;
         case FileLine::Kind::word:
             if (number)

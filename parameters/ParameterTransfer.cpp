@@ -19,11 +19,11 @@ struct ParameterTransfer::Change {
 };
 
 ParameterTransfer::ParameterTransfer(const Services& services, const LinkHandOver& handOver,
-                                     ParameterView& view)
+                                     ParameterView& view, QObject* owner)
     : m_services(services),
       m_view(view),
       m_firmware(handOver.firmware),
-      m_link(services, flavours::parameterSetup, nullptr) {
+      m_link(services, flavours::parameterSetup, nullptr, owner) {
     m_link.connection = handOver.connection;
     m_link.PortReady = handOver.PortReady;
     m_link.setCommOK(handOver.CommOK);
@@ -104,7 +104,7 @@ void ParameterTransfer::download() {
         if (step.check != LinkCheck::none && !m_link.CommOK())
             return;
     }
-    m_services.gate.message("Download Done!");
+    showResult("Download Done!");
 }
 
 void ParameterTransfer::write(const ParameterRow& parameter, const ParameterValues& values) {
@@ -154,9 +154,12 @@ void ParameterTransfer::writeBaudRate(const ParameterRow& parameter,
 
 void ParameterTransfer::carryOut(const Change& change, const ParameterRow& parameter,
                                  const ParameterValues& values) {
+    m_view.showActivity(ParameterView::Activity::writing);  // over where the question was
     const bool done = send(*writeCommand(parameter, values), parameter, values);
-    if (m_link.CommOK())
-        m_services.gate.message(done ? change.done : change.failed);
+    if (!m_link.CommOK())
+        return;
+    showResult(done ? change.done : change.failed);
+    m_view.showActivity(ParameterView::Activity::writing);
 }
 
 bool ParameterTransfer::send(std::string_view command, const ParameterRow& parameter,
@@ -185,7 +188,12 @@ void ParameterTransfer::storeToFlash() {
         m_copy.unstored = false;
         m_view.showDeviceCopy(m_copy);
     }
-    m_services.gate.message(done ? "Store to Flash done!" : "Error setting flash!");
+    showResult(done ? "Store to Flash done!" : "Error setting flash!");
+}
+
+void ParameterTransfer::showResult(std::string_view message) {
+    m_view.showActivity(ParameterView::Activity::none);
+    m_services.gate.message(message);
 }
 
 void ParameterTransfer::note(const FieldText& word) {

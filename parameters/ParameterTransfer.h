@@ -12,7 +12,9 @@ namespace zlt {
 /// exchange has shown its message and cleared the connected flag; nothing is sent after it.
 class ParameterTransfer {
  public:
-    ParameterTransfer(const Services& services, const LinkHandOver& handOver, ParameterView& view);
+    /// `owner` is the screen, for the port.
+    ParameterTransfer(const Services& services, const LinkHandOver& handOver, ParameterView& view,
+                      QObject* owner);
 
     /// Opens the port where the caller's was open. What fails here is told by the upload.
     void openPort();
@@ -44,6 +46,8 @@ class ParameterTransfer {
     bool send(std::string_view command, const ParameterRow& parameter,
               const ParameterValues& values);
     void note(const FieldText& word);
+    /// Shows how a transfer came out; the screen is at rest again by then.
+    void showResult(std::string_view message);
 
     const Services& m_services;
     ParameterView& m_view;

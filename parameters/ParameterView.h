@@ -17,8 +17,8 @@ class ParameterView {
     /// Disables a control, its state as it is, because the firmware lacks the parameter.
     virtual void disable(ParameterField field) = 0;
 
-    enum class Activity { reading, writing, storing };
-    /// A transfer begins that takes its time; the screen knows when it is over.
+    enum class Activity { none, reading, writing, storing };
+    /// A transfer begins that takes its time, or comes to its message. Paints at once.
     virtual void showActivity(Activity activity) = 0;
 
     /// The controller has said something new: marks on what differs, and what is not stored.

@@ -1,6 +1,7 @@
 #include "parameters/SetupParameters.h"
 
 #include "ui_SetupParameters.h"
+#include "widgets/FirmwareHint.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -25,7 +26,7 @@ SetupParameters::SetupParameters(const Services& services, const LinkHandOver& h
                                  QWidget* parent)
     : Screen(services, parent),
       m_ui(std::make_unique<Ui::SetupParameters>()),
-      m_transfer(services, handOver, *this),
+      m_transfer(services, handOver, *this, this),
       m_files(services, *this) {
     m_ui->setupUi(this);
     for (std::size_t place = 0; place < parameterFieldCount; ++place)
@@ -118,7 +119,7 @@ ParameterControl& SetupParameters::control(ParameterField field) {
 ParameterValues SetupParameters::values() const {
     ParameterValues values;
     for (std::size_t place = 0; place < parameterFieldCount; ++place)
-        values[static_cast<ParameterField>(place)] = wireText(m_controls[place].text());
+        values[static_cast<ParameterField>(place)] = commandText(m_controls[place].text());
     return values;
 }
 
@@ -128,9 +129,7 @@ void SetupParameters::showField(ParameterField field, const std::string& text) {
 }
 
 void SetupParameters::disable(ParameterField field) {
-    QString reason = tr("Needs firmware V%1 or later; the controller has V%2.")
-                         .arg(fieldRow(field).readFrom.number)
-                         .arg(m_transfer.firmware().number);
+    QString reason = needsFirmware(fieldRow(field).readFrom, m_transfer.firmware());
     if (m_transfer.firmware() >= fieldRow(field).writtenFrom)
         reason += tr("  Down writes it all the same.");
     control(field).disable(reason);
@@ -144,12 +143,15 @@ void SetupParameters::showActivity(Activity activity) {
             case Activity::writing:
                 return tr("Writing to the controller...");
             case Activity::storing:
+                return tr("Storing to flash...");
+            case Activity::none:
                 break;
         }
-        return tr("Storing to flash...");
+        return QString();
     };
     m_ui->activity->setText(text());
-    m_ui->activity->repaint();  // nothing is drawn while an exchange blocks
+    // Nothing is drawn while an exchange blocks, a question's box that was there included.
+    repaint();
 }
 
 void SetupParameters::showDeviceCopy(const DeviceCopy& copy) {

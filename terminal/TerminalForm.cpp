@@ -13,7 +13,7 @@ TerminalForm::TerminalForm(const Services& services, const LinkHandOver& handedO
     : Screen(services, parent),
       m_ui(std::make_unique<Ui::TerminalForm>()),
       m_handedOver(handedOver),
-      m_link(services, flavours::terminal, nullptr) {
+      m_link(services, flavours::terminal, nullptr, this) {
     m_ui->setupUi(this);
     m_link.connection = handedOver.connection;
     teachManners();

@@ -19,7 +19,7 @@ VariableForm::VariableForm(const Services& services, const LinkHandOver& handedO
     : Screen(services, parent),
       m_ui(std::make_unique<Ui::VariableForm>()),
       m_handedOver(handedOver),
-      m_link(services, flavours::variables, this) {
+      m_link(services, flavours::variables, this, this) {
     m_ui->setupUi(this);
     for (std::size_t index = 0; index < m_boxes.size(); ++index)
         m_boxes.at(index) = findChild<ReadOut*>(QStringLiteral("V%1").arg(index));

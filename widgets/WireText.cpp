@@ -28,18 +28,24 @@ std::string convert(const QString& shown, int line) {
     return wire;
 }
 
+[[noreturn]] void refuseControlCharacters() {
+    throw std::runtime_error(
+        "The text holds a line end or another control character that is not shown.  Please type it "
+        "anew.");
+}
+
 }  // namespace
 
 std::string wireText(const QString& shown) {
+    if (shown.contains(QLatin1Char('\r')) || shown.contains(QLatin1Char('\n')))
+        refuseControlCharacters();
     return convert(shown, 0);
 }
 
 std::string commandText(const QString& shown) {
     const auto isControl = [](QChar c) { return c < QLatin1Char(' ') || c == QChar(0x7F); };
     if (std::any_of(shown.begin(), shown.end(), isControl))
-        throw std::runtime_error(
-            "The text holds a line end, a tab or another control character, which no command may.  "
-            "Please type it anew.");
+        refuseControlCharacters();
     return wireText(shown);
 }
 

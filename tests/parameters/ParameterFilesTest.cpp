@@ -77,8 +77,8 @@ TEST_F(ParameterFilesTest, ReadAnyLineEndAndNothingBehindTheTwelfthLine) {
     openRead();
     for (const char* end : {"\n", "\r", "\r\n"}) {
         std::string bytes;
-        for (const char* line : {" 63", "07", "2", "100", "200", "9600", "0", "1", "+1", "0.4", "",
-                                 "x y", "thirteenth"})
+        for (const char* line :
+             {" 63", "07", "2", "100", "200", "9600", "0", "1", "1", "0", "", "x y", "thirteenth"})
             bytes += std::string(line) + end;
         write("other.par", bytes);
         openFile("other.par");
@@ -100,6 +100,7 @@ TEST_F(ParameterFilesTest, LeaveTheScreenAsItWasForADamagedFile) {
         {front, "Line 7 (name in replies) should be 0 or 1, but the file ends before it."},
         {front + "yes\r\n", "Line 7 (name in replies) should be 0 or 1, but holds \"yes\"."},
         {front + "1\r\n2\r\n", "Line 8 (limit disable) should be 0 or 1, but holds \"2\"."},
+        {front + "0.4\r\n", "Line 7 (name in replies) should be 0 or 1, but holds \"0.4\"."},
         {front + "1\r\n1\r\n\r\n", "Line 9 (auto run 0) should be 0 or 1, but holds \"\"."},
         {front + "1\r\n1\r\n1\r\n-1\r\n",
          "Line 10 (auto run 1) should be 0 or 1, but holds \"-1\"."},

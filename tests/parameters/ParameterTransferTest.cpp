@@ -230,6 +230,9 @@ TEST_F(ParameterTransferTest, KeepsAndSendsWhateverIsTyped) {
          "5");
     gate.expectMessageWith("U+2212");
     EXPECT_EQ(commandsOf("DownloadPar"), Commands{});
+    type("HCA", "7\r@01X5000");
+    gate.expectMessageWith("control character");
+    EXPECT_EQ(commandsOf("DownloadPar"), Commands{}) << "no second command behind the first";
 }
 
 TEST_F(ParameterTransferTest, TellsThatThePortIsNotOpen) {
@@ -265,6 +268,8 @@ TEST_F(ParameterTransferTest, OpensAfreshAfterALostConnection) {
     EXPECT_EQ(bus.portsOpen, 1);
     EXPECT_EQ(shown("DeviceIDCombo"), "01");
     EXPECT_EQ(shown("baudCombo"), "9600");
+    for (const char* clear : {"DirPol1", "LimPol1", "HomePol1", "dopol1", "sapol1"})
+        EXPECT_TRUE(checked(clear)) << clear;
     click(*form, "Close");
     EXPECT_EQ(bus.portsOpen, 0);
 
