@@ -27,7 +27,7 @@ int main(int argc, char** argv) {
                                  .help = help,
                                  .programEnd = programEnd,
                                  .processes = processes,
-                                 .ownFolder = QApplication::applicationDirPath().toStdU16String(),
+                                 .ownFolder = zlt::ownFolder(),
                                  .makePort = [&directory](QObject* owner) {
                                      return std::make_unique<zlt::QtSerialPort>(directory, owner);
                                  }};

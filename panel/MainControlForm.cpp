@@ -108,7 +108,10 @@ void MainControlForm::Timer1_Timer() {
 }
 
 void MainControlForm::SelectedDeviceID_Click(int index) {
+    const std::string before = m_session.link.connection.deviceId;
     m_session.switchDevice(wireText(m_ui->linkFrame->controls().SelectedDeviceID->itemText(index)));
+    if (m_session.link.connection.deviceId != before)
+        m_ui->runControlFrame->forgetRunOnBoot();
 }
 
 void MainControlForm::Command5_Click() {

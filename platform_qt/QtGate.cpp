@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScrollArea>
 
 namespace zlt {
 namespace {
@@ -42,11 +45,33 @@ class ArrowCursor {
     ArrowCursor& operator=(const ArrowCursor&) = delete;
 };
 
+/// From here on a text might not fit on a screen.
+constexpr std::size_t longText = 1500;
+constexpr int longTextLines = 18;
+
+/// Puts the box's text into a view that scrolls, so that the buttons stay on the screen.
+void makeScrollable(QMessageBox& box) {
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (!label || !grid)
+        return;
+    auto* view = new QScrollArea(&box);
+    delete grid->replaceWidget(label, view);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label->setWordWrap(true);
+    view->setWidget(label);
+    view->setWidgetResizable(true);
+    view->setFrameShape(QFrame::NoFrame);
+    view->setMinimumSize(520, 320);
+}
+
 int showBox(QMessageBox::Icon icon, const QString& title, std::string_view text,
             QMessageBox::StandardButtons buttons) {
     const ArrowCursor arrow;
     QMessageBox box(icon, title, shown(text), buttons, screenInFront());
     box.setTextFormat(Qt::PlainText);  // a reply may hold anything, "<b>" too
+    if (text.size() > longText || box.text().count(QLatin1Char('\n')) > longTextLines)
+        makeScrollable(box);
     if (buttons & QMessageBox::No)
         box.setDefaultButton(QMessageBox::No);
     return box.exec();
@@ -60,6 +85,9 @@ QString patternOf(const FileChoice& choice) {
 std::optional<std::string> showDialog(const FileChoice& choice, QFileDialog::AcceptMode mode) {
     const ArrowCursor arrow;
     QFileDialog dialog(screenInFront(), fromUtf8(choice.title));
+    // The desktop's own dialogs may refuse names that are not there, and add the suffix only
+    // behind the question about overwriting.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setAcceptMode(mode);
     // Any name passes, there or not: what to say about it is the caller's to know.
     dialog.setFileMode(QFileDialog::AnyFile);

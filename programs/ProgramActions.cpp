@@ -34,9 +34,10 @@ bool saveAsLines(const Services& services, const FileChoice& choice,
         return false;
     // An empty text leaves an empty file and says nothing.
     const auto lines = WriteTextAsLines(text());
-    if (services.files.writeWhole(*name, lines.value_or("")) || !lines)
+    if (services.files.writeWhole(*name, lines.value_or("")))
         return false;
-    services.gate.message("Save Done!");
+    if (lines)
+        services.gate.message("Save Done!");
     return true;
 }
 

@@ -31,8 +31,8 @@ class ProgramView {
 };
 
 /// Asks for a name and saves `text` under it as lines. The common rule of every program save;
-/// true when the file stands and "Save Done!" was shown. Throws NotLatin1 from `text` before
-/// anything is written.
+/// true when the file stands, which "Save Done!" says but for an empty text. Throws NotLatin1 from
+/// `text` before anything is written.
 bool saveAsLines(const Services& services, const FileChoice& choice,
                  const std::function<std::string()>& text);
 

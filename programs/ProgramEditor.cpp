@@ -1,6 +1,7 @@
 #include "programs/ProgramEditor.h"
 
 #include <QFontDatabase>
+#include <QMimeData>
 #include <QPainter>
 #include <QTextBlock>
 
@@ -75,6 +76,23 @@ void ProgramEditor::keyPressEvent(QKeyEvent* event) {
         QPlainTextEdit::keyPressEvent(event);
 }
 
+QMimeData* ProgramEditor::createMimeDataFromSelection() const {
+    // As it stands: the usual way turns a no-break space into a blank.
+    QString text = textCursor().selectedText();
+    text.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+    auto* mime = new QMimeData;
+    mime->setText(text);
+    return mime;
+}
+
+void ProgramEditor::insertFromMimeData(const QMimeData* source) {
+    // A soft break would be a line in the file and none on the screen.
+    QString text = source->text();
+    text.replace(QChar::LineSeparator, QLatin1Char('\n'));
+    textCursor().insertText(text);
+    ensureCursorVisible();
+}
+
 int ProgramEditor::numbersWidth() const {
     const auto digits = std::max<qsizetype>(3, QString::number(blockCount()).size());
     return static_cast<int>(digits) * fontMetrics().horizontalAdvance(QLatin1Char('9')) +
@@ -117,8 +135,7 @@ void ProgramEditor::paintNumbers(QPaintEvent* event) {
             block.blockNumber() == current ? QPalette::Text : QPalette::PlaceholderText;
         painter.setPen(palette().color(role));
         painter.drawText(QRectF(0, top, m_numbers->width() - numbersMargin, height),
-                         Qt::AlignRight | Qt::AlignVCenter,
-                         QString::number(block.blockNumber() + 1));
+                         Qt::AlignRight | Qt::AlignTop, QString::number(block.blockNumber() + 1));
         top += height;
     }
 }

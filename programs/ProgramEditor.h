@@ -28,6 +28,8 @@ class ProgramEditor : public QPlainTextEdit {
  protected:
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
+    void insertFromMimeData(const QMimeData* source) override;
 
  private:
     friend class LineNumbers;

@@ -9,9 +9,12 @@ void RunControl::StopProg_Click() {
     m_sendMotionCommand("ABORT");
 }
 
-bool RunControl::setRunOnBoot(bool on) {
+std::optional<bool> RunControl::setRunOnBoot(bool on) {
     m_link.SendReceive(on ? "SLOAD=1" : "SLOAD=0");
-    return replyToInteger("SLOAD", m_link.SendReceive("SLOAD")) > 0;
+    const std::string reply = m_link.SendReceive("SLOAD");
+    if (!m_link.CommOK())
+        return std::nullopt;  // the "0" of a time-out is nobody's word
+    return replyToInteger("SLOAD", reply) > 0;
 }
 
 }  // namespace zlt

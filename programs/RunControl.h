@@ -21,9 +21,9 @@ class RunControl {
     void PauseProg_Click() { m_link.SendReceive("SR=2"); }
     void ContProg_Click() { m_link.SendReceive("SR=3"); }
 
-    /// Sets the start at power-up and returns what the controller then says of it. Throws
-    /// ConversionError for a reply that is no number.
-    bool setRunOnBoot(bool on);
+    /// Sets the start at power-up and returns what the controller then says of it; nothing when
+    /// it says nothing. Throws ConversionError for a reply that is no number.
+    std::optional<bool> setRunOnBoot(bool on);
 
  private:
     PanelLink& m_link;

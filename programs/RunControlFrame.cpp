@@ -29,7 +29,13 @@ void RunControlFrame::connectTo(Handlers& handlers, RunControl& control,
 
 void RunControlFrame::runOnBoot_Click(RunControl& control, bool on) {
     showRunOnBoot(m_runOnBoot);  // the click's own mark says nothing yet
-    m_runOnBoot = control.setRunOnBoot(on);
+    if (const auto said = control.setRunOnBoot(on))
+        m_runOnBoot = said;
+    showRunOnBoot(m_runOnBoot);
+}
+
+void RunControlFrame::forgetRunOnBoot() {
+    m_runOnBoot.reset();
     showRunOnBoot(m_runOnBoot);
 }
 

@@ -20,6 +20,13 @@ std::string nameOf(std::string_view file) {
     return std::string(file.substr(file.find_last_of('\\') + 1));
 }
 
+ToolError noResult(const Tool& tool, bool crashed, std::string_view result) {
+    return ToolError("The tool " + nameOf(tool.path) +
+                     (crashed ? " ended by a fault before it wrote its result, the file "
+                              : " ended without writing its result, the file ") +
+                     nameOf(result) + ".");
+}
+
 }  // namespace
 
 fs::path ToolRunner::pathOf(std::string_view file) const {
@@ -85,16 +92,15 @@ void ToolRunner::RunToolAndWait(const Tool& tool, std::string_view result) {
         throw;
     }
     if (!read(result))
-        throw ToolError("The tool " + nameOf(tool.path) +
-                        (crashed ? " ended by a fault before it wrote its result, the file "
-                                 : " ended without writing its result, the file ") +
-                        nameOf(result) + ".");
+        throw noResult(tool, crashed, result);
 }
 
 void ToolRunner::runUnchecked(const Tool& tool, std::string_view leftOver) {
     removeLeftOver(leftOver);
     bool crashed = false;
     start(tool, crashed);
+    if (crashed && !read(leftOver))
+        throw noResult(tool, crashed, leftOver);
 }
 
 bool ToolRunner::CheckToolResult(std::string_view result) {

@@ -56,7 +56,8 @@ class ToolRunner {
     /// way before; it is put back where the tool did not even start. Throws ToolError when
     /// the tool is missing, does not start, or leaves no `result`.
     void RunToolAndWait(const Tool& tool, std::string_view result);
-    /// The same for a run whose result is not looked at; `leftOver` is removed before it.
+    /// The same for a run whose result is not looked at: `leftOver` is removed before it, and
+    /// only a tool that ended by a fault must have written it anew.
     void runUnchecked(const Tool& tool, std::string_view leftOver);
 
     /// Judges a result file by its first line and shows the one message: "Done!", or the

@@ -70,6 +70,8 @@ void XThreadForm::Timer1_Timer() {
     m_ui->ProgIndex1->showReply(m_link.SendReceive("SPC1"));
     showState("SASTAT0", *m_ui->ProgStatus0);
     showState("SASTAT1", *m_ui->ProgStatus1);
+    for (ReadOut* value : findChildren<ReadOut*>())
+        value->setLive(m_link.CommOK());
     if (m_link.lossReported())
         m_timer1.stop();
     else

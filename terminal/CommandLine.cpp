@@ -1,19 +1,13 @@
 #include "terminal/CommandLine.h"
 
 #include <QKeyEvent>
-#include <stdexcept>
 
 #include "widgets/WireText.h"
 
 namespace zlt {
 
 std::string CommandLine::command() const {
-    std::string wire = wireText(text());
-    if (wire.find_first_of("\r\n") != std::string::npos)
-        throw std::invalid_argument(
-            "A command is one line, and this holds several.  "
-            "Nothing was sent.");
-    return wire;
+    return commandText(text());
 }
 
 void CommandLine::keyPressEvent(QKeyEvent* event) {

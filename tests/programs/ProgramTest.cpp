@@ -108,6 +108,7 @@ TEST_F(ProgramTest, AnswersEachNameOfAFileInItsWay) {
     gate.expectSaveDialog(saveChoice, "empty.prg");
     click(form, "SaveProg");
     EXPECT_EQ(file("empty.prg"), "");
+    EXPECT_EQ(title(), "Program");
 
     editor().setPlainText(QStringLiteral("a\nb \u20AC"));
     put("old.prg", "old");
@@ -314,6 +315,10 @@ TEST_F(ProgramTest, UploadsIntoTheBox) {
               "FIL:CompileOut.txt\r\nMOD:ZLT-R-NX-42\r\n");
     EXPECT_EQ(program(), "FAILED\r\nno image\r\n");
     editor().undo();
+    EXPECT_EQ(program(), "before");
+    tools.run = [](const std::string&) { return ProcessEnd{Kind::crashed, {}}; };
+    gate.expectMessageWith("The tool SA_Download_Upload ended by a fault");
+    click(form, "UploadSAP");
     EXPECT_EQ(program(), "before");
     EXPECT_EQ(bus.portsOpen, 1);
     EXPECT_TRUE(polls());

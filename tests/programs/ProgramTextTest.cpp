@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QTest>
 
 #include "platform/Latin1.h"
@@ -77,6 +79,25 @@ TEST(ProgramEditor, SelectsALineWithTheBreakBeforeIt) {
     EXPECT_EQ(selected(4), std::pair(8, 13));
     for (const int none : {0, -1, 5, 32767, -32768})
         EXPECT_EQ(selected(none), std::pair(0, 0)) << none;
+}
+
+TEST(ProgramEditor, KeepsEveryCharacterWhenCutAndPasted) {
+    ProgramEditor editor;
+    editor.setProgram(
+        "A\xA0"
+        "B\r\nC");
+    editor.selectAll();
+    editor.cut();
+    EXPECT_EQ(editor.program(), "");
+    editor.paste();
+    EXPECT_EQ(editor.program(),
+              "A\xA0"
+              "B\r\nC");
+    QGuiApplication::clipboard()->setText(QStringLiteral("1\u20282\r\n3"));
+    editor.selectAll();
+    editor.paste();
+    EXPECT_EQ(editor.program(), "1\r\n2\r\n3");
+    EXPECT_EQ(editor.blockCount(), 3) << "the lines shown are the lines compiled";
 }
 
 TEST(ProgramEditor, EndsALineWithEveryBreakTyped) {

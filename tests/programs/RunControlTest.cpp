@@ -60,7 +60,12 @@ TEST_F(RunControlTest, ShowsTheControllersWordOnRunOnBoot) {
         EXPECT_EQ(checked("RunOnBootOn"), row.on) << row.reply;
         EXPECT_EQ(checked("RunOnBootOff"), !row.on) << row.reply;
     }
+    bus.silent = true;
+    click(form, "RunOnBootOff");
+    EXPECT_TRUE(checked("RunOnBootOn")) << "silence is nobody's word";
+    bus.silent = false;
     bus.replies["SLOAD"] = "maybe";
+    tick(form, "Timer1");
     gate.expectMessage("The reply to the command SLOAD is not a number: \"maybe\"");
     click(form, "RunOnBootOff");
     EXPECT_TRUE(checked("RunOnBootOn")) << "the pair as it was";
@@ -68,6 +73,8 @@ TEST_F(RunControlTest, ShowsTheControllersWordOnRunOnBoot) {
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Up})
         press(form, "RunOnBootOn", key);
     EXPECT_EQ(bus.takeCommands(), Commands{}) << "arrow keys select nothing here";
+    choose(form, "SelectedDeviceID", "02");
+    EXPECT_FALSE(checked("RunOnBootOn") || checked("RunOnBootOff")) << "another controller";
 }
 
 TEST_F(RunControlTest, OpensTheThreadScreenFromFirmware322On) {
@@ -148,9 +155,14 @@ TEST_F(XThreadFormTest, AsksOnWhileTheControllerIsSilentAndLeavesRoomToClose) {
     EXPECT_EQ(textOf(form, "ProgIndex0"), "0");
     EXPECT_EQ(textOf(form, "ProgStatus0"), "Idle");
     EXPECT_EQ(control<QTimer>(form, "Timer1").interval(), 500);
+    const auto colour = [&] {
+        return control<QWidget>(form, "ProgStatus0").palette().color(QPalette::Text);
+    };
+    const QColor dimmed = colour();
     bus.silent = false;
     tick(form, "Timer1");
     EXPECT_EQ(control<QTimer>(form, "Timer1").interval(), 1);
+    EXPECT_NE(colour(), dimmed);
     click(form, "Command1");
     EXPECT_EQ(bus.portsOpen, 0);
 }

@@ -139,7 +139,7 @@ TEST_F(TerminalFormTest, RefusesWhatTheWireCannotCarry) {
     QApplication::clipboard()->setText(QStringLiteral("PX\r\nABORT"));
     line().clear();
     line().paste();
-    gate.expectMessageWith("A command is one line");
+    gate.expectMessageWith("control character");
     press(form, "SendText", Qt::Key_Return);
     EXPECT_TRUE(bus.requests.empty());
 }
