@@ -63,8 +63,7 @@ void SelectComForm::Form_Load() {
 void SelectComForm::fillBoxes() {
     for (PortNumber number{1}; number.value <= portCount; ++number.value)
         m_ui->combo->addItem(shownText(portText(number)));
-    for (const char* baudRate : {"9600", "19200", "38400", "57600", "115200"})
-        m_ui->baudCom->addItem(QLatin1String(baudRate));
+    addBaudRates(*m_ui->baudCom);
     addDeviceIds(*m_ui->DeviceIDCombo);
 }
 

@@ -12,7 +12,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::array<std::string_view, 5> baudRates{"9600", "19200", "38400", "57600", "115200"};
 constexpr int highestId = 9;
 
 // Progress, in steps of the bar.
@@ -23,6 +22,8 @@ constexpr int perUsablePort = perPort + perRate * static_cast<int>(baudRates.siz
 
 /// An instrument that streams must not hold the search.
 constexpr std::size_t probeCharacters = 4096;
+/// An instrument that streams slowly must not hold a probe either: about a second of waiting.
+constexpr int probeEmptyReads = 500;
 
 std::string settingsText(std::string_view baudRate) {
     return std::string(baudRate) + ",N,8,1";
@@ -131,17 +132,22 @@ DeviceSearch::State DeviceSearch::probe() {
 /// Reads lines until the line falls silent, or until a device answered and no more is wanted.
 bool DeviceSearch::listen() {
     bool answered = false;
-    for (std::size_t left = probeCharacters; left > 0;) {
-        const Reading reading = readReply(
-            m_port, {.emptyReadsAllowed = 30, .emptyReadWait = 2ms, .charactersAllowed = left});
+    ReadRule rule{.emptyReadsAllowed = 30,
+                  .emptyReadWait = 2ms,
+                  .charactersAllowed = probeCharacters,
+                  .emptyReadsInAllAllowed = probeEmptyReads};
+    while (rule.charactersAllowed > 0) {
+        const Reading reading = readReply(m_port, rule);
         if (reading.ending != Ending::reply)
             break;
-        if (reading.text.find(deviceNamePrefix) != std::string::npos) {
-            answered = true;
-            if (m_mode == SearchMode::firstFound)
-                break;
-        }
-        left -= std::min(left, reading.text.size() + 1);
+        // Behind a find it goes on as if nothing had come, the count of empty reads too.
+        const bool found = reading.text.find(deviceNamePrefix) != std::string::npos;
+        rule.emptyReadsBefore = found ? reading.emptyReadsAtEnd : 0;
+        answered = answered || found;
+        if (found && m_mode == SearchMode::firstFound)
+            break;
+        rule.charactersAllowed -= std::min(rule.charactersAllowed, reading.text.size() + 1);
+        rule.emptyReadsInAllAllowed -= reading.emptyReadsInAll;
     }
     return answered;
 }

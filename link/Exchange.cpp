@@ -18,16 +18,17 @@ Reading readReply(Port& port, const ReadRule& rule, const std::function<void(cha
     const bool byLine = rule.end == EndOfReply::atEndMark;
     std::string text;
     std::size_t characters = 0;
-    int emptyReads = 0;
+    int emptyReads = rule.emptyReadsBefore;
+    int emptyReadsInAll = 0;
     for (;;) {
         char character = 0;
         switch (port.read(character)) {
             case PortInput::lost:
                 return {Ending::portLost, {}};
             case PortInput::character:
-                emptyReads = 0;
                 if (byLine && character == carriageReturn)
-                    return {Ending::reply, std::move(text)};
+                    return {Ending::reply, std::move(text), emptyReads, emptyReadsInAll};
+                emptyReads = 0;
                 if (++characters > rule.charactersAllowed)
                     return {Ending::timedOut, {}};
                 if (text.size() < replyTextKept) {
@@ -41,7 +42,8 @@ Reading readReply(Port& port, const ReadRule& rule, const std::function<void(cha
                     return endedBySilence(std::move(text));
                 if (port.waitForInput(rule.emptyReadWait) == PortInput::lost)
                     return {Ending::portLost, {}};
-                if (++emptyReads > rule.emptyReadsAllowed)
+                if (++emptyReads > rule.emptyReadsAllowed ||
+                    ++emptyReadsInAll > rule.emptyReadsInAllAllowed)
                     return {Ending::timedOut, {}};
                 break;
         }

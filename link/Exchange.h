@@ -22,8 +22,10 @@ struct ReadRule {
     EndOfReply end = EndOfReply::atEndMark;
     int emptyReadsAllowed = 100;                 ///< one more in a row is a time-out
     std::chrono::milliseconds emptyReadWait{1};  ///< ended early by a character
-    /// So many characters without an end are a time-out.
+    /// So many characters without an end, or empty reads in all, are a time-out.
     std::size_t charactersAllowed = std::numeric_limits<std::size_t>::max();
+    int emptyReadsInAllAllowed = std::numeric_limits<int>::max();
+    int emptyReadsBefore = 0;  ///< where the count begins
 };
 
 enum class Ending { reply, timedOut, portLost };
@@ -32,6 +34,8 @@ enum class Ending { reply, timedOut, portLost };
 struct Reading {
     Ending ending = Ending::timedOut;
     std::string text;
+    int emptyReadsAtEnd = 0;  ///< the count when the carriage return came
+    int emptyReadsInAll = 0;
 };
 
 /// A reply's text is kept up to here while a line that never ends is waited for.

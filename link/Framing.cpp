@@ -21,6 +21,10 @@ std::string_view ReplyHeaderStrip(std::string_view line) {
     return line;
 }
 
+std::string_view behindDeviceNamePrefix(std::string_view reply, std::size_t count) {
+    return reply.substr(std::min(deviceNamePrefix.size(), reply.size()), count);
+}
+
 bool isDeviceName(std::string_view reply) {
     return reply.starts_with(deviceNamePrefix);
 }

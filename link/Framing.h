@@ -18,6 +18,10 @@ std::string frameRequest(std::string_view deviceId, std::string_view command);
 /// characters behind it, any other is returned whole.
 std::string_view ReplyHeaderStrip(std::string_view line);
 
+/// What stands behind the prefix in a "DN" reply, `count` characters at the most: the two
+/// digits of the device ID in a proper name. Whatever the reply is, it is not judged.
+std::string_view behindDeviceNamePrefix(std::string_view reply, std::size_t count);
+
 /// Whether a "DN" reply is the name of one of our controllers.
 bool isDeviceName(std::string_view reply);
 

@@ -85,6 +85,14 @@ Ending ScreenLink::converse(const RawRequest& request) {
 std::string ScreenLink::fail(const Reaction& reaction, std::string_view command, Ending ending) {
     const bool lost = ending == Ending::portLost;
     m_lossReported = lost;
+    const auto clearFlags = [&] {
+        if (lost)
+            PortReady = false;
+        setCommOK(false);
+    };
+    // Where the program goes on, what the screen shows is dimmed behind the message already.
+    if (!reaction.endsProgram)
+        clearFlags();
     if (!reaction.message.empty()) {
         std::string text(reaction.message);
         if (reaction.appended == Reaction::Appended::command)
@@ -94,9 +102,8 @@ std::string ScreenLink::fail(const Reaction& reaction, std::string_view command,
         m_services.gate.message(text);
     }
 
-    if (lost)
-        PortReady = false;
-    setCommOK(false);
+    if (reaction.endsProgram)
+        clearFlags();
     if (m_listener) {
         if (lost)
             m_listener->portLost();

@@ -34,8 +34,12 @@ void SearchCom::Form_Load() {
 
 void SearchCom::StatusTimer_Timer() {
     const DeviceSearch::State state = m_search.step();
-    if (state == DeviceSearch::State::running)
+    if (state == DeviceSearch::State::running) {
+        // Behind a long step the next tick is overdue already: a waiting Cancel goes first.
+        if (m_statusTimer.remainingTime() == 0)
+            m_statusTimer.start();
         return;
+    }
     m_statusTimer.stop();
     m_noPort = state == DeviceSearch::State::noPort;
     if (m_noPort)

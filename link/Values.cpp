@@ -18,6 +18,12 @@ PortNumber portNumberFromText(std::string_view text) {
     return {text.back() - '0'};
 }
 
+std::optional<std::string_view> baudRateOfCode(std::int32_t code) {
+    if (code < 1 || code > static_cast<std::int32_t>(baudRates.size()))
+        return std::nullopt;
+    return baudRates[static_cast<std::size_t>(code - 1)];
+}
+
 FirmwareVersion firmwareVersion(std::string_view command, std::string_view versionText) {
     const std::string_view digits = versionText.size() > 1 ? versionText.substr(1, 3) : "";
     if (const auto number = parseInteger(digits))

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
 #include <compare>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,6 +40,13 @@ inline constexpr FirmwareVersion firmwareWithSecondThread{322};
 /// The number in a version text, its second to fourth character. Throws ConversionError
 /// naming `command`, whose reply the text is, when they are no number.
 FirmwareVersion firmwareVersion(std::string_view command, std::string_view versionText);
+
+/// The baud rates a controller knows, as texts, in the order of its "DB" codes 1 to 5.
+inline constexpr std::array<std::string_view, 5> baudRates{"9600", "19200", "38400", "57600",
+                                                           "115200"};
+
+/// The baud rate behind a "DB" code; nothing for a code that stands for none.
+std::optional<std::string_view> baudRateOfCode(std::int32_t code);
 
 /// What a controller is reached with. The texts are the operator's own, unchecked (Latin-1).
 struct Connection {

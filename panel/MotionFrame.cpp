@@ -70,6 +70,13 @@ void MotionFrame::showDriverEnabled(bool enabled) {
 
 void MotionFrame::showDemo(bool on) {
     m_ui->Command5->setChecked(on);
+    // A pressed look alone can hardly be told apart in a dark palette.
+    QPalette colours;
+    if (on) {
+        colours.setColor(QPalette::Button, palette().color(QPalette::Highlight));
+        colours.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
+    }
+    m_ui->Command5->setPalette(colours);
 }
 
 void MotionFrame::showLive(bool live) {

@@ -67,8 +67,7 @@ void PanelSession::readOnce() {
     readVersion();
     m_view.showIdentity(ask("ID"));
     const std::string name = ask("DN");
-    const std::size_t prefix = deviceNamePrefix.size();
-    m_view.showSelectedDevice(name.size() > prefix ? name.substr(prefix, 5) : std::string());
+    m_view.showSelectedDevice(behindDeviceNamePrefix(name, 5));
     m_view.showSpeed(ask("HSPD"));
     m_view.showAcceleration(ask("ACC"));
 }

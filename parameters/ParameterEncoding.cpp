@@ -6,31 +6,23 @@
 namespace zlt {
 namespace {
 
-/// By code, from 1 up.
-constexpr std::array<std::int32_t, 5> baudRates{9600, 19200, 38400, 57600, 115200};
-
 const char* flag(bool set) {
     return set ? "1" : "0";
 }
 
-FieldText baudRateOfCode(std::int32_t code) {
-    if (code >= 1 && code <= static_cast<std::int32_t>(baudRates.size()))
-        return {ParameterField::baudRate,
-                std::to_string(baudRates[static_cast<std::size_t>(code - 1)])};
+FieldText baudRateField(std::int32_t code) {
+    if (const auto rate = baudRateOfCode(code))
+        return {ParameterField::baudRate, std::string(*rate)};
     return {ParameterField::baudRate, "code " + std::to_string(code), false};
 }
 
+/// By number: "09600" is 9600 too.
 std::optional<std::string> codeOfBaudRate(std::string_view text) {
-    const auto rate = parseInteger(text);
-    for (std::size_t place = 0; place < baudRates.size(); ++place)
-        if (rate == baudRates[place])
+    const auto wanted = parseInteger(text);
+    for (std::size_t place = 0; wanted && place < baudRates.size(); ++place)
+        if (wanted == parseInteger(baudRates[place]))
             return std::to_string(place + 1);
     return std::nullopt;
-}
-
-std::string deviceIdOfName(std::string_view name) {
-    const std::size_t prefix = deviceNamePrefix.size();
-    return name.size() > prefix ? std::string(name.substr(prefix, 2)) : std::string();
 }
 
 }  // namespace
@@ -56,7 +48,7 @@ std::vector<FieldText> fieldsOfReply(const ParameterRow& parameter, std::string_
         case Encoding::text:
             return {{field, std::string(reply)}};
         case Encoding::deviceName:
-            return {{field, deviceIdOfName(reply)}};
+            return {{field, std::string(behindDeviceNamePrefix(reply, 2))}};
         default:
             break;
     }
@@ -67,7 +59,7 @@ std::vector<FieldText> fieldsOfReply(const ParameterRow& parameter, std::string_
         case Encoding::one:
             return {{field, flag(number == 1)}};
         case Encoding::baudCode:
-            return {baudRateOfCode(number)};
+            return {baudRateField(number)};
         default:
             return fieldsOfWord(number, parameter.fields);
     }

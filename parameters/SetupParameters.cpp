@@ -64,8 +64,7 @@ void SetupParameters::Form_Load() {
 
 void SetupParameters::fillBoxes() {
     addDeviceIds(*m_ui->DeviceIDCombo);
-    for (const char* baudRate : {"9600", "19200", "38400", "57600", "115200"})
-        m_ui->baudCombo->addItem(QLatin1String(baudRate));
+    addBaudRates(*m_ui->baudCombo);
     for (int current = 100; current <= 1500; current += 100) {
         m_ui->RunCurrentSelect->addItem(QString::number(current));
         m_ui->IdleCurrentSelect->addItem(QString::number(current));

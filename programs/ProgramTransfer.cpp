@@ -1,6 +1,5 @@
 #include "programs/ProgramTransfer.h"
 
-#include <array>
 #include <chrono>
 
 #include "link/Framing.h"
@@ -15,13 +14,10 @@ using namespace std::chrono_literals;
 /// The line and the adapter come to rest around the hand-over to the downloader.
 constexpr auto handOverWait = 100ms;
 
-/// The baud rate behind a "DB" reply; empty for a code that stands for none.
+/// The baud rate behind a "DB" reply; empty for one that stands for none.
 std::string baudTextOf(std::string_view reply) {
-    constexpr std::array<const char*, 5> rates{"9600", "19200", "38400", "57600", "115200"};
     const auto code = parseInteger(reply);
-    if (!code || *code < 1 || *code > static_cast<int>(rates.size()))
-        return {};
-    return rates[static_cast<std::size_t>(*code - 1)];
+    return std::string(code ? baudRateOfCode(*code).value_or("") : "");
 }
 
 }  // namespace
@@ -29,8 +25,7 @@ std::string baudTextOf(std::string_view reply) {
 ProgramTransfer::Target ProgramTransfer::askTarget() {
     const std::string name = m_link.SendReceive("DN");
     const std::string code = m_link.SendReceive("DB");
-    const std::size_t prefix = deviceNamePrefix.size();
-    return {name.size() > prefix ? name.substr(prefix, 2) : std::string(), baudTextOf(code)};
+    return {std::string(behindDeviceNamePrefix(name, 2)), baudTextOf(code)};
 }
 
 void ProgramTransfer::writeSetup(const Target& target, const char* operation, const char* lines) {

@@ -52,12 +52,12 @@ void TerminalForm::SendText_Enter() {
     m_lastCommand = m_ui->SendText->text();
     if (command.empty())
         return;
-    m_history.add(m_lastCommand.toStdString());
     m_ui->SendText->clear();
     m_ui->SendText->repaint();
     const auto address = readAddress(*m_ui->DeviceID, services().gate);
     if (!address)
         return;
+    m_history.add(m_lastCommand.toStdString());
     talkInTranscript(m_link, *address, command, *m_ui->Pad);
     m_ui->Pad->placeCaret();
     m_ui->SendText->setFocus();

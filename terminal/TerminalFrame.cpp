@@ -31,10 +31,12 @@ void TerminalFrame::showLive(bool live) {
 }
 
 void TerminalFrame::SendTerminalText_Enter() {
-    const std::string command = m_ui->SendTerminalText->command();
-    if (!m_link->CommOK() || command.empty())
+    if (!m_link->CommOK())
         return;
-    const std::string address = wireText(m_ui->DeviceIDComboTerminal->currentText());
+    const std::string command = m_ui->SendTerminalText->command();
+    if (command.empty())
+        return;
+    const std::string address = commandText(m_ui->DeviceIDComboTerminal->currentText());
     talkInReplyBox(*m_link, address, command, *this);
 }
 

@@ -47,7 +47,9 @@ void Transcript::showPending() {
 void Transcript::placeCaret() {
     QTextCursor caret(document());
     caret.movePosition(QTextCursor::End);
-    caret.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
+    caret.movePosition(QTextCursor::PreviousCharacter);
+    caret.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    caret.setKeepPositionOnInsert(true);  // what comes next is no part of the selection
     setTextCursor(caret);
 }
 

@@ -48,6 +48,11 @@ void VariableForm::Form_Load() {
     });
 }
 
+void VariableForm::showEvent(QShowEvent* event) {
+    Screen::showEvent(event);
+    m_ui->SendText->setFocus();
+}
+
 void VariableForm::Timer1_Timer() {
     const bool live = m_link.CommOK();
     for (std::size_t index = 0; index < m_boxes.size(); ++index)

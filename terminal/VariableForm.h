@@ -27,6 +27,9 @@ class VariableForm : public Screen, private LinkListener {
     /// handler.
     void Form_Load();
 
+ protected:
+    void showEvent(QShowEvent* event) override;
+
  private:
     void Timer1_Timer();
     void SendText_Enter();

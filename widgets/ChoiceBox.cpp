@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QSignalBlocker>
 
+#include "link/Values.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -71,6 +72,12 @@ EditableChoiceBox::EditableChoiceBox(QWidget* parent) : QComboBox(parent) {
 
 void EditableChoiceBox::showText(std::string_view text) {
     showIn(*this, text);
+}
+
+void addBaudRates(QComboBox& box) {
+    const QSignalBlocker silent(&box);
+    for (const std::string_view rate : baudRates)
+        box.addItem(shownText(rate));
 }
 
 void addDeviceIds(QComboBox& box) {

@@ -35,6 +35,9 @@ class EditableChoiceBox : public QComboBox {
     void showText(std::string_view text);
 };
 
+/// Fills a box with the baud rates.
+void addBaudRates(QComboBox& box);
+
 /// Fills a box with "01" to "99".
 void addDeviceIds(QComboBox& box);
 

@@ -89,7 +89,7 @@ TEST_F(TerminalFormTest, WritesDownBothSidesAsTheyWere) {
         EXPECT_EQ(textOf(form, "SendText"), "");
         EXPECT_TRUE(line().hasFocus());
         const QTextCursor caret = pad().textCursor();
-        EXPECT_EQ(caret.position(), pad().document()->characterCount() - 2);
+        EXPECT_EQ(caret.selectionStart(), pad().document()->characterCount() - 2);
         EXPECT_EQ(caret.selectedText(), QString(QChar::ParagraphSeparator));
     }
     click(form, "Close");
@@ -105,7 +105,10 @@ TEST_F(TerminalFormTest, ShowsTheRequestBeforeThePauseAndTheMarkBehindIt) {
     for (const auto& [command, pause] : table) {
         watched.slept = 0ms;
         std::string shown;
-        watched.look = [&] { shown = pad().toPlainText().toStdString(); };
+        watched.look = [&] {
+            shown = pad().toPlainText().toStdString();
+            EXPECT_FALSE(pad().textCursor().selectedText().contains(QLatin1Char('@')));
+        };
         talk(command);
         EXPECT_EQ(watched.slept, pause) << command;
         if (pause > 0ms) {
@@ -116,7 +119,7 @@ TEST_F(TerminalFormTest, ShowsTheRequestBeforeThePauseAndTheMarkBehindIt) {
 
 TEST_F(TerminalFormTest, SendsNothingToAMalformedAddress) {
     open();
-    for (const char* typed : {"", "-1", "100", "1a",
+    for (const char* typed : {"", "-1", "100", "1a", "-0.4", "0.6", "-0",
                               "\xE2\x88\x92"
                               "5",
                               "99999999999"}) {
