@@ -6,7 +6,8 @@
 namespace zlt {
 namespace {
 
-/// The drawing's own units: a square flange of 100 by 100 around the shaft.
+/// The drawing's own units: a square flange of 100 by 100 around the shaft. The icon in
+/// packaging/zlt-panel.svg is the same drawing.
 constexpr qreal extent = 124;
 
 void drawFlange(QPainter& painter) {
@@ -51,19 +52,35 @@ void drawArrow(QPainter& painter) {
     painter.drawPolygon(QPolygonF({{22 - 7, 0}, {22 + 7, 0}, {22, -11}}));
 }
 
-}  // namespace
-
-void Picture::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
+void drawMotor(QPainter& painter, QSizeF size) {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(width() / 2.0, height() / 2.0);
-    const qreal scale = std::min(width(), height()) / extent;
+    painter.translate(size.width() / 2, size.height() / 2);
+    const qreal scale = std::min(size.width(), size.height()) / extent;
     painter.scale(scale, scale);
     painter.setPen(Qt::NoPen);
     drawFlange(painter);
     drawTeeth(painter);
     drawShaft(painter);
     drawArrow(painter);
+}
+
+}  // namespace
+
+void Picture::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    drawMotor(painter, size());
+}
+
+QIcon Picture::icon() {
+    QIcon icon;
+    for (const int side : {16, 24, 32, 48, 64, 128}) {
+        QPixmap pixmap(side, side);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        drawMotor(painter, pixmap.size());
+        icon.addPixmap(pixmap);
+    }
+    return icon;
 }
 
 }  // namespace zlt

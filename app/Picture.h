@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QWidget>
 
 namespace zlt {
@@ -10,6 +11,9 @@ class Picture : public QWidget {
 
  public:
     explicit Picture(QWidget* parent = nullptr) : QWidget(parent) {}
+
+    /// The same motor, for windows and task bars.
+    static QIcon icon();
 
     QSize sizeHint() const override { return {150, 180}; }
     QSize minimumSizeHint() const override { return {120, 150}; }

@@ -1,5 +1,6 @@
 #include <QApplication>
 
+#include "app/Picture.h"
 #include "app/SelectComForm.h"
 #include "link/QtSerialPort.h"
 #include "platform_qt/QtFiles.h"
@@ -11,6 +12,9 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zlt-panel"));
+    QApplication::setApplicationDisplayName(QStringLiteral("ZLT-R-NX-42"));
+    QApplication::setDesktopFileName(QStringLiteral("org.example.zltpanel"));
+    QApplication::setWindowIcon(zlt::Picture::icon());
     // The start-up screen says when the program ends, and with which code.
     QApplication::setQuitOnLastWindowClosed(false);
 
