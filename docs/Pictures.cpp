@@ -143,8 +143,12 @@ void Walk::startUp(SelectComForm& form) {
 }
 
 void Walk::search(QWidget& form) {
-    waitForText(form, "ProgressLabel", "Trying Port 1, Baud:9600 ID:04");
+    while (textOf(form, "ProgressLabel") != "Trying Port 1, Baud:9600 ID:04")
+        tick(form, "StatusTimer");
+    auto& timer = control<QTimer>(form, "StatusTimer");
+    timer.stop();  // it holds still for the picture
     take(form, "search");
+    timer.start();
 }
 
 void Walk::panel(QWidget& form) {
