@@ -12,7 +12,6 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zlt-panel"));
-    QApplication::setApplicationDisplayName(QStringLiteral("ZLT-R-NX-42"));
     QApplication::setDesktopFileName(QStringLiteral("org.example.zltpanel"));
     QApplication::setWindowIcon(zlt::Picture::icon());
     // The start-up screen says when the program ends, and with which code.
