@@ -7,12 +7,10 @@
 #include <string_view>
 #include <vector>
 
+#include "link/PortList.h"
 #include "link/Values.h"
 
 namespace zlt {
-
-/// The optional port list, in the current directory.
-inline constexpr std::string_view portListFileName = "zlt-r-485.ports";
 
 /// A serial device of this machine. Texts are UTF-8.
 struct SerialDevice {
@@ -27,12 +25,6 @@ struct PortEntry {
     std::string device;
     std::string maker;
 };
-
-/// The port numbers of a port list's text: lines such as "COM3=/dev/ttyUSB0", where a name
-/// without a folder is one in /dev. Blank lines and
-/// lines beginning with "#" are skipped, so are lines that make no sense; of two lines for
-/// one port the last holds.
-std::map<PortNumber, std::string> parsePortList(std::string_view text);
 
 /// The devices in the order in which they take the numbers from 1 up: built-in ports first,
 /// then USB adapters in an order that does not depend on when they were plugged in.

@@ -4,8 +4,8 @@
 #include <system_error>
 
 #include "platform/Latin1.h"
-#include "platform/Lines.h"
-#include "platform/NumberConversion.h"
+#include "programs/ProgramText.h"
+#include "programs/ToolResult.h"
 
 namespace zlt {
 namespace {
@@ -104,35 +104,24 @@ void ToolRunner::runUnchecked(const Tool& tool, std::string_view leftOver) {
 }
 
 bool ToolRunner::CheckToolResult(std::string_view result) {
-    const auto lines = splitLines(read(result).value_or(""));
-    const std::string status = lines.empty() ? "" : lines.front();
-    const bool failed =
-        status.find("FAILED") != std::string::npos || status.find("Failed") != std::string::npos;
-    if (!failed) {
+    const std::string text = read(result).value_or("");
+    if (!saysFailed(text)) {
         m_services.gate.message("Done!");
         return true;
     }
-    std::string text;
-    for (const std::string& line : lines)
-        text += line + "\r\n";
-    m_services.gate.message(utf8FromLatin1(text));
+    m_services.gate.message(utf8FromLatin1(textOfLines(text)));
     return false;
 }
 
 int ToolRunner::CountCompiledLines() const {
-    return static_cast<int>(splitLines(read(toolfiles::compiled).value_or("")).size()) - 1;
+    return compiledLineCount(read(toolfiles::compiled).value_or(""));
 }
 
 int ToolRunner::ReadCompileErrorLine() const {
-    constexpr std::size_t numberFrom = 6;  // counted from 0: the 7th character
-    std::string named;
-    for (const std::string& line : splitLines(read(toolfiles::compiled).value_or("")))
-        if (line.find("Line") != std::string::npos)
-            named = line.size() > numberFrom ? line.substr(numberFrom) : std::string();
-    const auto number = parseInteger(named);
-    if (!number || *number < INT16_MIN || *number > INT16_MAX)
+    const auto line = compileErrorLine(read(toolfiles::compiled).value_or(""));
+    if (!line)
         throw ToolError("The compiler's result names no program line that it stumbled over.");
-    return *number;
+    return *line;
 }
 
 }  // namespace zlt
