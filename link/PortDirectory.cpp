@@ -90,9 +90,9 @@ void PortDirectory::refresh() {
     m_fromList = std::filesystem::exists(m_portList, unknown);
     if (m_fromList) {
         for (const auto& [number, path] : parsePortList(readText(m_portList))) {
-            const auto known = std::find_if(devices.begin(), devices.end(), [&](const auto& d) {
-                return d.path == canonicalDevice(path);
-            });
+            const std::string device = canonicalDevice(path);
+            const auto known = std::find_if(devices.begin(), devices.end(),
+                                            [&](const auto& d) { return d.path == device; });
             m_entries[number] = {path, known == devices.end() ? std::string() : known->maker};
         }
         return;
