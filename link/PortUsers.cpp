@@ -100,6 +100,7 @@ std::vector<PortUser> otherUsersOf(const std::string& deviceName) {
     processes.erase(static_cast<int>(getpid()));
 
     std::vector<PortUser> users;
+    users.reserve(processes.size());
     for (const int process : processes)
         users.push_back({firstLine(fs::path("/proc") / std::to_string(process) / "comm"), process});
     return users;

@@ -17,7 +17,7 @@ RunControlFrame::RunControlFrame(QWidget* parent)
 RunControlFrame::~RunControlFrame() = default;
 
 void RunControlFrame::connectTo(Handlers& handlers, RunControl& control,
-                                std::function<void()> openThreads) {
+                                const std::function<void()>& openThreads) {
     handlers.onClick(*m_ui->XThread, [openThreads](bool) { openThreads(); });
     handlers.onClick(*m_ui->RunProg, [&](bool) { control.RunProg_Click(); });
     handlers.onClick(*m_ui->StopProg, [&](bool) { control.StopProg_Click(); });

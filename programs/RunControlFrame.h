@@ -24,7 +24,8 @@ class RunControlFrame : public QGroupBox {
     ~RunControlFrame() override;
 
     /// Connects the buttons to the rules; `openThreads` opens the second-thread screen.
-    void connectTo(Handlers& handlers, RunControl& control, std::function<void()> openThreads);
+    void connectTo(Handlers& handlers, RunControl& control,
+                   const std::function<void()>& openThreads);
     /// Another controller is worked now, which has not said whether it runs at power-up.
     void forgetRunOnBoot();
     /// Enables the second-thread screen's button where the firmware has a second thread.
