@@ -33,7 +33,7 @@ SetupParameters::SetupParameters(const Services& services, const LinkHandOver& h
         m_controls.emplace_back(*this, static_cast<ParameterField>(place));
     teachManners();
     connectHandlers();
-    showDeviceCopy(m_transfer.deviceCopy());
+    SetupParameters::showDeviceCopy(m_transfer.deviceCopy());
 }
 
 SetupParameters::~SetupParameters() = default;

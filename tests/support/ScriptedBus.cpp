@@ -5,7 +5,7 @@ namespace zlt::test {
 class ScriptedPort : public Port {
  public:
     explicit ScriptedPort(ScriptedBus& bus) : m_bus(bus) {}
-    ~ScriptedPort() override { close(); }
+    ~ScriptedPort() override { ScriptedPort::close(); }
 
     bool open(PortNumber number, std::string_view settings) override {
         m_bus.openings.push_back(std::to_string(number.value) + " " + std::string(settings));
