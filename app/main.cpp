@@ -9,7 +9,8 @@
 #include "platform_qt/QtProcesses.h"
 #include "platform_qt/ThreadWaits.h"
 
-int main(int argc, char** argv) {
+// Where even starting fails there is nobody left to tell.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zlt-panel"));
     QApplication::setDesktopFileName(QStringLiteral("org.example.zltpanel"));

@@ -1,0 +1,57 @@
+# The rules of the house that no tool knows. Sourced by ./check, in the root.
+
+# forbid "SENTENCE" PATTERN PATHS...: prints each line that matches in a tracked file, and why not.
+forbid() {
+    local sentence=$1 pattern=$2
+    shift 2
+    git grep -nIP "$pattern" -- "$@" | sed "s|\$|\n    $sentence|" | grep . && broken=1
+    return 0
+}
+
+# arrows PATHS : ROOMS: the files of PATHS include, of the project, only what is in ROOMS.
+arrows() {
+    local paths="" rooms=""
+    while [ "$1" != : ]; do paths="$paths $1"; shift; done
+    shift
+    rooms=$(IFS='|'; echo "$*")
+    # The word splitting of $paths is meant.
+    forbid "This file may include only files of: $* (as \"room/File.h\")." \
+        "^\s*#\s*include\s*\"(?!(?:$rooms)/|ui_\w+\.h\")" $paths
+}
+
+include_arrows() {
+    arrows platform : platform
+    arrows link ':!link/SearchCom.*' : platform link
+    arrows 'link/SearchCom.*' widgets : platform link widgets
+    local room
+    for room in programs parameters terminal; do
+        arrows $room : platform link widgets $room
+    done
+    arrows panel : platform link widgets programs parameters terminal panel
+    arrows platform_qt : platform platform_qt
+    arrows app : platform link widgets programs parameters terminal panel platform_qt app
+    arrows simulator ':!simulator/standins' : simulator
+    arrows simulator/standins : simulator/standins platform link
+    forbid "These rooms are plain C++, without Qt." '^\s*#\s*include\s*<Q' \
+        platform simulator ':!simulator/standins'
+}
+
+house_rules() {
+    local code="*.h *.cpp" broken=0
+    set -f  # the patterns are git's to expand
+    forbid "Messages, questions and file choices go through the gate (platform/Gate.h)." \
+        'QMessageBox::|QFileDialog' $code ':!platform_qt/QtGate.cpp' ':!tests'
+    forbid "Connect by pointers to members: a name in a string is not checked." \
+        '\b(SIGNAL|SLOT)\s*\(' $code
+    forbid "Qt would connect this slot by its name; name it control and event: Close_Click." \
+        '\bon_[A-Za-z0-9]+_\w+\s*\(' $code
+    forbid "Waits go through platform/Waits.h, so that a test need not wait." \
+        'this_thread::sleep_|QThread::[mu]?sleep|\b(u|nano)sleep\s*\(' \
+        $code ':!platform_qt' ':!simulator' ':!bench' ':!tests' ':!fuzz'
+    forbid "No blanks at the end of a line, no tabs." '[ \t]+$|\t' ':!*corpus*'
+    forbid "A path of one machine is of no use on another." \
+        '(?<![\w.$}/])/(home|root|work|Users)/\w' ':!tests/lint'
+    include_arrows
+    set +f
+    return $broken
+}
