@@ -109,7 +109,7 @@ TEST_F(HangUpTest, DuringAReplyIsNoticedAtOnceAndDropsItsBeginning) {
 }
 
 TEST_F(HangUpTest, ClosingDuringTrafficReleasesThePort) {
-    for (int milliseconds = 0; milliseconds < 40; milliseconds += 4) {
+    for (int milliseconds = 0; milliseconds < 40; milliseconds += 10) {
         connect([&](QWidget& panel) {
             EXPECT_TRUE(lockFileStands());
             QTest::qWait(milliseconds);
