@@ -30,7 +30,7 @@ bool allDigits(const std::string& text) {
            std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-std::string rounded(std::string whole, std::string fraction) {
+std::string rounded(std::string whole, const std::string& fraction) {
     std::string half(fraction.size(), '0');
     if (!half.empty())
         half[0] = '5';

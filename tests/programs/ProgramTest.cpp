@@ -176,7 +176,7 @@ TEST_F(ProgramTest, SelectsTheFaultyLine) {
 
 TEST_F(ProgramTest, TellsTheFailuresOfAToolApart) {
     type("X1000");
-    const auto compile = [&](const char* words, ProcessEnd end) {
+    const auto compile = [&](const char* words, const ProcessEnd& end) {
         put("EXE/CompileOut.txt", "OK\r\nold\r\n");
         tools.run = [end](const std::string&) { return end; };
         gate.expectMessageWith(words);
