@@ -233,7 +233,7 @@ TEST_F(SystemTest, WaitsForASlowReplyButNotForASilentOne) {
     time.start();
     EXPECT_EQ(ask(*port, "@01DN").ending, Ending::timedOut);
     EXPECT_GE(time.elapsed(), 100);
-    EXPECT_LT(time.elapsed(), 400);
+    EXPECT_LT(time.elapsed(), 1000);
 }
 
 TEST_F(SystemTest, AsksTheDriverForLowLatencyAndTakesNoForAnAnswer) {
@@ -253,7 +253,7 @@ TEST_F(SystemTest, SettlesForAsLongAsTheCommandAsks) {
         time.start();
         link.SendReceive(command);
         EXPECT_GE(time.elapsed(), wait) << command;
-        EXPECT_LT(time.elapsed(), wait + 100) << command;
+        EXPECT_LT(time.elapsed(), wait + 190) << command;
     }
 }
 
