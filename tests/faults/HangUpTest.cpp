@@ -88,22 +88,6 @@ TEST_F(HangUpTest, BeforeConnectingIsMendedByPluggingIn) {
     expectGoodConnection();
 }
 
-TEST_F(HangUpTest, DuringAReplyIsNoticedAtOnceAndDropsItsBeginning) {
-    for (const char* drip : {"drip 1000", "silent"}) {
-        QtSerialPort port(directory);
-        ASSERT_TRUE(port.open({1}, "9600,N,8,1"));
-        simulator.say(drip);
-        port.write("@01DN\r");
-        QTest::qSleep(30);
-        simulator.say("hangup");
-        const Reading reading = readReply(port, {});
-        EXPECT_EQ(reading.ending, Ending::portLost) << drip;
-        EXPECT_EQ(reading.text, "");
-        plugUnderAnotherName();
-        simulator.say("normal");
-    }
-}
-
 TEST_F(HangUpTest, ClosingDuringTrafficReleasesThePort) {
     for (int milliseconds = 0; milliseconds < 40; milliseconds += 10) {
         connect([&](QWidget& panel) {

@@ -80,15 +80,5 @@ TEST_F(OpeningTest, IsRefusedWhileAnotherProgramClaimsTheDevice) {
     expectGoodConnection();
 }
 
-TEST_F(OpeningTest, DropsWhatTheDeviceSaidBefore) {
-    const int reader = open(simulator.device().c_str(), O_RDWR | O_NOCTTY);
-    simulator.say("babble on");
-    QTest::qSleep(50);
-    simulator.say("normal");
-    QTest::qSleep(50);
-    expectGoodConnection();
-    close(reader);
-}
-
 }  // namespace
 }  // namespace zlt::test

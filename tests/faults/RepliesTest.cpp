@@ -39,15 +39,6 @@ TEST_F(RepliesTest, ThePollRecoversFromSilenceAndFragments) {
     click(form, "Command2");
 }
 
-TEST_F(RepliesTest, SlowBytesAreAMatterOfIdleTime) {
-    QtSerialPort port(directory);
-    ASSERT_TRUE(port.open({1}, "9600,N,8,1"));
-    simulator.say("drip 80");
-    EXPECT_EQ(ask(port).text, "ZLD01");
-    simulator.say("drip 200");
-    EXPECT_EQ(ask(port).ending, Ending::timedOut);
-}
-
 TEST_F(RepliesTest, ALineThatBabblesDoesNotGrowTheMemory) {
     constexpr std::size_t babble = 2'000'000;
     std::atomic<bool> said = false;
