@@ -26,8 +26,19 @@ function(zlt_room name)
   target_link_libraries(${name} PUBLIC zlt_settings ${ROOM_LINK})
 endfunction()
 
-# zlt_qt_room(NAME ...): the same for a folder with Qt classes and .ui forms.
+# zlt_qt_room(NAME ...): the same for a folder with Qt classes. A form's .ui stands beside its .cpp;
+# its header is made by a command of its own, so that the build knows who includes it.
 function(zlt_qt_room name)
   zlt_room(${name} ${ARGN})
-  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  cmake_parse_arguments(ROOM "" "" "LINK;SOURCES" ${ARGN})
+  set(forms ${ROOM_SOURCES})
+  list(TRANSFORM forms REPLACE "\\.(cpp|h)$" ".ui")
+  foreach(form IN LISTS forms)
+    if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${form})
+      qt6_wrap_ui(headers ${form})
+      target_sources(${name} PRIVATE ${headers})
+      target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+    endif()
+  endforeach()
 endfunction()
