@@ -7,6 +7,11 @@ namespace zlt {
 StatusFrame::StatusFrame(QWidget* parent)
     : QGroupBox(parent), m_ui(std::make_unique<Ui::StatusFrame>()) {
     m_ui->setupUi(this);
+    // What the operator looks for first, also from beside the machine.
+    QFont large = m_ui->Pos->font();
+    large.setPointSizeF(large.pointSizeF() * 1.6);
+    large.setBold(true);
+    m_ui->Pos->setFont(large);
 }
 
 StatusFrame::~StatusFrame() = default;
@@ -32,7 +37,10 @@ ReadOut& StatusFrame::readOut(Value value) const {
 }
 
 void StatusFrame::showValue(Value value, std::string_view text) {
-    readOut(value).showReply(text);
+    if (value == Value::motion || value == Value::programState)
+        readOut(value).showState(text);
+    else
+        readOut(value).showReply(text);
 }
 
 void StatusFrame::showIndicator(Indicator indicator, bool lit) {

@@ -81,7 +81,7 @@ void XThreadForm::Timer1_Timer() {
 void XThreadForm::showState(const char* query, ReadOut& state) {
     const auto code = parseInteger(m_link.SendReceive(query));
     if (const auto text = code ? programStateText(*code) : std::nullopt)
-        state.showReply(*text);
+        state.showState(*text);
 }
 
 void XThreadForm::Command1_Click() {

@@ -30,8 +30,8 @@ void Lamp::setLive(bool live) {
 }
 
 QSize Lamp::sizeHint() const {
-    const int side = fontMetrics().height();
-    return {side, side};
+    const int height = fontMetrics().height();
+    return {height * 3 / 2, height};
 }
 
 void Lamp::paintEvent(QPaintEvent*) {
@@ -39,12 +39,13 @@ void Lamp::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     if (!m_live)
         painter.setOpacity(0.4);
-    constexpr qreal ring = 1.5;
-    const qreal side = std::min(width(), height()) - 2 * ring;
-    const QRectF circle((width() - side) / 2, (height() - side) / 2, side, side);
-    painter.setPen(QPen(palette().color(QPalette::WindowText), ring));
+    constexpr qreal rim = 1.5;
+    constexpr qreal corner = 3;
+    const qreal above = height() / 6.0;
+    const QRectF bar = QRectF(rect()).adjusted(rim, above, -rim, -above);
+    painter.setPen(QPen(palette().color(QPalette::WindowText), rim));
     painter.setBrush(m_lit ? QBrush(m_colour) : QBrush(Qt::NoBrush));
-    painter.drawEllipse(circle);
+    painter.drawRoundedRect(bar, corner, corner);
 }
 
 }  // namespace zlt

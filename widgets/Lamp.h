@@ -4,7 +4,8 @@
 
 namespace zlt {
 
-/// A round indicator: filled while lit, an empty ring otherwise.
+/// A small bar like the lamp of an instrument: filled while lit, an empty frame otherwise. Its
+/// shape keeps it from being taken for an option button.
 class Lamp : public QWidget {
     Q_OBJECT
     Q_PROPERTY(bool lit READ lit WRITE setLit)

@@ -1,13 +1,34 @@
 #include "widgets/ReadOut.h"
 
+#include <QApplication>
+#include <QEvent>
+
 #include "widgets/WireText.h"
 
 namespace zlt {
+namespace {
+
+// Both carry white text in light and in dark surroundings.
+constexpr QColor underWay(0x15, 0x65, 0xc0);
+constexpr QColor atFault(0xc6, 0x28, 0x28);
+
+std::optional<QColor> groundOfState(std::string_view state) {
+    for (const std::string_view moving : {"MOVING", "ACCEL", "DECEL", "Running"})
+        if (state == moving)
+            return underWay;
+    for (const std::string_view fault : {"-LIM ERR", "+LIM ERR", "Errored"})
+        if (state == fault)
+            return atFault;
+    return std::nullopt;
+}
+
+}  // namespace
 
 ReadOut::ReadOut(QWidget* parent) : NumberField(parent) {
     setReadOnly(true);
     // A value may carry any character of the wire; it is shown, never dropped.
     setMaxLength(64 * 1024);
+    colour();
 }
 
 void ReadOut::showReply(std::string_view reply) {
@@ -22,9 +43,36 @@ void ReadOut::setLive(bool live) {
     if (m_live == live)
         return;
     m_live = live;
-    QPalette dimmed;
-    dimmed.setColor(QPalette::Text, palette().color(QPalette::Disabled, QPalette::Text));
-    setPalette(live ? QPalette() : dimmed);
+    colour();
+}
+
+void ReadOut::showState(std::string_view state) {
+    showReply(state);
+    const auto ground = groundOfState(state);
+    if (m_ground == ground)
+        return;
+    m_ground = ground;
+    colour();
+}
+
+bool ReadOut::event(QEvent* event) {
+    // A desktop that turns from light to dark takes the read-outs along.
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        colour();
+    return NumberField::event(event);
+}
+
+void ReadOut::colour() {
+    const QPalette theirs = QApplication::palette();
+    QPalette ours;
+    ours.setColor(QPalette::Base, theirs.color(QPalette::Window));
+    if (!m_live) {
+        ours.setColor(QPalette::Text, theirs.color(QPalette::Disabled, QPalette::Text));
+    } else if (m_ground) {
+        ours.setColor(QPalette::Base, *m_ground);
+        ours.setColor(QPalette::Text, Qt::white);
+    }
+    setPalette(ours);
 }
 
 }  // namespace zlt
