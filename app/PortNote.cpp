@@ -1,5 +1,7 @@
 #include "app/PortNote.h"
 
+#include <QStyle>
+
 #include "ui_SelectComForm.h"
 #include "widgets/WireText.h"
 
@@ -11,6 +13,17 @@ void showLine(QLabel& line, const std::string& text) {
     if (line.text() != shown)
         line.setText(shown);
     line.setVisible(!shown.isEmpty());
+}
+
+/// A sign and not only words tells a port in order from one that cannot be opened.
+void showSign(QLabel& sign, bool inTrouble) {
+    const QString state = inTrouble ? QObject::tr("cannot be opened") : QObject::tr("in order");
+    if (sign.accessibleDescription() == state)
+        return;
+    sign.setAccessibleDescription(state);
+    const auto icon = inTrouble ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation;
+    const int side = sign.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &sign);
+    sign.setPixmap(sign.style()->standardIcon(icon).pixmap(side, side));
 }
 
 }  // namespace
@@ -27,6 +40,7 @@ void showPortReport(Ui::SelectComForm& ui, const PortReport& report) {
         ui.portCommand->setCursorPosition(0);
     }
     ui.portCommandRow->setVisible(!command.isEmpty());
+    showSign(*ui.portSign, !report.problem.empty());
 }
 
 }  // namespace zlt

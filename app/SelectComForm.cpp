@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLayout>
 #include <chrono>
 
 #include "app/PortNote.h"
@@ -87,6 +88,7 @@ void SelectComForm::saveSettings(const Settings& settings) {
     if (failure)
         m_ui->settingsNote->setText(tr("These settings could not be saved in %1: %2")
                                         .arg(fromUtf8(settingsFileName), fromUtf8(*failure)));
+    makeRoom();
 }
 
 void SelectComForm::Command25_Click() {
@@ -159,9 +161,18 @@ void SelectComForm::portChosen() {
     showPort();
 }
 
+void SelectComForm::makeRoom() {
+    // Qt does not make a window taller for lines that wrap.
+    layout()->activate();
+    const int needed = layout()->totalHeightForWidth(width());
+    if (height() < needed)
+        resize(width(), needed);
+}
+
 void SelectComForm::showPort() {
     const PortNumber number = portNumberFromText(m_ui->combo->currentText().toStdString());
     showPortReport(*m_ui, reportPort(examinePort(m_directory, number)));
+    makeRoom();
 }
 
 }  // namespace zlt

@@ -47,6 +47,8 @@ class SelectComForm : public Screen {
     Settings typedSettings() const;
     void saveSettings(const Settings& settings);
     void showPort();
+    /// Grows with the lines below the boxes, so that they never squeeze what is above.
+    void makeRoom();
 
     PortDirectory& m_directory;
     std::unique_ptr<Ui::SelectComForm> m_ui;
