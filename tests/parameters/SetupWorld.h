@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QComboBox>
+#include <QLineEdit>
 #include <memory>
 
 #include "parameters/ChangeMark.h"
@@ -12,26 +14,61 @@
 namespace zlt::test {
 
 using Commands = std::vector<std::string>;
+using State = ChangeMark::State;
+
+/// What a screen that holds the scripted controller's set reads and writes.
+inline const Commands wholeUpload{"DN",  "CURR", "CURI",   "MS",    "POL", "DL",
+                                  "LCA", "HCA",  "DOBOOT", "SLOAD", "DB",  "RT"};
+inline const Commands wholeDown{"CURR=800", "CURI=300", "MS=16",  "POL=5",    "DN", "DL=1",
+                                "SLOAD=3",  "HCA=20",   "LCA=10", "DOBOOT=6", "DB", "RT=1"};
 
 /// The setup screen over a scripted controller that holds a whole set.
 class SetupWorld : public ::testing::Test, public World {
  protected:
-    SetupWorld();
-
-    /// Opens a screen, as the panel does. The commands of its upload are not taken yet.
-    void open(int firmware = 322);
-    /// A screen that has read the set.
-    void openRead(int firmware = 322);
-
-    Commands commandsOf(const char* button);
-    void type(const char* control, const char* utf8);
-    std::string shown(const char* control) { return textOf(*form, control); }
-    bool checked(const char* control);
-    bool enabled(const char* control);
-    ChangeMark::State mark(const char* control);
-
-    /// The controller falls silent at this command and answers the others.
-    void silence(const std::string& command);
+    SetupWorld() {
+        bus.replies = {{"DN", "ZLD42"}, {"CURR", "800"}, {"CURI", "300"}, {"MS", "16"},
+                       {"POL", "5"},    {"DL", "1"},     {"SLOAD", "3"},  {"LCA", "10"},
+                       {"HCA", "20"},   {"DOBOOT", "6"}, {"DB", "3"},     {"RT", "1"}};
+    }
+    /// Opens a screen, as the panel does, and returns the commands of its upload.
+    Commands open(int firmware = 322) {
+        handOver.firmware = {firmware};
+        form = std::make_unique<SetupParameters>(services, handOver, nullptr);
+        form->Form_Load();
+        form->show();
+        return bus.takeCommands();
+    }
+    Commands commandsOf(const char* button) {
+        click(*form, button);
+        return bus.takeCommands();
+    }
+    /// A Down that goes through.
+    Commands down() {
+        gate.expectMessage("Download Done!");
+        return commandsOf("DownloadPar");
+    }
+    void type(const char* name, const char* utf8) {
+        auto& widget = control<QWidget>(*form, name);
+        auto* box = qobject_cast<QComboBox*>(&widget);
+        auto* field = box ? box->lineEdit() : qobject_cast<QLineEdit*>(&widget);
+        field->setFocus();
+        field->setText(QString::fromUtf8(utf8));
+        control<QWidget>(*form, "Close").setFocus();  // leaving the field must change nothing
+    }
+    std::string shown(const char* name) { return textOf(*form, name); }
+    bool checked(const char* name) { return control<QAbstractButton>(*form, name).isChecked(); }
+    State mark(const std::string& name) {
+        return control<ChangeMark>(*form, (name + "Mark").c_str()).state();
+    }
+    /// The controller gives this reply to one command, or none, and answers the others.
+    void answerTo(const std::string& command, const std::optional<std::string>& reply) {
+        bus.answer = [=, this](const std::string& request) -> std::optional<std::string> {
+            const auto known = bus.replies.find(request.substr(3));
+            if (request.substr(3) == command)
+                return reply;
+            return known == bus.replies.end() ? "OK" : known->second;
+        };
+    }
 
     LinkHandOver handOver{true, true, {{3}, "9600", "01"}, {322}};
     std::unique_ptr<SetupParameters> form;

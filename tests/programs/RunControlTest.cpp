@@ -1,181 +1,100 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QLineEdit>
-
-#include "panel/MainControlForm.h"
-#include "programs/XThreadForm.h"
-#include "support/FormDriver.h"
-#include "support/World.h"
+#include "PanelWorld.h"
 
 namespace zlt::test {
 namespace {
 
-using Commands = std::vector<std::string>;
-
-class RunControlTest : public ::testing::Test, public World {
+class RunControlTest : public PanelWorld {
  protected:
-    RunControlTest() {
-        answerAsController();
-        form.Form_Load({{3}, "9600", "01"});
-        form.show();
-        bus.takeCommands();
-    }
-    Commands commandsOf(const char* button) {
-        click(form, button);
-        return bus.takeCommands();
-    }
     bool checked(const char* option) { return control<QAbstractButton>(form, option).isChecked(); }
-
-    MainControlForm form{services, nullptr};
 };
 
 TEST_F(RunControlTest, SendsTheRunCommands) {
-    EXPECT_EQ(commandsOf("RunProg"), Commands{"SR=1"});
-    EXPECT_EQ(commandsOf("PauseProg"), Commands{"SR=2"});
-    EXPECT_EQ(commandsOf("ContProg"), Commands{"SR=3"});
+    EXPECT_EQ(commandsOf(form, "RunProg"), Commands{"SR=1"});
+    EXPECT_EQ(commandsOf(form, "PauseProg"), Commands{"SR=2"});
+    EXPECT_EQ(commandsOf(form, "ContProg"), Commands{"SR=3"});
     click(form, "Command5");
-    control<QLineEdit>(form, "Accel").setText(QStringLiteral("soon"));
-    gate.expectMessageWith("\"soon\" in the field \"Accel\"");
-    EXPECT_EQ(commandsOf("StopProg"), (Commands{"SR=0", "HSPD=5000", "ABORT"}));
+    EXPECT_EQ(commandsOf(form, "StopProg"), (Commands{"SR=0", "HSPD=5000", "ACC=250", "ABORT"}));
     EXPECT_FALSE(checked("Command5")) << "the demo ends";
 }
 
 TEST_F(RunControlTest, ShowsTheControllersWordOnRunOnBoot) {
     EXPECT_FALSE(checked("RunOnBootOn") || checked("RunOnBootOff"));
-    struct Row {
-        const char *click, *reply;
-        bool on;
-    };
-    const Row table[] = {{"RunOnBootOn", "1", true},
-                         {"RunOnBootOn", "0", false},
-                         {"RunOnBootOff", "3", true},
-                         {"RunOnBootOff", "-1", false},
-                         {"RunOnBootOn", "2", true}};
-    for (const Row& row : table) {
-        bus.replies["SLOAD"] = row.reply;
-        EXPECT_EQ(
-            commandsOf(row.click),
-            (Commands{row.click == std::string("RunOnBootOn") ? "SLOAD=1" : "SLOAD=0", "SLOAD"}));
-        EXPECT_EQ(checked("RunOnBootOn"), row.on) << row.reply;
-        EXPECT_EQ(checked("RunOnBootOff"), !row.on) << row.reply;
+    const std::tuple<const char*, const char*, const char*, bool> table[] = {
+        {"RunOnBootOn", "SLOAD=1", "-1", false},
+        {"RunOnBootOff", "SLOAD=0", "3", true},
+        {"RunOnBootOff", "SLOAD=0", "0", false},
+        {"RunOnBootOn", "SLOAD=1", "1", true}};
+    for (const auto& [button, command, reply, on] : table) {
+        bus.replies["SLOAD"] = reply;
+        EXPECT_EQ(commandsOf(form, button), (Commands{command, "SLOAD"}));
+        EXPECT_EQ(checked("RunOnBootOn"), on) << reply;
+        EXPECT_EQ(checked("RunOnBootOff"), !on) << reply;
     }
-    bus.silent = true;
-    click(form, "RunOnBootOff");
-    EXPECT_TRUE(checked("RunOnBootOn")) << "silence is nobody's word";
-    bus.silent = false;
-    bus.replies["SLOAD"] = "maybe";
-    tick(form, "Timer1");
-    gate.expectMessage("The reply to the command SLOAD is not a number: \"maybe\"");
-    click(form, "RunOnBootOff");
-    EXPECT_TRUE(checked("RunOnBootOn")) << "the pair as it was";
-    bus.takeCommands();
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Up})
         press(form, "RunOnBootOn", key);
     EXPECT_EQ(bus.takeCommands(), Commands{}) << "arrow keys select nothing here";
+    bus.replies["SLOAD"] = "maybe";
+    gate.expectMessage("The reply to the command SLOAD is not a number: \"maybe\"");
+    click(form, "RunOnBootOff");
+    EXPECT_FALSE(checked("RunOnBootOff")) << "the pair as it was";
+    bus.silent = true;
+    click(form, "RunOnBootOff");
+    EXPECT_TRUE(checked("RunOnBootOn") && !checked("RunOnBootOff")) << "nobody's word";
+    bus.silent = false;
     choose(form, "SelectedDeviceID", "02");
     EXPECT_FALSE(checked("RunOnBootOn") || checked("RunOnBootOff")) << "another controller";
 }
 
-TEST_F(RunControlTest, OpensTheThreadScreenFromFirmware322On) {
-    EXPECT_TRUE(control<QWidget>(form, "XThread").isEnabled());
-    QTimer::singleShot(0, &form, [this] {
-        QWidget* threads = QApplication::activeModalWidget();
-        ASSERT_TRUE(threads);
+TEST_F(RunControlTest, WorksAndShowsEachThreadOverAPortOfItsOwn) {
+    onScreen("XThread", [this](QWidget& threads) {
         EXPECT_EQ(bus.portsOpen, 1) << "one port at a time";
         EXPECT_EQ(bus.openings.back(), "3 9600,N,8,1");
-        tick(form, "Timer1");
-        EXPECT_EQ(bus.takeCommands(), Commands{});
-        tick(*threads, "Timer1");
-        threads->close();
+        EXPECT_EQ(commandsOf(threads, "RunProg"), Commands{"SR0=1"});
+        EXPECT_EQ(commandsOf(threads, "StopProg"), (Commands{"SR0=0", "ABORT"}));
+        click(threads, "ProgSel1");
+        EXPECT_EQ(commandsOf(threads, "PauseProg"), (Commands{"SR1=2", "ABORT"}));
+        EXPECT_EQ(commandsOf(threads, "ContProg"), Commands{"SR1=3"});
+
+        bus.replies = {{"SPC0", "12"}, {"SPC1", "x\xE9"}, {"SASTAT1", "2"}};
+        for (const char* code : {"4", "3", "", "one"}) {
+            bus.replies["SASTAT0"] = code;
+            tick(threads, "Timer1");
+            EXPECT_EQ(bus.takeCommands(), (Commands{"SPC0", "SPC1", "SASTAT0", "SASTAT1"}));
+            EXPECT_EQ(textOf(threads, "ProgStatus0"), "Errored") << code;
+        }
+        EXPECT_EQ(textOf(threads, "ProgStatus1"), "Paused");
+        EXPECT_EQ(textOf(threads, "ProgIndex0"), "12");
+        EXPECT_EQ(textOf(threads, "ProgIndex1"), "x\u00E9");
+        answerAsController();
     });
-    click(form, "XThread");
-    EXPECT_EQ(bus.takeCommands(), (Commands{"SPC0", "SPC1", "SASTAT0", "SASTAT1"}));
-    EXPECT_EQ(bus.openings.size(), 3U);
     EXPECT_EQ(bus.portsOpen, 1);
+}
 
+TEST_F(RunControlTest, OpensNoThreadScreenBelowFirmware322) {
     bus.replies["VER"] = "V321";
+    MainControlForm old(services, nullptr);
+    old.Form_Load({{3}, "9600", "01"});
+    EXPECT_FALSE(control<QWidget>(old, "XThread").isEnabled());
+    const auto openings = bus.openings;
     choose(form, "SelectedDeviceID", "02");
-    bus.takeCommands();
     click(form, "XThread");
-    EXPECT_EQ(bus.openings.size(), 3U);
-
-    World old;
-    old.answerAsController("V321");
-    MainControlForm panel(old.services, nullptr);
-    panel.Form_Load({{3}, "9600", "01"});
-    EXPECT_FALSE(control<QWidget>(panel, "XThread").isEnabled());
+    EXPECT_EQ(bus.openings, openings) << "the button is as the first controller left it";
 }
 
-class XThreadFormTest : public ::testing::Test, public World {
- protected:
-    void open() {
-        form.Form_Load();
-        form.show();
-    }
-    Commands commandsOf(const char* button) {
-        click(form, button);
-        return bus.takeCommands();
-    }
-
-    XThreadForm form{services, {true, true, {{3}, "9600", "01"}, {322}}, nullptr};
-};
-
-TEST_F(XThreadFormTest, WorksTheSelectedThread) {
-    open();
-    EXPECT_EQ(commandsOf("RunProg"), Commands{"SR0=1"});
-    EXPECT_EQ(commandsOf("StopProg"), (Commands{"SR0=0", "ABORT"}));
-    click(form, "ProgSel1");
-    EXPECT_EQ(commandsOf("PauseProg"), (Commands{"SR1=2", "ABORT"}));
-    EXPECT_EQ(commandsOf("ContProg"), Commands{"SR1=3"});
-    EXPECT_EQ(waits.slept.count(), 0) << "no settling waits here";
-}
-
-TEST_F(XThreadFormTest, ShowsBothThreads) {
-    open();
-    bus.replies = {{"SPC0", "12"}, {"SPC1", "x\xE9"}, {"SASTAT0", "4"}, {"SASTAT1", "2"}};
-    tick(form, "Timer1");
-    EXPECT_EQ(textOf(form, "ProgIndex0"), "12");
-    EXPECT_EQ(textOf(form, "ProgIndex1"), "x\u00E9");
-    EXPECT_EQ(textOf(form, "ProgStatus0"), "Errored");
-    EXPECT_EQ(textOf(form, "ProgStatus1"), "Paused");
-    for (const char* unknown : {"3", "", "one"}) {
-        bus.replies["SASTAT0"] = unknown;
-        tick(form, "Timer1");
-        EXPECT_EQ(textOf(form, "ProgStatus0"), "Errored") << unknown;
-    }
-}
-
-TEST_F(XThreadFormTest, AsksOnWhileTheControllerIsSilentAndLeavesRoomToClose) {
-    open();
-    bus.silent = true;
-    for (const char* query : {"SPC0", "SPC1", "SASTAT0", "SASTAT1"})
-        gate.expectMessage("No Reply to Command: " + std::string(query));
-    tick(form, "Timer1");
-    EXPECT_EQ(textOf(form, "ProgIndex0"), "0");
-    EXPECT_EQ(textOf(form, "ProgStatus0"), "Idle");
-    EXPECT_EQ(control<QTimer>(form, "Timer1").interval(), 500);
-    const auto colour = [&] {
-        return control<QWidget>(form, "ProgStatus0").palette().color(QPalette::Text);
-    };
-    const QColor dimmed = colour();
-    bus.silent = false;
-    tick(form, "Timer1");
-    EXPECT_EQ(control<QTimer>(form, "Timer1").interval(), 1);
-    EXPECT_NE(colour(), dimmed);
-    click(form, "Command1");
-    EXPECT_EQ(bus.portsOpen, 0);
-}
-
-TEST_F(XThreadFormTest, TellsAMissingPortOnce) {
-    bus.opens = false;
-    open();
-    gate.expectMessage("Communication port not open!");
-    tick(form, "Timer1");
-    EXPECT_FALSE(control<QTimer>(form, "Timer1").isActive());
-    click(form, "RunProg");
-    form.close();
-    EXPECT_FALSE(form.isVisible());
+TEST_F(RunControlTest, LeavesRoomToCloseTheThreadScreenOfASilentController) {
+    onScreen("XThread", [this](QWidget& threads) {
+        bus.silent = true;
+        for (const char* query : {"SPC0", "SPC1", "SASTAT0", "SASTAT1"})
+            gate.expectMessage("No Reply to Command: " + std::string(query));
+        tick(threads, "Timer1");
+        EXPECT_EQ(textOf(threads, "ProgIndex0"), "0");
+        EXPECT_EQ(control<QTimer>(threads, "Timer1").interval(), 500);
+        bus.silent = false;
+        bus.losesAtWriteOf = "SPC1";
+        gate.expectMessage("Communication port not open!");
+        tick(threads, "Timer1");
+        EXPECT_FALSE(control<QTimer>(threads, "Timer1").isActive()) << "told once";
+    });
     EXPECT_FALSE(programEnd.ended());
 }
 
