@@ -125,7 +125,7 @@ void ProgramEditor::markCurrentLine() {
 void ProgramEditor::paintNumbers(QPaintEvent* event) {
     QPainter painter(m_numbers);
     painter.setFont(font());
-    painter.fillRect(event->rect(), palette().color(QPalette::AlternateBase));
+    painter.fillRect(event->rect(), palette().color(QPalette::Window));
     const int current = textCursor().blockNumber();
     QTextBlock block = firstVisibleBlock();
     qreal top = blockBoundingGeometry(block).translated(contentOffset()).top();
