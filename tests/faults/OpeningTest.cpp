@@ -1,83 +1,93 @@
 // Ports that cannot be opened, met from the start-up screen.
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QTest>
+#include <QProcess>
+#include <filesystem>
 
-#include "faults/StartUpWorld.h"
 #include "link/Flavour.h"
+#include "support/StartUpWorld.h"
 
 namespace zlt::test {
 namespace {
 
 class OpeningTest : public StartUpWorld {
  protected:
-    /// One message, the words for the port that is not there, no second try; closable.
-    void expectRefusal(const char* why) {
-        gate.expectMessage(std::string(portNotAvailable));
-        connect([&](QWidget& panel) {
-            EXPECT_EQ(textOf(panel, "ComStatusDisplay"), "Invalid Port") << why;
-            EXPECT_FALSE(control<QTimer>(panel, "Timer1").isActive()) << "no storm of retries";
-            click(panel, "Command2");
-        });
-        EXPECT_TRUE(gate.satisfied()) << why;
-        EXPECT_TRUE(control<QWidget>(startUp, "portProblem").isVisible()) << why;
-        EXPECT_NE(textOf(startUp, "portProblem"), "") << why;
-    }
-};
-
-TEST_F(OpeningTest, IsRefusedOnceInWordsAndWorksAgainAfterwards) {
-    const std::string device = simulator.device();
-    const int other = open(device.c_str(), O_RDWR | O_NOCTTY);
-    struct Row {
+    struct Obstacle {
         const char* why;
         std::string device;
-        std::function<void()> hold, release;
+        const char* words;  ///< of the note below the port
+        std::function<void()> raise = {}, remove = {};
     };
-    QtSerialPort second(directory);
-    const auto nothing = [] {};
-    const Row table[] = {
-        {"no such device", "/dev/no-such-port", nothing, nothing},
-        {"no serial device", "/dev/null", nothing, nothing},
-        {"a folder", "/tmp", nothing, nothing},
-        {"locked by another program", device, [&] { flock(other, LOCK_EX | LOCK_NB); },
-         [&] { flock(other, LOCK_UN); }},
-        {"opened by another panel", device, [&] { EXPECT_TRUE(second.open({1}, "9600,N,8,1")); },
-         [&] { second.close(); }},
-    };
-    for (const Row& row : table) {
-        listPort(row.device);
-        row.hold();
-        expectRefusal(row.why);
-        row.release();
+    /// One message, the note's words, no second try; closable, and good again afterwards.
+    void expectRefusal(const Obstacle& obstacle) {
+        SCOPED_TRACE(obstacle.why);
+        listPort(obstacle.device);
+        if (obstacle.raise)
+            obstacle.raise();
+        gate.expectMessage(std::string(portNotAvailable));
+        connect([&](QWidget& panel) {
+            EXPECT_EQ(textOf(panel, "ComStatusDisplay"), "Invalid Port");
+            EXPECT_EQ(shownOn(panel, "Timer1"), "off") << "no storm of retries";
+            click(panel, "Command2");
+        });
+        EXPECT_NE(textOf(startUp, "portProblem").find(obstacle.words), std::string::npos)
+            << textOf(startUp, "portProblem");
+        if (obstacle.remove)
+            obstacle.remove();
         listPort(device);
         expectGoodConnection();
     }
-    close(other);
+
+    const std::string device = simulator.device();
+};
+
+TEST_F(OpeningTest, IsRefusedOnceInWordsAndWorksAgainAfterwards) {
+    std::filesystem::create_symlink(device, "link");
+    QtSerialPort second(directory);
+    QProcess other;
+    const auto lock = [&] {
+        other.start(QStringLiteral("flock"),
+                    {QStringLiteral("-F"), QString::fromStdString(device), QStringLiteral("sh"),
+                     QStringLiteral("-c"), QStringLiteral("echo locked; exec cat")});
+        EXPECT_TRUE(other.waitForReadyRead());
+    };
+    const auto unlock = [&] {
+        other.closeWriteChannel();
+        EXPECT_TRUE(other.waitForFinished());
+    };
+    const Obstacle table[] = {
+        {"no such device", "/dev/no-such-port", "no such device"},
+        {"no serial device", "/dev/null", "not a serial port"},
+        {"a folder", "/tmp", "not a serial port"},
+        {"locked by another program", device, "In use by cat (process ", lock, unlock},
+        {"opened by another panel, by another name", "./link", "The last try to open it failed",
+         [&] {
+             listPort(device);
+             EXPECT_TRUE(second.open({1}, "9600,N,8,1"));
+             listPort("./link");
+         },
+         [&] { second.close(); }},
+    };
+    for (const Obstacle& obstacle : table)
+        expectRefusal(obstacle);
 }
 
 TEST_F(OpeningTest, IsRefusedForWantOfRights) {
     if (geteuid() == 0)
-        GTEST_SKIP() << "root may open any device";
-    ASSERT_EQ(chmod(simulator.device().c_str(), 0), 0);
-    expectRefusal("no right");
-    ASSERT_EQ(chmod(simulator.device().c_str(), 0600), 0);
-    expectGoodConnection();
-}
-
-TEST_F(OpeningTest, IsRefusedWhileAnotherProgramClaimsTheDevice) {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "an exclusive claim does not keep root out";
-    const int other = open(simulator.device().c_str(), O_RDWR | O_NOCTTY);
-    ASSERT_EQ(ioctl(other, TIOCEXCL), 0);
-    expectRefusal("claimed");
-    ASSERT_EQ(ioctl(other, TIOCNXCL), 0);
+        GTEST_SKIP() << "root may open any device, claimed by another program or not";
+    const int other = open(device.c_str(), O_RDWR | O_NOCTTY);
+    const Obstacle table[] = {
+        {"no right", device, "You may not open it", [&] { chmod(device.c_str(), 0); },
+         [&] { chmod(device.c_str(), 0600); }},
+        {"claimed", device, "Device or resource busy", [&] { ioctl(other, TIOCEXCL); },
+         [&] { ioctl(other, TIOCNXCL); }}};
+    for (const Obstacle& obstacle : table)
+        expectRefusal(obstacle);
     close(other);
-    expectGoodConnection();
 }
 
 }  // namespace

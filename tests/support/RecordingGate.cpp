@@ -44,7 +44,7 @@ void RecordingGate::expectSaveDialog(FileChoice choice, std::optional<std::strin
 
 std::optional<std::string> RecordingGate::meet(const std::string& shown) {
     if (m_expected.empty()) {
-        ADD_FAILURE() << "nobody expected: " << shown;
+        EXPECT_TRUE(indifferent) << "nobody expected: " << shown;
         return std::nullopt;
     }
     const Expected box = std::move(m_expected.front());

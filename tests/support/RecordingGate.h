@@ -35,6 +35,9 @@ class RecordingGate : public Gate {
     std::optional<std::string> chooseToSave(const FileChoice& choice) override;
     bool satisfied() const { return m_expected.empty(); }
 
+    /// Boxes that nobody expected are answered with No and Cancel.
+    bool indifferent = false;
+
  private:
     struct Expected {
         std::string text;  ///< kind, title and text, told apart by bars
