@@ -97,23 +97,20 @@ TEST_F(DirectCommandsTest, StopWhateverStandsInTheBoxesAndEndTheDemo) {
             EXPECT_EQ(shown("Command5"), "on");
             type("SetSpeed", row.speed);
             type("Accel", row.acceleration);
-            std::string sentBefore;
+            const std::string expected = std::string(row.settings) + command;
             if (row.badField)
                 gate.expectMessage(std::string(row.badField) +
                                        " is not a whole number from -2147483648 to 2147483647.",
-                                   [&] { sentBefore = sent(); });
-            const std::string sentAfter = sentBy(button);
-            EXPECT_EQ(row.badField ? sentBefore : sentAfter, std::string(row.settings) + command);
+                                   [&] { EXPECT_EQ(sent(), expected) << "before the message"; });
+            EXPECT_EQ(sentBy(button), row.badField ? "" : expected);
             EXPECT_EQ(shown("Command5"), "off");
             EXPECT_TRUE(sentByTick().ends_with("SASTAT")) << "no step of the demo";
         }
 }
 
 TEST_F(DirectCommandsTest, RefuseAPositionThatTheWireCannotCarry) {
-    const std::pair<const char*, const char*> table[] = {{"\u2212 500", "U+2212"},
-                                                         {"10\r@01J+", "control character"},
-                                                         {"10\n", "control character"}};
-    for (const auto& [typed, words] : table) {
+    for (const auto& [typed, words] :
+         {std::pair{"\u2212500", "U+2212"}, {"10\r@01J+", "control character"}}) {
         type("SetPosition", typed);
         for (const char* button : {"ABS", "Command7", "Command6"}) {
             gate.expectMessageWith(words);
@@ -181,9 +178,7 @@ TEST_F(DirectCommandsTest, RewriteConditionAndPositionAtEverySyncClick) {
 }
 
 TEST_F(DirectCommandsTest, SwitchTheScurveAtRestAndTellWhatItAnswers) {
-    const std::pair<const char*, const char*> table[] = {{"OnScurve", "SCV=1"},
-                                                         {"OffScurve", "SCV=0"}};
-    for (const auto& [button, command] : table) {
+    for (const auto& [button, command] : {std::pair{"OnScurve", "SCV=1"}, {"OffScurve", "SCV=0"}}) {
         EXPECT_EQ(sentBy(button), command);
         for (const char* reply : {"", "ok", "OK "}) {
             bus.replies[command] = reply;

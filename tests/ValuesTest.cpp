@@ -46,15 +46,6 @@ TEST(NumberConversion, NamesCommandAndTheFrontOfTheReply) {
     EXPECT_EQ(messageOf(std::string(79, 'x') + "\xE9"), words + std::string(79, 'x') + "\u2026\"");
 }
 
-TEST(FirmwareVersion, IsTheSecondToFourthCharacter) {
-    const std::pair<const char*, int> table[] = {
-        {"V315", 315}, {"X3229", 322}, {"V31", 31}, {"315", 15}};
-    for (const auto& [text, number] : table)
-        EXPECT_EQ(firmwareVersion("VER", text).number, number) << text;
-    for (const char* text : {"", "V", "0", "???", "Vabc"})
-        EXPECT_THROW(firmwareVersion("VER", text), ConversionError) << text;
-}
-
 TEST(Settings, FallBackAsFarAsTheFileGoes) {
     struct Row {
         std::optional<std::string> file;
