@@ -82,13 +82,6 @@ TEST_F(SystemTest, HangUpIsALossAndNeverSilence) {
              simulator.say("hangup");
              return readReply(port, {.emptyReadsAllowed = 100'000});
          }},
-        {"while idle",
-         [this] {
-             simulator.say("hangup");
-             EXPECT_TRUE(wait([&] { return !port.isOpen(); }));
-             expectIdle();
-             return ask("@01PX");
-         }},
     };
     for (const auto& [when, provoke] : table) {
         SCOPED_TRACE(when);

@@ -21,22 +21,17 @@ struct WildWorld : World {
     WildWorld(unsigned seed, std::size_t calm) : dice(seed) {
         answerAsController();
         gate.indifferent = true;
-        bus.answer = [this, calm](const std::string& request) -> std::optional<std::string> {
+        const std::optional<std::string> nonsense[] = {
+            std::nullopt, "",     "0",     "-1",       "2147483648",         "1.5e",
+            "ZLD",        "#01#", "OK\r7", "\xFF\n\t", std::string(300, '9')};
+        bus.answer = [=, this](const std::string& request) -> std::optional<std::string> {
             if (upTo(calm) > 1)
                 return bus.usualReply(request);
-            return upTo(9) == 0 ? std::nullopt : std::optional(nonsense());
+            return nonsense[upTo(std::size(nonsense) - 1)];
         };
     }
     std::size_t upTo(std::size_t most) {
         return std::uniform_int_distribution<std::size_t>(0, most)(dice);
-    }
-    /// Something that is nearly a number.
-    std::string nonsense() {
-        constexpr std::string_view characters = "01234567890123456789012345+-. #e\r\n\xFF";
-        std::string text = upTo(3) == 0 ? "#01" : "";
-        for (std::size_t left = upTo(12); left > 0; --left)
-            text += characters[upTo(characters.size() - 1)];
-        return text;
     }
     void pressAnything(QWidget& form) {
         for (QTimer* timer : form.findChildren<QTimer*>())
