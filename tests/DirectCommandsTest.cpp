@@ -187,7 +187,8 @@ TEST_F(DirectCommandsTest, SwitchTheScurveAtRestAndTellWhatItAnswers) {
         }
         bus.replies["MST"] = "1";
         sentByTick();
-        gate.expectMessage("Cannot set while running!");
+        gate.expectMessage("Cannot set while running!",
+                           [this] { EXPECT_EQ(sentByTick(), "") << "the poll waits"; });
         EXPECT_EQ(sentBy(button), "");
         bus.replies["MST"] = "0";
         sentByTick();

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
@@ -292,6 +293,7 @@ TEST_F(MainControlFormTest, ActsOnlyOnWhatTheOperatorMeans) {
             press(form, name, key);
             box.hidePopup();
         }
+    QApplication::setActiveWindow(&form);
     box.setFocus();
     turnWheel(box);
     EXPECT_EQ(sent(), "");

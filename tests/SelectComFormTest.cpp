@@ -23,6 +23,7 @@ class SelectComFormTest : public ::testing::Test, public World {
     void show() {
         form.Form_Load();
         form.show();
+        QApplication::setActiveWindow(&form);
     }
     void connect(const std::function<void(QWidget& panel)>& work) {
         clickAndWork(form, "Command25", work);
@@ -30,6 +31,7 @@ class SelectComFormTest : public ::testing::Test, public World {
     /// Types as the operator does, and leaves the box with Enter.
     void type(const char* box, const char* utf8) {
         auto& edit = *control<QComboBox>(form, box).lineEdit();
+        edit.setFocus();
         edit.selectAll();
         QTest::keyClicks(&edit, QString::fromUtf8(utf8));
         press(form, box, Qt::Key_Return);
@@ -129,7 +131,6 @@ TEST_F(SelectComFormTest, GoesOnWhenTheSettingsCannotBeSaved) {
 
 TEST_F(SelectComFormTest, TakesNoOrdersFromKeysAndWheel) {
     show();
-    QApplication::setActiveWindow(&form);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
         for (const char* name : {"baudCom", "DeviceIDCombo", "combo"})
             press(form, name, key);
