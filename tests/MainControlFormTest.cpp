@@ -1,470 +1,312 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QRadioButton>
 #include <QTest>
 
 #include "link/Flavour.h"
-#include "panel/MainControlForm.h"
-#include "support/FormDriver.h"
-#include "support/World.h"
-#include "widgets/Lamp.h"
+#include "support/PanelWorld.h"
 
 namespace zlt::test {
 namespace {
 
-using Commands = std::vector<std::string>;
-
-const Commands loadCommands{"DN", "VER", "ID", "DN", "HSPD", "ACC"};
-const Commands shortTick{"CUR", "PX", "EX", "MST", "EO"};
-const Commands longTick{"CUR", "PX", "EX", "MST", "EO", "MM", "DO", "SPC", "SASTAT"};
+const std::string loadCommands = "DN|VER|ID|DN|HSPD|ACC";
+const std::string shortTick = "CUR|PX|EX|MST|EO";
+const std::string longTick = shortTick + "|MM|DO|SPC|SASTAT";
 const QColor red(255, 0, 0), green(0, 255, 0), grey(128, 128, 128);
 
-class MainControlFormTest : public ::testing::Test, public World {
- protected:
-    MainControlFormTest() { answerAsController(); }
+struct Panel : PanelWorld {
+    bool enabled(const char* name) { return control<QWidget>(form, name).isEnabled(); }
 
-    /// Loads and shows the panel, as connecting does.
-    void load(const std::string& version = "V322") {
-        bus.replies["VER"] = version;
-        open();
-        bus.takeCommands();
-    }
-    void open() {
-        form.Form_Load({{3}, "9600", "01"});
-        form.show();
-    }
-    Commands tickCommands() {
-        tick(form, "Timer1");
-        return bus.takeCommands();
-    }
-    bool polls() { return control<QTimer>(form, "Timer1").isActive(); }
-    bool lit(const char* lamp) { return control<Lamp>(form, lamp).lit(); }
-
-    void expectLost(const char* state, const QColor& colour) {
-        EXPECT_EQ(textOf(form, "ComStatusDisplay"), state);
+    void expectState(const char* words, const QColor& colour) {
+        EXPECT_EQ(shown("ComStatusDisplay"), words);
         EXPECT_EQ(backgroundOf(form, "ComStatusDisplay"), colour);
-        EXPECT_EQ(textOf(form, "ID"), "???");
-        EXPECT_EQ(textOf(form, "Version"), "???");
-        EXPECT_TRUE(control<QRadioButton>(form, "SyncEqual").isChecked());
-        EXPECT_EQ(textOf(form, "SyncPos"), "0");
+    }
+    void expectLost(const char* words, const QColor& colour) {
+        expectState(words, colour);
+        EXPECT_EQ(shown("ID") + shown("Version"), "??????");
+        EXPECT_EQ(shown("SyncEqual"), "on");
+        EXPECT_EQ(shown("SyncPos"), "0");
     }
     void disturbSync() {
-        control<QRadioButton>(form, "SyncLessThan").setChecked(true);
+        control<QAbstractButton>(form, "SyncLessThan").setChecked(true);
         control<QLineEdit>(form, "SyncPos").setText(QStringLiteral("77"));
     }
-
-    MainControlForm form{services, nullptr};
 };
+
+class MainControlFormTest : public ::testing::Test, public Panel {};
 
 TEST_F(MainControlFormTest, LoadsReadsOnceAndPolls) {
     bus.replies["DN"] = "#01ZLD07abcdef";
     open();
-    EXPECT_EQ(bus.openings, Commands{"3 9600,N,8,1"});
-    EXPECT_EQ(bus.takeCommands(), loadCommands);
-    EXPECT_EQ(textOf(form, "ComStatusDisplay"), "Communication OK");
-    EXPECT_EQ(backgroundOf(form, "ComStatusDisplay"), green);
-    EXPECT_EQ(textOf(form, "BaudText"), "9600");
-    EXPECT_EQ(textOf(form, "Version"), "V322");
-    EXPECT_EQ(textOf(form, "ID"), "ZLT-R-NX-42");
-    EXPECT_EQ(textOf(form, "SelectedDeviceID"), "07abc");
-    EXPECT_EQ(textOf(form, "SetSpeed"), "5000");
-    EXPECT_EQ(textOf(form, "Accel"), "250");
-    EXPECT_EQ(tickCommands(), longTick);
-    EXPECT_EQ(textOf(form, "Current"), "800");
-    EXPECT_EQ(textOf(form, "Pos"), "-12");
-    EXPECT_EQ(textOf(form, "EncPos"), "34");
-    EXPECT_EQ(textOf(form, "ProgIndex"), "7");
+    EXPECT_EQ(bus.openings, std::vector<std::string>{"3 9600,N,8,1"});
+    EXPECT_EQ(sent(), loadCommands);
+    expectState("Communication OK", green);
+    EXPECT_EQ(sentByTick(), longTick);
+    const std::pair<const char*, const char*> table[] = {
+        {"BaudText", "9600"},  {"Version", "V322"},
+        {"ID", "ZLT-R-NX-42"}, {"SelectedDeviceID", "07abc"},
+        {"SetSpeed", "5000"},  {"Accel", "250"},
+        {"Current", "800"},    {"Pos", "-12"},
+        {"EncPos", "34"}};
+    for (const auto& [name, text] : table)
+        EXPECT_EQ(shown(name), text) << name;
+    form.close();
+    EXPECT_EQ(bus.portsOpen, 0);
+    EXPECT_EQ(shown("Timer1"), "off");
 }
 
-TEST_F(MainControlFormTest, GatesThePollAndTheButtonsByFirmware) {
+TEST_F(MainControlFormTest, GatesThePollAndTheHomingByFirmware) {
     struct Row {
         const char* version;
-        const Commands& tick;
+        const std::string& tick;
         bool homing;
     };
     const Row table[] = {{"V316", shortTick, false},
                          {"V317", longTick, false},
                          {"V321", longTick, false},
-                         {"V322", longTick, true},
-                         {"V400x", longTick, true}};
+                         {"V322", longTick, true}};
     for (const Row& row : table) {
-        MainControlForm panel(services, nullptr);
-        bus.replies["VER"] = row.version;
-        panel.Form_Load({{3}, "9600", "01"});
-        bus.takeCommands();
-        tick(panel, "Timer1");
-        EXPECT_EQ(bus.takeCommands(), row.tick) << row.version;
+        Panel panel;
+        panel.load(row.version);
+        EXPECT_EQ(panel.sentByTick(), row.tick) << row.version;
         for (const char* name : {"HLHOMEMINUS", "HLHOMEPLUS", "LHOMEMINUS", "LHOMEPLUS"})
-            EXPECT_EQ(control<QWidget>(panel, name).isEnabled(), row.homing) << row.version;
+            EXPECT_EQ(panel.enabled(name), row.homing) << row.version;
     }
 }
 
-TEST_F(MainControlFormTest, ShowsTheStatusWord) {
+TEST_F(MainControlFormTest, ShowsWhatThePollReads) {
     load();
     struct Row {
-        const char *reply, *text;
-        bool minus, plus, home;
+        const char *command, *control;
+        std::vector<std::pair<const char*, const char*>> repliesAndTexts;
     };
     const Row table[] = {
-        {"0", "IDLE", false, false, false},      {"1", "MOVING", false, false, false},
-        {"3", "ACCEL", false, false, false},     {"7", "DECEL", false, false, false},
-        {"65", "-LIM ERR", false, false, false}, {"192", "+LIM ERR", false, false, false},
-        {"8", "IDLE", true, false, false},       {"16", "IDLE", false, true, false},
-        {"33", "MOVING", false, false, true},    {"56", "IDLE", true, true, true},
-        {"256", "IDLE", false, false, false},    {"-1", "+LIM ERR", true, true, true}};
-    for (const Row& row : table) {
-        bus.replies["MST"] = row.reply;
-        tick(form, "Timer1");
-        EXPECT_EQ(textOf(form, "Stat"), row.text) << row.reply;
-        EXPECT_EQ(lit("NegLim"), row.minus) << row.reply;
-        EXPECT_EQ(lit("PosLim"), row.plus) << row.reply;
-        EXPECT_EQ(lit("Home"), row.home) << row.reply;
-    }
+        {"MST", "Stat", {{"0", "IDLE"}, {"1", "MOVING"}, {"3", "ACCEL"}, {"7", "DECEL"}}},
+        {"MST", "Stat", {{"65", "-LIM ERR"}, {"192", "+LIM ERR"}, {"256", "IDLE"}}},
+        {"MST", "NegLim", {{"8", "on"}, {"48", "off"}}},
+        {"MST", "PosLim", {{"16", "on"}, {"40", "off"}}},
+        {"MST", "Home", {{"33", "on"}, {"24", "off"}}},
+        {"EO", "EnableStat", {{"2", "off"}, {"1", "on"}, {"0", "off"}}},
+        {"DO", "InPosDO", {{"2", "off"}, {"1", "on"}, {"0", "off"}}},
+        {"MM", "MoveMode", {{"0", "ABS"}, {"-3", "INC"}}},
+        {"SPC", "ProgIndex", {{" 012 ", "12"}}},
+        {"SASTAT", "ProgStatus", {{"1", "Running"}, {"3", "Running"}, {"2", "Paused"}}},
+        {"SASTAT", "ProgStatus", {{"4", "Errored"}, {"0", "Idle"}}}};
+    for (const auto& [command, control, repliesAndTexts] : table)
+        for (const auto& [reply, text] : repliesAndTexts) {
+            bus.replies[command] = reply;
+            tick(form, "Timer1");
+            EXPECT_EQ(shown(control), text) << command << " " << reply;
+        }
 }
 
-TEST_F(MainControlFormTest, ShowsEnableModeOutputAndProgram) {
+TEST_F(MainControlFormTest, KeepsOffWhatTheOperatorHolds) {
     load();
+    auto& position = control<QLineEdit>(form, "Pos");
     auto& enabled = control<QCheckBox>(form, "EnableStat");
-    const auto show = [&](const char* command, const char* reply) {
-        bus.replies[command] = reply;
+    tick(form, "Timer1");
+    position.setSelection(1, 2);
+    bus.replies["EO"] = "0";
+    QTest::mousePress(&enabled, Qt::LeftButton, {}, QPoint(8, enabled.height() / 2));
+    for (const bool pointerOnTheMark : {true, false}) {
+        enabled.setDown(pointerOnTheMark);
         tick(form, "Timer1");
-    };
-    for (const auto& [reply, on] : {std::pair{"2", false}, {"1", true}, {"0", false}}) {
-        show("EO", reply);
-        EXPECT_EQ(enabled.isChecked(), on) << reply;
-        show("DO", reply);
-        EXPECT_EQ(lit("InPosDO"), on) << reply;
+        EXPECT_TRUE(enabled.isChecked());
     }
-    for (const auto& [reply, text] : {std::pair{"0", "ABS"}, {"1", "INC"}, {"-3", "INC"}}) {
-        show("MM", reply);
-        EXPECT_EQ(textOf(form, "MoveMode"), text);
-    }
-    show("SPC", " 012 ");
-    EXPECT_EQ(textOf(form, "ProgIndex"), "12");
-    for (const auto& [reply, text] : {std::pair{"1", "Running"},
-                                      {"3", "Running"},
-                                      {"2", "Paused"},
-                                      {"9", "Paused"},
-                                      {"4", "Errored"},
-                                      {"0", "Idle"}}) {
-        show("SASTAT", reply);
-        EXPECT_EQ(textOf(form, "ProgStatus"), text) << reply;
-    }
-}
-
-TEST_F(MainControlFormTest, KeepsOffAMarkThatTheOperatorHoldsDown) {
-    load();
-    auto& enabled = control<QCheckBox>(form, "EnableStat");
-    enabled.setChecked(false);
-    const QPoint mark(8, enabled.height() / 2);
-    QTest::mousePress(&enabled, Qt::LeftButton, {}, mark);
-    tick(form, "Timer1");
-    EXPECT_FALSE(enabled.isChecked());
-    QTest::mouseMove(&enabled, QPoint(-50, -50));
-    enabled.setDown(false);  // as while the pointer is off the box with its button held
-    tick(form, "Timer1");
-    EXPECT_FALSE(enabled.isChecked());
     QTest::mouseRelease(&enabled, Qt::LeftButton, {}, QPoint(-50, -50));
     tick(form, "Timer1");
-    EXPECT_TRUE(enabled.isChecked());
+    EXPECT_FALSE(enabled.isChecked());
+    EXPECT_EQ(position.selectedText(), QStringLiteral("12"));
 }
 
-TEST_F(MainControlFormTest, FailsTheLoadWhenThePortDoesNotOpen) {
-    bus.opens = false;
-    gate.expectMessage(std::string(portNotAvailable));
-    open();
-    expectLost("Invalid Port", grey);
-    EXPECT_EQ(textOf(form, "SelectedDeviceID"), "01");
-    EXPECT_FALSE(polls());
-    EXPECT_TRUE(bus.requests.empty());
-    EXPECT_FALSE(programEnd.ended());
-    click(form, "Command2");
-    EXPECT_FALSE(form.isVisible());
-}
-
-TEST_F(MainControlFormTest, FailsTheLoadOfADeviceThatIsNotOurs) {
-    for (const char* name : {"ABC01", "", "XZLD01", "ZL"}) {
-        MainControlForm panel(services, nullptr);
-        bus.replies["DN"] = name;
-        gate.expectMessage("No Communication with device!");
-        gate.expectMessage(std::string(portNotAvailable));
-        panel.Form_Load({{3}, "9600", "09"});
-        EXPECT_EQ(bus.takeCommands(), Commands{"DN"});
-        EXPECT_EQ(textOf(panel, "ComStatusDisplay"), "Invalid Port");
-        EXPECT_EQ(textOf(panel, "SelectedDeviceID"), "09");
-        EXPECT_FALSE(control<QTimer>(panel, "Timer1").isActive());
+TEST_F(MainControlFormTest, FailsTheLoad) {
+    struct Row {
+        const char *command, *reply;
+        std::string sent;
+    };
+    const char* const silence = nullptr;
+    const Row table[] = {{"DN", silence, "DN"},         {"DN", "", "DN"},
+                         {"DN", "XZLD01", "DN"},        {"VER", silence, loadCommands},
+                         {"ID", silence, loadCommands}, {"ACC", silence, loadCommands},
+                         {"VER", "new", loadCommands},  {"no port", silence, ""}};
+    for (const Row& row : table) {
+        SCOPED_TRACE(row.command);
+        Panel panel;
+        panel.bus.opens = !row.sent.empty();
+        if (row.reply)
+            panel.bus.replies[row.command] = row.reply;
+        else
+            panel.bus.silentAt = row.command;
+        if (row.sent == "DN")
+            panel.gate.expectMessage("No Communication with device!",
+                                     [&] { panel.expectState("No Communication", red); });
+        panel.gate.expectMessage(std::string(portNotAvailable),
+                                 [&] { panel.expectLost("Invalid Port", grey); });
+        panel.open();
+        EXPECT_EQ(panel.sent(), row.sent);
+        EXPECT_EQ(panel.shown("SelectedDeviceID"), "01");
+        EXPECT_EQ(panel.shown("Timer1"), "off");
+        choose(panel.form, "SelectedDeviceID", "05");
+        EXPECT_EQ(panel.sent(), "") << "there is no port to switch on";
+        EXPECT_FALSE(panel.programEnd.ended());
+        click(panel.form, "Command2");
+        EXPECT_FALSE(panel.form.isVisible());
     }
 }
 
-TEST_F(MainControlFormTest, FailsTheLoadOfASilentDevice) {
-    bus.silent = true;
-    gate.expectMessage("No Communication with device!",
-                       [this] { expectLost("No Communication", red); });
-    gate.expectMessage(std::string(portNotAvailable));
-    open();
-    EXPECT_EQ(bus.takeCommands(), Commands{"DN"});
-    expectLost("Invalid Port", grey);
-    EXPECT_FALSE(polls());
-}
-
-TEST_F(MainControlFormTest, EndsTheProgramWhenThePortIsLostDuringTheLoad) {
-    bus.losesAtWriteOf = "HSPD";
-    gate.expectMessageWith("Communication Error!");
-    gate.expectMessage(std::string(portNotAvailable));
-    EXPECT_THROW(form.Form_Load({{3}, "9600", "01"}), ProgramEnd::Unwind);
-    EXPECT_EQ(programEnd.exitCode(), 1);
-}
-
-TEST_F(MainControlFormTest, FailsTheLoadAtAnyTimeOut) {
-    for (std::size_t silentAt = 1; silentAt < loadCommands.size(); ++silentAt) {
-        MainControlForm panel(services, nullptr);
-        std::size_t asked = 0;
-        bus.answer = [&](const std::string& request) -> std::optional<std::string> {
-            if (asked++ == silentAt)
-                return std::nullopt;
-            return bus.replies[request.substr(3)];
-        };
-        gate.expectMessage(std::string(portNotAvailable));
-        panel.Form_Load({{3}, "9600", "01"});
-        EXPECT_EQ(bus.takeCommands(), loadCommands);
-        EXPECT_EQ(textOf(panel, "ComStatusDisplay"), "Invalid Port");
-        EXPECT_EQ(textOf(panel, "Version"), "???");
-        EXPECT_FALSE(control<QTimer>(panel, "Timer1").isActive());
-    }
-}
-
-TEST_F(MainControlFormTest, RunsASilentTickToItsEndAndThenProbes) {
-    load();
-    tickCommands();
-    disturbSync();
-    bus.silent = true;
-    EXPECT_EQ(tickCommands(), longTick);
-    expectLost("No Communication", red);
-    EXPECT_EQ(textOf(form, "Pos"), "0");
-    disturbSync();
-    EXPECT_EQ(tickCommands(), Commands{"DN"});
-    expectLost("No Communication", red);
-
-    bus.silent = false;
-    bus.replies["VER"] = "V316";
-    EXPECT_EQ(tickCommands(), (Commands{"DN", "VER", "ID"}));
-    EXPECT_EQ(textOf(form, "ComStatusDisplay"), "Communication OK");
-    EXPECT_EQ(backgroundOf(form, "ComStatusDisplay"), green);
-    EXPECT_EQ(tickCommands(), shortTick);
-    EXPECT_TRUE(control<QWidget>(form, "HLHOMEPLUS").isEnabled()) << "as loaded";
-}
-
-TEST_F(MainControlFormTest, ProbesOnWhileTheAnswerIsNoController) {
-    load();
-    bus.silent = true;
-    tickCommands();
-    bus.silent = false;
-    bus.replies["DN"] = "ABC01";
-    bus.replies["ID"] = "late";
-    disturbSync();
-    EXPECT_EQ(tickCommands(), Commands{"DN"});
-    EXPECT_EQ(textOf(form, "ComStatusDisplay"), "No Communication");
-    EXPECT_EQ(textOf(form, "ID"), "???");
-    EXPECT_EQ(textOf(form, "SyncPos"), "77") << "an answer resets nothing";
-
-    bus.replies["DN"] = "ZLD01";
-    for (const char* silentCommand : {"VER", "ID"}) {
-        bus.answer = [&](const std::string& request) -> std::optional<std::string> {
-            if (request.substr(3) == silentCommand)
-                return std::nullopt;
-            return bus.replies[request.substr(3)];
-        };
-        EXPECT_EQ(tickCommands(), (Commands{"DN", "VER", "ID"}));
-        EXPECT_EQ(textOf(form, "ComStatusDisplay"), "No Communication");
-    }
-    bus.answer = nullptr;
-    tickCommands();
-    EXPECT_EQ(tickCommands(), longTick) << "the firmware number was kept";
-}
-
-TEST_F(MainControlFormTest, EndsTheProgramWhenTheProbeFindsNoFirmwareNumber) {
-    load();
-    bus.silent = true;
-    tickCommands();
-    bus.silent = false;
-    bus.replies["VER"] = "new";
-    gate.expectMessage("The reply to the command VER is not a firmware version: \"new\"");
-    EXPECT_EQ(tickCommands(), (Commands{"DN", "VER", "ID"}));
-    EXPECT_EQ(programEnd.exitCode(), 1);
-}
-
-TEST_F(MainControlFormTest, DimsWhatIsNotLive) {
-    load();
-    const auto textColour = [&] {
+TEST_F(MainControlFormTest, RunsASilentTickToItsEndThenProbesUntilAControllerAnswers) {
+    const auto textColour = [this] {
         return control<QWidget>(form, "Pos").palette().color(QPalette::Text);
     };
-    tickCommands();
+    load();
     const QColor live = textColour();
+    disturbSync();
     bus.silent = true;
-    tickCommands();
-    EXPECT_NE(textColour(), live);
+    EXPECT_EQ(sentByTick(), longTick);
+    expectLost("No Communication", red);
+    EXPECT_EQ(shown("Pos"), "0");
+    EXPECT_NE(textColour(), live) << "the 0 is no live one";
+    disturbSync();
+    EXPECT_EQ(sentByTick(), "DN");
+    expectLost("No Communication", red);
+
     bus.silent = false;
-    tickCommands();
+    bus.replies["DN"] = "ABC01";
+    disturbSync();
+    EXPECT_EQ(sentByTick(), "DN");
+    EXPECT_EQ(shown("ComStatusDisplay"), "No Communication");
+    EXPECT_EQ(shown("SyncPos"), "77") << "an answer resets nothing";
+
+    bus.replies["DN"] = "ZLD01";
+    bus.replies["VER"] = "V316";
+    for (const char* command : {"VER", "ID"}) {
+        bus.silentAt = command;
+        EXPECT_EQ(sentByTick(), "DN|VER|ID");
+        EXPECT_EQ(shown("ComStatusDisplay"), "No Communication");
+    }
+    bus.silentAt.reset();
+    EXPECT_EQ(sentByTick(), "DN|VER|ID");
+    expectState("Communication OK", green);
     EXPECT_EQ(textColour(), live);
+    EXPECT_EQ(sentByTick(), shortTick);
+    EXPECT_TRUE(enabled("HLHOMEPLUS")) << "as loaded";
+
+    bus.silentAt = "EX";
+    sentByTick();
+    bus.replies["VER"] = "new";
+    gate.expectMessage("The reply to the command VER is not a firmware version: \"new\"");
+    EXPECT_EQ(sentByTick(), "DN|VER|ID");
+    EXPECT_EQ(programEnd.exitCode(), 1);
 }
 
 TEST_F(MainControlFormTest, EndsTheProgramOnAReplyThatIsNoNumber) {
-    for (const char* command : {"MST", "EO", "MM", "DO", "SPC", "SASTAT"}) {
-        World world;
-        world.answerAsController();
-        MainControlForm panel(world.services, nullptr);
-        panel.Form_Load({{3}, "9600", "01"});
-        panel.show();
-        world.bus.replies[command] = "12abc";
-        world.gate.expectMessage("The reply to the command " + std::string(command) +
+    for (const std::string command : {"MST", "EO", "MM", "DO", "SPC", "SASTAT"}) {
+        Panel panel;
+        panel.load();
+        panel.bus.replies[command] = "12abc";
+        panel.gate.expectMessage("The reply to the command " + command +
                                  " is not a number: \"12abc\"");
-        tick(panel, "Timer1");
-        EXPECT_TRUE(world.programEnd.ended());
-        EXPECT_EQ(world.programEnd.exitCode(), 1);
-        EXPECT_EQ(world.bus.portsOpen, 0);
-        EXPECT_EQ(world.bus.takeCommands().back(), command);
-        tick(panel, "Timer1");
-        EXPECT_TRUE(world.bus.requests.empty());
+        EXPECT_EQ(panel.sentByTick(), longTick.substr(0, longTick.find(command) + command.size()));
+        EXPECT_EQ(panel.programEnd.exitCode(), 1);
+        EXPECT_EQ(panel.bus.portsOpen, 0);
+        EXPECT_EQ(panel.sentByTick(), "");
     }
 }
 
 TEST_F(MainControlFormTest, EndsTheProgramWhenThePortIsLost) {
     load();
     bus.losesAtWriteOf = "EX";
-    const auto nothingMore = [this] {
-        tick(form, "Timer1");
-        EXPECT_EQ(bus.takeCommands(), Commands{});
-    };
     gate.expectMessage("Communication Error! Input/output error", [&] {
-        bus.takeCommands();
-        nothingMore();
-        EXPECT_EQ(textOf(form, "ComStatusDisplay"), "Communication OK");
+        EXPECT_EQ(sent(), "CUR|PX");
+        EXPECT_EQ(sentByTick(), "") << "the poll waits for the message";
+        EXPECT_EQ(shown("ComStatusDisplay"), "Communication OK");
     });
     gate.expectMessage(std::string(portNotAvailable), [&] {
-        nothingMore();
         expectLost("Invalid Port", grey);
-        EXPECT_EQ(textOf(form, "SelectedDeviceID"), "01");
+        EXPECT_EQ(shown("SelectedDeviceID"), "01");
     });
-    tick(form, "Timer1");
-    nothingMore();
+    EXPECT_EQ(sentByTick(), "");
+    EXPECT_EQ(sentByTick(), "");
     EXPECT_EQ(programEnd.exitCode(), 1);
     EXPECT_FALSE(form.isVisible());
+
+    Panel loading;
+    loading.bus.losesAtWriteOf = "HSPD";
+    loading.gate.expectMessageWith("Communication Error!");
+    loading.gate.expectMessage(std::string(portNotAvailable));
+    EXPECT_THROW(loading.open(), ProgramEnd::Unwind);
+    EXPECT_EQ(loading.programEnd.exitCode(), 1);
 }
 
 TEST_F(MainControlFormTest, DemoStepsBehindTheReadsOfEachTick) {
     load("V316");
     click(form, "Command5");
-    Commands last;
-    for (int ticks = 0; ticks < 4; ++ticks) {
-        Commands sent = tickCommands();
-        EXPECT_EQ(sent.size(), shortTick.size() + 1);
-        last.push_back(sent.back());
-    }
-    EXPECT_EQ(last, (Commands{"X8000", "X0", "X8000", "X0"}));
-    EXPECT_TRUE(control<QAbstractButton>(form, "Command5").isChecked());
+    for (const char* step : {"|X8000", "|X0", "|X8000", "|X0"})
+        EXPECT_EQ(sentByTick(), shortTick + step);
+    EXPECT_EQ(shown("Command5"), "on");
     click(form, "Command5");
-    EXPECT_EQ(tickCommands(), shortTick);
-    EXPECT_FALSE(control<QAbstractButton>(form, "Command5").isChecked());
+    EXPECT_EQ(sentByTick(), shortTick);
+    EXPECT_EQ(shown("Command5"), "off");
 }
 
 TEST_F(MainControlFormTest, SwitchesToAnotherDevice) {
     load();
     choose(form, "SelectedDeviceID", "01");
-    EXPECT_EQ(bus.takeCommands(), Commands{}) << "the present one";
+    EXPECT_EQ(sent(), "") << "the present one";
 
     bus.replies["VER"] = "V316";
     choose(form, "SelectedDeviceID", "07");
-    EXPECT_EQ(bus.requests, (Commands{"@07ID", "@07VER", "@07ID"}));
-    EXPECT_EQ(textOf(form, "Version"), "V316");
-    bus.takeCommands();
-    EXPECT_EQ(tickCommands(), shortTick);
-    EXPECT_TRUE(control<QWidget>(form, "HLHOMEPLUS").isEnabled()) << "as loaded";
+    EXPECT_EQ(bus.requests, (std::vector<std::string>{"@07ID", "@07VER", "@07ID"}));
+    EXPECT_EQ(shown("Version"), "V316");
+    sent();
+    EXPECT_EQ(sentByTick(), shortTick);
+    EXPECT_TRUE(enabled("HLHOMEPLUS")) << "as loaded";
 
-    bus.replies["VER"] = "???";
-    choose(form, "SelectedDeviceID", "09");
-    EXPECT_EQ(bus.takeCommands(), (Commands{"ID", "VER", "ID"}));
-    EXPECT_EQ(tickCommands(), shortTick) << "an unknown version keeps the number";
-
-    bus.replies["VER"] = "V316";
     bus.replies["ID"] = "ZLD08";
     disturbSync();
     gate.expectMessage("No Communication with the device at address 08");
     choose(form, "SelectedDeviceID", "08");
-    EXPECT_EQ(bus.takeCommands(), Commands{"ID"});
+    EXPECT_EQ(sent(), "ID");
     expectLost("No Communication", red);
-    EXPECT_EQ(textOf(form, "SelectedDeviceID"), "08");
-    EXPECT_EQ(tickCommands()[0], "DN") << "the probe goes on at the new address";
-}
+    EXPECT_EQ(shown("SelectedDeviceID"), "08");
+    tick(form, "Timer1");
+    EXPECT_EQ(bus.requests[0], "@08DN") << "the probe goes on at the new address";
+    sent();
 
-TEST_F(MainControlFormTest, EndsTheProgramOnASwitchToASilentDevice) {
-    load();
     bus.silent = true;
-    gate.expectMessageWith("VER");
-    choose(form, "SelectedDeviceID", "07");
-    EXPECT_EQ(bus.takeCommands(), (Commands{"ID", "VER"}));
+    gate.expectMessage("The reply to the command VER is not a firmware version: \"0\"");
+    choose(form, "SelectedDeviceID", "09");
+    EXPECT_EQ(sent(), "ID|VER");
     EXPECT_EQ(programEnd.exitCode(), 1);
 }
 
-TEST_F(MainControlFormTest, ActsOnlyOnTheOperatorsChoiceOfADevice) {
+TEST_F(MainControlFormTest, ActsOnlyOnWhatTheOperatorMeans) {
     bus.replies["DN"] = "ZLD07";  // though 01 was asked
     load();
     auto& box = control<QComboBox>(form, "SelectedDeviceID");
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Down})
+        for (const char* name : {"SetSpeed", "SyncPos", "Pos", "SelectedDeviceID", "SetSpeed"}) {
+            press(form, name, key);
+            box.hidePopup();
+        }
+    QApplication::setActiveWindow(&form);
     box.setFocus();
-    control<QWidget>(form, "SetSpeed").setFocus();
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown}) {
-        press(form, "SelectedDeviceID", key);
-        box.hidePopup();
-    }
     turnWheel(box);
-    EXPECT_EQ(bus.takeCommands(), Commands{});
-    EXPECT_EQ(textOf(form, "SelectedDeviceID"), "07");
+    EXPECT_EQ(sent(), "");
+    EXPECT_EQ(shown("SelectedDeviceID"), "07");
+    EXPECT_TRUE(form.isVisible());
 
     QTest::mouseClick(box.lineEdit(), Qt::LeftButton);
     EXPECT_TRUE(box.view()->isVisible()) << "a click on the text opens the list";
     box.hidePopup();
-}
-
-TEST_F(MainControlFormTest, SwitchesNothingWithoutAPort) {
-    bus.opens = false;
-    gate.expectMessage(std::string(portNotAvailable));
-    open();
-    choose(form, "SelectedDeviceID", "05");
-    EXPECT_EQ(bus.takeCommands(), Commands{});
-    EXPECT_FALSE(programEnd.ended());
-}
-
-TEST_F(MainControlFormTest, TakesNoOrdersFromEnterAndEscape) {
-    load();
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
-        for (const char* name : {"SetSpeed", "Accel", "SyncPos", "Pos", "SelectedDeviceID"})
-            press(form, name, key);
-    EXPECT_TRUE(form.isVisible());
-    EXPECT_EQ(bus.takeCommands(), Commands{});
-}
-
-TEST_F(MainControlFormTest, ShowsAboutAndHelp) {
-    load();
-    gate.expectMessage(
-        "GUI Version: V315\rFirmware Version: \r\n\r\nThe following GUI features are not "
-        "supported by this firmware:\r\n\r\n - Standalone multi-threading Capability.\r\n - HL+/- "
-        "Commands.\r\n - Time Out Watchdog (TOC Command).\r\n",
-        [this] { EXPECT_EQ(tickCommands(), Commands{}) << "the poll waits for the message"; });
+    gate.expectMessageWith("GUI Version: V315\rFirmware Version: ");
     click(form, "About");
     click(form, "Help");
     EXPECT_EQ(help.opened, "ZLT42R-485.HLP");
-    EXPECT_EQ(tickCommands(), longTick);
-}
-
-TEST_F(MainControlFormTest, ClosesItsPortWithItself) {
-    load();
-    form.close();
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(bus.portsOpen, 0);
-    EXPECT_FALSE(polls());
 }
 
 }  // namespace

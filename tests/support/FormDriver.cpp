@@ -1,11 +1,11 @@
 #include "support/FormDriver.h"
 
+#include <gtest/gtest.h>
+
+#include <QApplication>
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QTest>
 #include <QWheelEvent>
-#include <stdexcept>
 
 namespace zlt::test {
 namespace {
@@ -55,6 +55,13 @@ std::string textOf(QWidget& form, const char* name) {
     return found->property(property).toString().toStdString();
 }
 
+std::string shownOn(QWidget& form, const char* name) {
+    for (const char* state : {"lit", "checked", "active"})
+        if (const QVariant on = findNamed(form, name)->property(state); on.isValid())
+            return on.toBool() ? "on" : "off";
+    return textOf(form, name);
+}
+
 void choose(QWidget& form, const char* name, const char* entry) {
     auto& box = dynamic_cast<QComboBox&>(usable(form, name));
     const int index = box.findText(QString::fromLatin1(entry));
@@ -62,6 +69,24 @@ void choose(QWidget& form, const char* name, const char* entry) {
         throw std::runtime_error(std::string(name) + " does not offer " + entry);
     box.setCurrentIndex(index);
     emit box.activated(index);
+}
+
+void clickAndWork(QWidget& form, const char* button,
+                  const std::function<void(QWidget& screen)>& work) {
+    QTimer::singleShot(0, &form, [&form, button, work] {
+        QWidget* screen = QApplication::activeModalWidget();
+        if (!screen || screen == &form) {
+            ADD_FAILURE() << button << " shows no screen";
+            return;
+        }
+        try {
+            work(*screen);
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << error.what();
+            screen->close();
+        }
+    });
+    click(form, button);
 }
 
 void tick(QWidget& form, const char* name) {

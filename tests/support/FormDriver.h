@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QTimer>
 #include <QWidget>
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -30,8 +31,15 @@ void turnWheel(QWidget& widget);
 /// What a control shows: a label's, a button's or a field's text, a box's chosen text.
 std::string textOf(QWidget& form, const char* name);
 
+/// The same, or "on" and "off" of a lamp, a mark or a timer.
+std::string shownOn(QWidget& form, const char* name);
+
 /// Picks an entry of a drop-down list as the operator would.
 void choose(QWidget& form, const char* name, const char* entry);
+
+/// Clicks a button that shows a screen over `form`, and works that screen once it stands.
+void clickAndWork(QWidget& form, const char* button,
+                  const std::function<void(QWidget& screen)>& work);
 
 /// One tick of a form's timer, now.
 void tick(QWidget& form, const char* name);

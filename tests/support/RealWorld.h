@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QTest>
+#include <fstream>
+
 #include "link/QtSerialPort.h"
 #include "platform_qt/ThreadWaits.h"
 #include "support/World.h"
@@ -9,16 +12,19 @@ namespace zlt::test {
 /// A world whose ports and waits are real: the port list leads to pseudo-terminals.
 struct RealWorld : World {
     ThreadWaits realWaits;
-    Services real{.gate = gate,
-                  .waits = realWaits,
-                  .files = files,
-                  .help = help,
-                  .programEnd = programEnd,
-                  .processes = tools,
-                  .ownFolder = {},
-                  .makePort = [this](QObject* owner) {
-                      return std::make_unique<QtSerialPort>(directory, owner);
-                  }};
+    Services real = servicesWith(realWaits, [this](QObject* owner) {
+        return std::make_unique<QtSerialPort>(directory, owner);
+    });
+
+    /// Leads COM1 to this device from now on.
+    void listPort(const std::string& device) {
+        std::ofstream(std::string(portListFileName)) << "COM1=" << device << "\n";
+        directory.refresh();
+    }
+    /// Runs the event loop until the condition holds. False after ten seconds.
+    static bool wait(const std::function<bool()>& condition) {
+        return QTest::qWaitFor(condition, 10'000);
+    }
 };
 
 }  // namespace zlt::test

@@ -16,9 +16,11 @@ class RecordingGate : public Gate {
     ~RecordingGate() override;
 
     /// Announces a message; `whileShown` runs as the operator would act while it is up.
-    void expectMessage(std::string text, std::function<void()> whileShown = {});
+    void expectMessage(std::string text, std::function<void()> whileShown = {}) {
+        m_expected.push_back({std::move(text), true, std::move(whileShown)});
+    }
     /// Announces a message that only needs to hold these words.
-    void expectMessageWith(std::string words);
+    void expectMessageWith(std::string words) { m_expected.push_back({std::move(words), false}); }
 
     /// Announces a Yes/No question and the operator's answer to it.
     void expectQuestion(std::string title, std::string text, bool answer);
@@ -29,11 +31,14 @@ class RecordingGate : public Gate {
     void expectSaveDialog(FileChoice choice, std::optional<std::string> chosen,
                           std::function<void()> whileShown = {});
 
-    void message(std::string_view text) override;
+    void message(std::string_view text) override { meet(std::string(text)); }
     bool ask(std::string_view title, std::string_view text) override;
     std::optional<std::string> chooseToOpen(const FileChoice& choice) override;
     std::optional<std::string> chooseToSave(const FileChoice& choice) override;
     bool satisfied() const { return m_expected.empty(); }
+
+    /// Boxes that nobody expected are answered with No and Cancel.
+    bool indifferent = false;
 
  private:
     struct Expected {

@@ -1,6 +1,14 @@
 #include "support/ScriptedBus.h"
 
 namespace zlt::test {
+namespace {
+
+/// What stands behind "@" and the address.
+std::string commandOf(const std::string& request) {
+    return request.substr(std::min<std::size_t>(3, request.size()));
+}
+
+}  // namespace
 
 class ScriptedPort : public Port {
  public:
@@ -21,12 +29,13 @@ class ScriptedPort : public Port {
     bool isOpen() const override { return m_open; }
 
     bool write(std::string_view bytes) override {
-        if (m_open && !bytes.empty() && command(bytes) == m_bus.losesAtWriteOf)
+        const std::string request(bytes.substr(0, bytes.size() - 1));
+        if (commandOf(request) == m_bus.losesAtWriteOf)
             close();
         if (!m_open)
             return false;
-        m_bus.receive(std::string(bytes.substr(0, bytes.size() - 1)));
-        m_losing = command(bytes) == m_bus.losesAtReadOf;
+        m_bus.receive(request);
+        m_losing = commandOf(request) == m_bus.losesAtReadOf;
         return true;
     }
     PortInput read(char& character) override {
@@ -52,10 +61,6 @@ class ScriptedPort : public Port {
     std::string errorText() const override { return "Input/output error"; }
 
  private:
-    static std::string_view command(std::string_view request) {
-        return request.size() > 3 ? request.substr(3, request.size() - 4) : std::string_view();
-    }
-
     ScriptedBus& m_bus;
     bool m_open = false;
     bool m_losing = false;
@@ -68,20 +73,23 @@ std::unique_ptr<Port> ScriptedBus::makePort() {
 void ScriptedBus::receive(const std::string& request) {
     requests.push_back(request);
     std::optional<std::string> reply;
-    if (answer) {
+    if (answer)
         reply = answer(request);
-    } else if (!silent) {
-        const auto found = replies.find(request.substr(std::min<std::size_t>(3, request.size())));
-        reply = found == replies.end() ? "OK" : found->second;
-    }
+    else if (!silent && commandOf(request) != silentAt)
+        reply = usualReply(request);
     if (reply)
         feed(*reply + "\r");
+}
+
+std::string ScriptedBus::usualReply(const std::string& request) const {
+    const auto found = replies.find(commandOf(request));
+    return found == replies.end() ? "OK" : found->second;
 }
 
 std::vector<std::string> ScriptedBus::takeCommands() {
     std::vector<std::string> commands;
     for (const std::string& request : requests)
-        commands.push_back(request.substr(std::min<std::size_t>(3, request.size())));
+        commands.push_back(commandOf(request));
     requests.clear();
     return commands;
 }

@@ -30,6 +30,8 @@ class ScriptedBus {
     /// When set, decides in place of the table: the reply, or nothing for silence.
     std::function<std::optional<std::string>(const std::string& request)> answer;
     bool silent = false;
+    /// The one command that is not answered.
+    std::optional<std::string> silentAt;
     bool opens = true;
     /// The port fails at the write, or at the first wait, of this command.
     std::optional<std::string> losesAtWriteOf, losesAtReadOf;
@@ -41,6 +43,8 @@ class ScriptedBus {
     int portsOpen = 0;
 
     std::unique_ptr<Port> makePort();
+    /// What the table says.
+    std::string usualReply(const std::string& request) const;
     /// The commands sent since the last call, without "@" and the address.
     std::vector<std::string> takeCommands();
     /// Puts raw bytes where the next read finds them; '\0' stands for one empty read.

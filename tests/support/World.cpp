@@ -19,6 +19,17 @@ World::~World() {
     std::filesystem::current_path(m_before);
 }
 
+Services World::servicesWith(Waits& pauses, decltype(Services::makePort) makePort) {
+    return {.gate = gate,
+            .waits = pauses,
+            .files = files,
+            .help = help,
+            .programEnd = programEnd,
+            .processes = tools,
+            .ownFolder = folder.path().toStdString(),
+            .makePort = std::move(makePort)};
+}
+
 void World::answerAsController(const std::string& version) {
     bus.replies = {{"DN", "ZLD01"}, {"VER", version}, {"ID", "ZLT-R-NX-42"}, {"HSPD", "5000"},
                    {"ACC", "250"},  {"CUR", "800"},   {"PX", "-12"},         {"EX", "34"},

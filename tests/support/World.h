@@ -42,14 +42,10 @@ struct World {
     ProgramEnd programEnd;
     ScriptedTools tools;
     PortDirectory directory{portListFileName};
-    Services services{.gate = gate,
-                      .waits = waits,
-                      .files = files,
-                      .help = help,
-                      .programEnd = programEnd,
-                      .processes = tools,
-                      .ownFolder = folder.path().toStdString(),
-                      .makePort = [this](QObject*) { return bus.makePort(); }};
+
+    /// The services of this world with these waits and ports.
+    Services servicesWith(Waits& pauses, decltype(Services::makePort) makePort);
+    Services services = servicesWith(waits, [this](QObject*) { return bus.makePort(); });
 
     /// The reply table of a controller with this firmware, at rest.
     void answerAsController(const std::string& version = "V322");

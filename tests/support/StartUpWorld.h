@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QStringList>
+#include <ctime>
 
 #include "app/SelectComForm.h"
 #include "support/FormDriver.h"
@@ -16,20 +16,30 @@ class StartUpWorld : public ::testing::Test, public RealWorld {
  protected:
     using Work = std::function<void(QWidget& screen)>;
 
-    StartUpWorld();
-
-    /// Leads COM1 to this device from now on.
-    void listPort(const std::string& device);
-    /// Clicks a button that shows a screen over `form`, and works that screen once it stands.
-    static void clickAndWork(QWidget& form, const char* button, const Work& work);
+    StartUpWorld() {
+        listPort(simulator.device());
+        startUp.Form_Load();
+        startUp.show();
+    }
     /// Connects, and works the panel.
     void connect(const Work& work) { clickAndWork(startUp, "Command25", work); }
-    /// Connects and closes the panel again, with all well.
-    void expectGoodConnection();
 
-    static bool wait(const std::function<bool()>& condition);
     /// Lets the event loop idle and fails when that keeps the processor busy.
-    static void expectIdle();
+    static void expectIdle() {
+        QTest::qWait(50);
+        const std::clock_t before = std::clock();
+        QTest::qWait(300);
+        EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 20) << "a lost port must not spin";
+    }
+    /// Connects and closes the panel again, with all well.
+    void expectGoodConnection() {
+        connect([](QWidget& panel) {
+            EXPECT_EQ(textOf(panel, "ComStatusDisplay"), "Communication OK");
+            EXPECT_EQ(textOf(panel, "Version"), "V322");
+            click(panel, "Command2");
+        });
+        EXPECT_FALSE(programEnd.ended());
+    }
 
     SimulatedBus simulator{{QStringLiteral("--unpaced")}};
     SelectComForm startUp{real, directory};

@@ -1,0 +1,163 @@
+// Ports that cannot be opened and adapters that are pulled out, met from the start-up screen.
+
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QLockFile>
+#include <QProcess>
+#include <filesystem>
+
+#include "link/Flavour.h"
+#include "support/StartUpWorld.h"
+
+namespace zlt::test {
+namespace {
+
+class PortFaultsTest : public StartUpWorld {
+ protected:
+    struct Obstacle {
+        const char* why;
+        std::string device;
+        const char* words;  ///< of the note below the port
+        std::function<void()> raise = {}, remove = {};
+    };
+    /// One message, the note's words, no second try; closable, and good again afterwards.
+    void expectRefusal(const Obstacle& obstacle) {
+        SCOPED_TRACE(obstacle.why);
+        listPort(obstacle.device);
+        if (obstacle.raise)
+            obstacle.raise();
+        gate.expectMessage(std::string(portNotAvailable));
+        connect([&](QWidget& panel) {
+            EXPECT_EQ(textOf(panel, "ComStatusDisplay"), "Invalid Port");
+            EXPECT_EQ(shownOn(panel, "Timer1"), "off") << "no storm of retries";
+            click(panel, "Command2");
+        });
+        EXPECT_NE(textOf(startUp, "portProblem").find(obstacle.words), std::string::npos)
+            << textOf(startUp, "portProblem");
+        if (obstacle.remove)
+            obstacle.remove();
+        listPort(device);
+        expectGoodConnection();
+    }
+
+    /// The one that programs of this kind agree on.
+    std::string lockFile() const {
+        const auto name = std::filesystem::path(simulator.device()).filename().string();
+        return "/var/lock/LCK..pts_" + name;
+    }
+
+    const std::string device = simulator.device();
+};
+
+using OpeningTest = PortFaultsTest;
+
+TEST_F(OpeningTest, IsRefusedOnceInWordsAndWorksAgainAfterwards) {
+    std::filesystem::create_symlink(device, "link");
+    QLockFile claim(QString::fromStdString(lockFile()));
+    QProcess other;
+    const auto lock = [&] {
+        other.start(QStringLiteral("flock"),
+                    {QStringLiteral("-F"), QString::fromStdString(device), QStringLiteral("sh"),
+                     QStringLiteral("-c"), QStringLiteral("echo locked; exec cat")});
+        EXPECT_TRUE(other.waitForReadyRead());
+    };
+    const auto unlock = [&] {
+        other.closeWriteChannel();
+        EXPECT_TRUE(other.waitForFinished());
+    };
+    const Obstacle table[] = {
+        {"no such device", "/dev/no-such-port", "no such device"},
+        {"no serial device", "/dev/null", "not a serial port"},
+        {"a folder", "/tmp", "not a serial port"},
+        {"locked by another program", device, "In use by cat (process ", lock, unlock},
+        {"claimed by a lock file, by another name", "./link", "The last try to open it failed",
+         [&] { EXPECT_TRUE(claim.tryLock()); }, [&] { claim.unlock(); }},
+    };
+    for (const Obstacle& obstacle : table)
+        expectRefusal(obstacle);
+}
+
+TEST_F(OpeningTest, IsRefusedForWantOfRights) {
+    if (geteuid() == 0)
+        GTEST_SKIP() << "root may open any device, claimed by another program or not";
+    const int other = open(device.c_str(), O_RDWR | O_NOCTTY);
+    const Obstacle table[] = {
+        {"no right", device, "You may not open it", [&] { chmod(device.c_str(), 0); },
+         [&] { chmod(device.c_str(), 0600); }},
+        {"claimed", device, "Device or resource busy", [&] { ioctl(other, TIOCEXCL); },
+         [&] { ioctl(other, TIOCNXCL); }}};
+    for (const Obstacle& obstacle : table)
+        expectRefusal(obstacle);
+    close(other);
+}
+
+using HangUpTest = PortFaultsTest;
+
+TEST_F(HangUpTest, OnAnotherScreenIsToldAtTheNextExchangeAndEndsNothing) {
+    const auto upload = [this](QWidget& screen) {
+        click(screen, "DownloadPar");
+        gate.expectMessage("Communication port not open!");
+        click(screen, "UploadPar");
+    };
+    const auto sendByHand = [](QWidget& screen) {
+        for (int turn = 0; turn < 2; ++turn) {
+            QTest::keyClicks(&control<QWidget>(screen, "SendText"), QStringLiteral("PX"));
+            press(screen, "SendText", Qt::Key_Return);
+        }
+        const QString pad = control<QWidget>(screen, "Pad").property("plainText").toString();
+        EXPECT_EQ(pad.count(QStringLiteral("Com Port Error")), 2);
+    };
+    struct Row {
+        const char* button;
+        const char* message;  ///< of the next exchange; null for none
+        Work exchange;        ///< of a screen without poll
+    };
+    const Row table[] = {{"Setup", "Communication port not open!", upload},
+                         {"ManualTerminal", nullptr, sendByHand},
+                         {"Variable", "No Reply to Command: ", {}},
+                         {"XThread", "Communication port not open!", {}}};
+    for (const Row& row : table) {
+        SCOPED_TRACE(row.button);
+        connect([&](QWidget& panel) {
+            clickAndWork(panel, row.button, [&](QWidget& screen) {
+                QTest::qWait(20);
+                if (row.message)
+                    gate.expectMessageWith(row.message);
+                simulator.say("hangup");
+                // A pseudo-terminal's name may be another program's at once.
+                listPort("/dev/no-such-port");
+                expectIdle();
+                if (row.exchange)
+                    row.exchange(screen);
+                EXPECT_TRUE(wait([&] { return gate.satisfied(); }));
+                expectIdle();
+                gate.expectMessage(std::string(portNotAvailable));
+                screen.close();
+            });
+            EXPECT_TRUE(gate.satisfied()) << "the port does not come back to the panel";
+            EXPECT_EQ(textOf(panel, "ComStatusDisplay"), "Invalid Port");
+            expectIdle();
+            click(panel, "Command2");
+        });
+        simulator.say("plug");
+        listPort(simulator.device());
+        expectGoodConnection();
+    }
+}
+
+TEST_F(HangUpTest, ClosingDuringTrafficReleasesThePort) {
+    for (int milliseconds = 0; milliseconds < 40; milliseconds += 10) {
+        connect([&](QWidget& panel) {
+            EXPECT_TRUE(std::filesystem::exists(lockFile()));
+            QTest::qWait(milliseconds);
+            panel.close();
+        });
+        EXPECT_FALSE(std::filesystem::exists(lockFile()));
+    }
+}
+
+}  // namespace
+}  // namespace zlt::test
