@@ -1,6 +1,6 @@
 #include <filesystem>
 
-#include "PanelWorld.h"
+#include "LoadedPanel.h"
 #include "programs/ProgramEditor.h"
 #include "programs/ProgramFrame.h"
 
@@ -15,7 +15,7 @@ const FileChoice openChoice{"Open ZLT-R-NX Program", "ZLT-R-NX Program Files (*.
                             "*.prg"};
 const FileChoice saveChoice{"Save ZLT-R-NX Program As", "ZLT-R-NX Program Files (*.prg)|*.prg", ""};
 
-class ProgramTest : public PanelWorld {
+class ProgramTest : public LoadedPanel {
  protected:
     ProgramTest() { std::filesystem::create_directory("EXE"); }
 

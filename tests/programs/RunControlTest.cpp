@@ -1,9 +1,9 @@
-#include "PanelWorld.h"
+#include "LoadedPanel.h"
 
 namespace zlt::test {
 namespace {
 
-class RunControlTest : public PanelWorld {
+class RunControlTest : public LoadedPanel {
  protected:
     bool checked(const char* option) { return control<QAbstractButton>(form, option).isChecked(); }
 };
