@@ -47,7 +47,11 @@ TEST_F(OpeningTest, IsRefusedOnceInWordsAndWorksAgainAfterwards) {
         {"locked by another program", device, [&] { flock(other, LOCK_EX | LOCK_NB); },
          [&] { flock(other, LOCK_UN); }},
         {"opened by another panel", device, [&] { EXPECT_TRUE(second.open({1}, "9600,N,8,1")); },
-         [&] { second.close(); }},
+         [&] {
+             EXPECT_EQ(textOf(startUp, "portProblem"),
+                       "The last try to open it failed: Device or resource busy.");
+             second.close();
+         }},
     };
     for (const Row& row : table) {
         listPort(row.device);
