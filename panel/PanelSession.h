@@ -21,7 +21,7 @@ class PanelSession : private LinkListener {
     /// One tick of the poll: reads the axis, or probes for a silent controller.
     void pollTick();
 
-    /// The operator chose another device on the bus.
+    /// The operator chose another device on the bus. Ends the demo.
     void switchDevice(const std::string& deviceId);
 
     /// Starts or ends the demo moves between 8000 and 0.
@@ -44,6 +44,7 @@ class PanelSession : private LinkListener {
     void failLoad();
     void readAxis();
     void readProgramState();
+    void forgetProgramState();
     void stepDemo();
     void probe();
     void failSwitch();
@@ -52,6 +53,7 @@ class PanelSession : private LinkListener {
     std::string ask(std::string_view command) { return link.SendReceive(command); }
     std::int32_t askNumber(std::string_view command);
     void readVersion();
+    void noteFirmware();
     void showInvalidPort();
     void showUnknownDevice();
     void showDeviceLost();

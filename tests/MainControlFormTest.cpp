@@ -376,12 +376,18 @@ TEST_F(MainControlFormTest, SwitchesToAnotherDevice) {
     choose(form, "SelectedDeviceID", "01");
     EXPECT_EQ(bus.takeCommands(), Commands{}) << "the present one";
 
+    bus.replies["DO"] = "1";
     bus.replies["VER"] = "V316";
+    click(form, "Command5");
+    tickCommands();
     choose(form, "SelectedDeviceID", "07");
     EXPECT_EQ(bus.requests, (Commands{"@07ID", "@07VER", "@07ID"}));
+    for (const char* name : {"MoveMode", "ProgIndex", "ProgStatus"})
+        EXPECT_EQ(textOf(form, name), "") << "the other device's";
+    EXPECT_FALSE(lit("InPosDO")) << "the other device's";
     EXPECT_EQ(textOf(form, "Version"), "V316");
     bus.takeCommands();
-    EXPECT_EQ(tickCommands(), shortTick);
+    EXPECT_EQ(tickCommands(), shortTick) << "the demo moves no axis that was only selected";
     EXPECT_TRUE(control<QWidget>(form, "HLHOMEPLUS").isEnabled()) << "as loaded";
 
     bus.replies["VER"] = "???";
