@@ -144,6 +144,7 @@ void MainControlForm::showOverPanel() {
 
 void MainControlForm::Setup_Click() {
     showOverPanel<SetupParameters>();
+    m_ui->runControlFrame->forgetRunOnBoot();  // that screen may have set it anew
 }
 
 void MainControlForm::ManualTerminal_Click() {

@@ -75,6 +75,13 @@ TEST_F(RunControlTest, ShowsTheControllersWordOnRunOnBoot) {
     EXPECT_EQ(bus.takeCommands(), Commands{}) << "arrow keys select nothing here";
     choose(form, "SelectedDeviceID", "02");
     EXPECT_FALSE(checked("RunOnBootOn") || checked("RunOnBootOff")) << "another controller";
+
+    bus.replies["SLOAD"] = "1";
+    click(form, "RunOnBootOn");
+    QTimer::singleShot(0, &form, [] { QApplication::activeModalWidget()->close(); });
+    gate.expectMessageWith("The reply to the command POL is not a number");
+    click(form, "Setup");
+    EXPECT_FALSE(checked("RunOnBootOn") || checked("RunOnBootOff")) << "Setup writes it too";
 }
 
 TEST_F(RunControlTest, OpensTheThreadScreenFromFirmware322On) {
