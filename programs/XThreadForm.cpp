@@ -21,11 +21,11 @@ constexpr auto breathingSpace = 500ms;
 XThreadForm::XThreadForm(const Services& services, const LinkHandOver& handOver, QWidget* parent)
     : Screen(services, parent),
       m_ui(std::make_unique<Ui::XThreadForm>()),
-      m_link(services, flavours::secondThread, nullptr, this) {
+      m_link(services, flavours::secondThread, this, this) {
+    m_ui->setupUi(this);
     m_link.connection = handOver.connection;
     m_link.PortReady = handOver.PortReady;
     m_link.setCommOK(handOver.CommOK);
-    m_ui->setupUi(this);
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setInterval(passInterval);
     teachManners();
@@ -65,17 +65,28 @@ void XThreadForm::sendToThread(char runCommand) {
 }
 
 void XThreadForm::Timer1_Timer() {
+    // No flag guards this screen's exchanges; set here, it tells how the pass went.
     m_link.setCommOK(true);
     m_ui->ProgIndex0->showReply(m_link.SendReceive("SPC0"));
     m_ui->ProgIndex1->showReply(m_link.SendReceive("SPC1"));
     showState("SASTAT0", *m_ui->ProgStatus0);
     showState("SASTAT1", *m_ui->ProgStatus1);
-    for (ReadOut* value : findChildren<ReadOut*>())
-        value->setLive(m_link.CommOK());
+    showLive(m_link.CommOK());
     if (m_link.lossReported())
         m_timer1.stop();
     else
         m_timer1.setInterval(m_link.CommOK() ? passInterval : breathingSpace);
+}
+
+void XThreadForm::commChanged(bool connected) {
+    // Dimmed before the message is up; live again once a whole pass has been answered.
+    if (!connected)
+        showLive(false);
+}
+
+void XThreadForm::showLive(bool live) {
+    for (ReadOut* value : findChildren<ReadOut*>())
+        value->setLive(live);
 }
 
 void XThreadForm::showState(const char* query, ReadOut& state) {
