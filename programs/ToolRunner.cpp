@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <system_error>
 
+#include "platform/FileNames.h"
 #include "platform/Latin1.h"
 #include "programs/ProgramText.h"
 #include "programs/ToolResult.h"
@@ -20,6 +21,10 @@ std::string nameOf(std::string_view file) {
     return std::string(file.substr(file.find_last_of('\\') + 1));
 }
 
+std::string folderOf(const fs::path& path) {
+    return utf8FromPath(path.parent_path());
+}
+
 ToolError noResult(const Tool& tool, bool crashed, std::string_view result) {
     return ToolError("The tool " + nameOf(tool.path) +
                      (crashed ? " ended by a fault before it wrote its result, the file "
@@ -30,6 +35,8 @@ ToolError noResult(const Tool& tool, bool crashed, std::string_view result) {
 }  // namespace
 
 fs::path ToolRunner::pathOf(std::string_view file) const {
+    if (m_services.ownFolder.empty())
+        throw ToolError("The name of the panel's own folder is not valid text.  Please rename it.");
     std::string below(file.substr(1));
     std::replace(below.begin(), below.end(), '\\', '/');
     return m_services.ownFolder / below;
@@ -43,11 +50,10 @@ void ToolRunner::write(std::string_view file, std::string_view bytes) {
     const fs::path path = pathOf(file);
     std::error_code unknown;
     if (!fs::is_directory(path.parent_path(), unknown))
-        throw ToolError("The folder of the external tools is missing: " +
-                        path.parent_path().string());
+        throw ToolError("The folder of the external tools is missing: " + folderOf(path));
     if (const auto reason = m_services.files.writeWhole(path, bytes))
         throw ToolError("The file " + nameOf(file) + " cannot be written into the folder " +
-                        path.parent_path().string() + ": " + *reason);
+                        folderOf(path) + ": " + *reason);
 }
 
 void ToolRunner::writeSetup(std::string_view file, const std::vector<SetupEntry>& entries) {
@@ -74,9 +80,9 @@ void ToolRunner::start(const Tool& tool, bool& crashed) {
     std::error_code unknown;
     if (!fs::exists(path, unknown))
         throw ToolError("The tool " + nameOf(tool.path) + " is missing from the folder " +
-                        path.parent_path().string() + ".");
-    throw ToolError("The tool " + nameOf(tool.path) + " in the folder " +
-                    path.parent_path().string() + " cannot be started: " + end.reason);
+                        folderOf(path) + ".");
+    throw ToolError("The tool " + nameOf(tool.path) + " in the folder " + folderOf(path) +
+                    " cannot be started: " + end.reason);
 }
 
 void ToolRunner::RunToolAndWait(const Tool& tool, std::string_view result) {

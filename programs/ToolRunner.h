@@ -71,7 +71,8 @@ class ToolRunner {
     /// when it names none.
     int ReadCompileErrorLine() const;
 
-    /// A file below the panel's own folder; nothing when it cannot be read.
+    /// A file below the panel's own folder; nothing when it cannot be read. Throws ToolError when
+    /// that folder's name cannot be told, as all here do.
     std::optional<std::string> read(std::string_view file) const;
 
  private:

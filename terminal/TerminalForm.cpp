@@ -1,7 +1,6 @@
 #include "terminal/TerminalForm.h"
 
-#include <filesystem>
-
+#include "platform/FileNames.h"
 #include "terminal/AddressField.h"
 #include "ui_TerminalForm.h"
 #include "widgets/WireText.h"
@@ -76,19 +75,14 @@ void TerminalForm::SendText_Newer() {
 }
 
 void TerminalForm::Command2_Click() {
-    const auto name = services().gate.chooseToSave(
-        {"Save Terminal Text As", "Terminal Text Files (*.txt)|*.txt", {}});
+    const auto name = chooseSaveName(
+        services().gate, {"Save Terminal Text As", "Terminal Text Files (*.txt)|*.txt", {}},
+        "No Program Name!");
     if (!name)
         return;
-    if (name->empty()) {
-        services().gate.message("No Program Name!");
-        return;
-    }
-    if (name->find('*') != std::string::npos)
-        return;
-    const std::filesystem::path file(std::u8string(name->begin(), name->end()));
-    const auto failure = services().files.writeWhole(file, savedTranscript(m_ui->Pad->text()));
-    services().gate.message(failure ? "The text could not be saved in " + *name + ": " + *failure
+    const auto failure = services().files.writeWhole(*name, savedTranscript(m_ui->Pad->text()));
+    services().gate.message(failure ? "The text could not be saved in " + utf8FromPath(*name) +
+                                          ": " + *failure
                                     : "Save Done!");
 }
 
