@@ -20,8 +20,6 @@ std::optional<std::string> QtFiles::read(const std::filesystem::path& path, std:
 std::optional<std::string> QtFiles::writeWhole(const std::filesystem::path& path,
                                                std::string_view bytes) {
     QSaveFile file(fromPath(path));
-    // A file that may be written in a folder that may not is written in place.
-    file.setDirectWriteFallback(true);
     const auto size = static_cast<qint64>(bytes.size());
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), size) != size ||
         !file.commit())
