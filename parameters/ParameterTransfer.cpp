@@ -24,19 +24,7 @@ ParameterTransfer::ParameterTransfer(const Services& services, const LinkHandOve
       m_view(view),
       m_firmware(handOver.firmware),
       m_link(services, flavours::parameterSetup, nullptr, owner) {
-    m_link.connection = handOver.connection;
-    m_link.PortReady = handOver.PortReady;
-    m_link.setCommOK(handOver.CommOK);
-}
-
-void ParameterTransfer::openPort() {
-    if (m_link.PortReady)
-        m_link.PortReady = m_link.openPort();
-}
-
-void ParameterTransfer::closePort() {
-    if (m_link.PortReady)
-        m_link.closePort();
+    m_link.takeOver(handOver);
 }
 
 bool ParameterTransfer::ready() {

@@ -17,9 +17,8 @@ class ParameterTransfer {
                       QObject* owner);
 
     /// Opens the port where the caller's was open. What fails here is told by the upload.
-    void openPort();
-    /// Closes the port, when it is still this screen's.
-    void closePort();
+    void openPort() { m_link.openHandedOverPort(); }
+    void closePort() { m_link.closePort(); }
 
     /// Reads the whole set into the screen. Throws ConversionError, the rest left as it was,
     /// at a reply that should be a number and is none.

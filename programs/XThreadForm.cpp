@@ -23,9 +23,7 @@ XThreadForm::XThreadForm(const Services& services, const LinkHandOver& handOver,
       m_ui(std::make_unique<Ui::XThreadForm>()),
       m_link(services, flavours::secondThread, this, this) {
     m_ui->setupUi(this);
-    m_link.connection = handOver.connection;
-    m_link.PortReady = handOver.PortReady;
-    m_link.setCommOK(handOver.CommOK);
+    m_link.takeOver(handOver);
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setInterval(passInterval);
     teachManners();
@@ -52,8 +50,7 @@ void XThreadForm::connectHandlers() {
 void XThreadForm::Form_Load() {
     handlers.runWithinCaller([this] {
         const BusyCursor busy;
-        if (m_link.PortReady)
-            m_link.openPort();  // one that does not open is reported by the first exchange
+        m_link.openHandedOverPort();  // what fails here is told by the first exchange
         m_ui->ProgSel0->setChecked(true);
         m_timer1.start();
     });

@@ -11,10 +11,9 @@ TerminalForm::TerminalForm(const Services& services, const LinkHandOver& handedO
                            QWidget* parent)
     : Screen(services, parent),
       m_ui(std::make_unique<Ui::TerminalForm>()),
-      m_handedOver(handedOver),
       m_link(services, flavours::terminal, nullptr, this) {
     m_ui->setupUi(this);
-    m_link.connection = handedOver.connection;
+    m_link.takeOver(handedOver);
     teachManners();
     connectHandlers();
 }
@@ -33,11 +32,10 @@ void TerminalForm::connectHandlers() {
 void TerminalForm::Form_Load() {
     handlers.runWithinCaller([this] {
         const BusyCursor busy;
-        m_ui->DeviceID->setText(shownText(m_handedOver.connection.deviceId));
-        if (!m_handedOver.PortReady)
+        m_ui->DeviceID->setText(shownText(m_link.connection.deviceId));
+        if (!m_link.PortReady)
             services().gate.message("Communication port not open!");
-        else
-            m_link.PortReady = m_link.openPort();  // without it each command says so
+        m_link.openHandedOverPort();  // without it each command says so
     });
 }
 
@@ -87,8 +85,7 @@ void TerminalForm::Command2_Click() {
 }
 
 void TerminalForm::Close_Click() {
-    if (m_handedOver.PortReady)
-        m_link.closePort();
+    m_link.closePort();
     done(Accepted);
 }
 

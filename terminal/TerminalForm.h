@@ -40,7 +40,6 @@ class TerminalForm : public Screen {
     void connectHandlers();
 
     std::unique_ptr<Ui::TerminalForm> m_ui;
-    LinkHandOver m_handedOver;
     ScreenLink m_link;
     QString m_lastCommand;
     CommandHistory m_history;
