@@ -32,7 +32,6 @@ class PanelSession : private LinkListener {
     void unload();
 
     PanelLink link;
-    bool DemoMode = false;
 
  private:
     void commChanged(bool connected) override;
@@ -61,7 +60,8 @@ class PanelSession : private LinkListener {
     const Services& m_services;
     PanelView& m_view;
     std::string m_version;  ///< the caption of `Version`
-    int m_demoStep = 0;     ///< 0 to 2
+    bool DemoMode = false;
+    int m_demoStep = 0;  ///< 0 to 2
 };
 
 }  // namespace zlt

@@ -33,16 +33,16 @@ XThreadForm::XThreadForm(const Services& services, const LinkHandOver& handOver,
 XThreadForm::~XThreadForm() = default;
 
 void XThreadForm::connectHandlers() {
-    handlers.onClick(*m_ui->RunProg, [this](bool) { sendToThread('1'); });
+    handlers.onClick(*m_ui->RunProg, [this](bool) { sendToThread(RunCommand::run); });
     handlers.onClick(*m_ui->StopProg, [this](bool) {
-        sendToThread('0');
+        sendToThread(RunCommand::stop);
         stopMotion();
     });
     handlers.onClick(*m_ui->PauseProg, [this](bool) {
-        sendToThread('2');
+        sendToThread(RunCommand::pause);
         stopMotion();
     });
-    handlers.onClick(*m_ui->ContProg, [this](bool) { sendToThread('3'); });
+    handlers.onClick(*m_ui->ContProg, [this](bool) { sendToThread(RunCommand::resume); });
     handlers.connect(m_ui->Command1, &QPushButton::clicked, this, &XThreadForm::Command1_Click);
     handlers.connect(&m_timer1, &QTimer::timeout, this, &XThreadForm::Timer1_Timer);
 }
@@ -56,9 +56,8 @@ void XThreadForm::Form_Load() {
     });
 }
 
-void XThreadForm::sendToThread(char runCommand) {
-    const char thread = m_ui->ProgSel1->isChecked() ? '1' : '0';
-    m_link.SendReceive(std::string("SR") + thread + "=" + runCommand);
+void XThreadForm::sendToThread(RunCommand command) {
+    m_link.SendReceive(runCommandText(command, m_ui->ProgSel1->isChecked() ? "1" : "0"));
 }
 
 void XThreadForm::Timer1_Timer() {

@@ -2,9 +2,9 @@
 
 #include <QTimer>
 #include <memory>
-#include <string>
 
-#include "link/PanelLink.h"
+#include "link/ScreenLink.h"
+#include "programs/RunControl.h"
 #include "widgets/Screen.h"
 
 namespace Ui {
@@ -35,8 +35,8 @@ class XThreadForm : public Screen, private LinkListener {
     void exchangeTimedOut() override {}
     void portLost() override {}
 
-    /// Sends a run command (0 stop, 1 run, 2 pause, 3 continue) to the selected thread.
-    void sendToThread(char runCommand);
+    /// Sends a run command to the selected thread.
+    void sendToThread(RunCommand command);
     void stopMotion() { m_link.SendReceive("ABORT"); }
     /// Asks for a thread's state and shows its words, where the code has any.
     void showState(const char* query, ReadOut& state);

@@ -51,8 +51,6 @@ class Handlers {
     /// end of the program is passed on to the caller.
     void runWithinCaller(const std::function<void()>& work);
 
-    bool running() const { return m_running; }
-
  private:
     void show(const std::function<void()>& work);
 
