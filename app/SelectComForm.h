@@ -37,7 +37,6 @@ class SelectComForm : public Screen {
     void Close_Click();
     void copyCommand_Click();
     void portTimer_Timer();
-    void portChosen();
 
     void closeScreen() override { Close_Click(); }
     void connectHandlers();

@@ -43,7 +43,7 @@ void XThreadForm::connectHandlers() {
         stopMotion();
     });
     handlers.onClick(*m_ui->ContProg, [this](bool) { sendToThread(RunCommand::resume); });
-    handlers.connect(m_ui->Command1, &QPushButton::clicked, this, &XThreadForm::Command1_Click);
+    handlers.onClick(*m_ui->Command1, [this](bool) { Command1_Click(); });
     handlers.connect(&m_timer1, &QTimer::timeout, this, &XThreadForm::Timer1_Timer);
 }
 

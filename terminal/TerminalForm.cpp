@@ -25,8 +25,8 @@ void TerminalForm::connectHandlers() {
     handlers.connect(m_ui->SendText, &CommandLine::recalled, this, &TerminalForm::SendText_Recall);
     handlers.connect(m_ui->SendText, &CommandLine::older, this, &TerminalForm::SendText_Older);
     handlers.connect(m_ui->SendText, &CommandLine::newer, this, &TerminalForm::SendText_Newer);
-    handlers.connect(m_ui->Command2, &QPushButton::clicked, this, &TerminalForm::Command2_Click);
-    handlers.connect(m_ui->Close, &QPushButton::clicked, this, &TerminalForm::Close_Click);
+    handlers.onClick(*m_ui->Command2, [this](bool) { Command2_Click(); });
+    handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
 }
 
 void TerminalForm::Form_Load() {

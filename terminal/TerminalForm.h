@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include "link/PanelLink.h"
 #include "terminal/CommandHistory.h"

@@ -34,7 +34,7 @@ VariableForm::~VariableForm() = default;
 void VariableForm::connectHandlers() {
     handlers.connect(&m_timer1, &QTimer::timeout, this, &VariableForm::Timer1_Timer);
     handlers.connect(m_ui->SendText, &CommandLine::entered, this, &VariableForm::SendText_Enter);
-    handlers.connect(m_ui->Close, &QPushButton::clicked, this, &VariableForm::Close_Click);
+    handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
 }
 
 void VariableForm::Form_Load() {
