@@ -2,6 +2,7 @@
 
 #include "link/Values.h"
 #include "platform/NumberConversion.h"
+#include "platform/Text.h"
 
 namespace zlt {
 namespace {
