@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "platform/FileNames.h"
+#include "platform/Product.h"
 #include "programs/ProgramText.h"
 
 namespace zlt {
@@ -68,8 +69,9 @@ void ProgramActions::CompileAll_Click() {
         return;
     }
     m_tools.write(toolfiles::program, WriteTextAsLines(m_view.program()).value_or(""));
-    m_tools.writeSetup(toolfiles::compilerSetup,
-                       {{"MOD", "ZLT-R-NX-42"}, {"OPE", "COMPILE"}, {"FIL", "Program.prg"}});
+    m_tools.writeSetup(toolfiles::compilerSetup, {{"MOD", std::string(controllerModel)},
+                                                  {"OPE", "COMPILE"},
+                                                  {"FIL", nameOf(toolfiles::program)}});
     m_tools.RunToolAndWait(compiler, toolfiles::compiled);
     if (m_tools.CheckToolResult(toolfiles::compiled))
         m_view.showCompiledLines("Lines: " + withSignBlank(m_tools.CountCompiledLines()));

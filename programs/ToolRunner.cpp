@@ -16,11 +16,6 @@ namespace fs = std::filesystem;
 /// No program of the controller's comes near this; a tool that ran wild might.
 constexpr std::size_t longestFile = 16 * 1024 * 1024;
 
-/// The file's own name, behind the last backslash.
-std::string nameOf(std::string_view file) {
-    return std::string(file.substr(file.find_last_of('\\') + 1));
-}
-
 std::string folderOf(const fs::path& path) {
     return utf8FromPath(path.parent_path());
 }
@@ -34,6 +29,10 @@ ToolError noResult(const Tool& tool, bool crashed, std::string_view result) {
 
 }  // namespace
 
+std::string nameOf(std::string_view file) {
+    return std::string(file.substr(file.find_last_of('\\') + 1));
+}
+
 fs::path ToolRunner::pathOf(std::string_view file) const {
     if (m_services.ownFolder.empty())
         throw ToolError("The name of the panel's own folder is not valid text.  Please rename it.");
@@ -44,6 +43,10 @@ fs::path ToolRunner::pathOf(std::string_view file) const {
 
 std::optional<std::string> ToolRunner::read(std::string_view file) const {
     return m_services.files.read(pathOf(file), longestFile);
+}
+
+bool ToolRunner::isThere(std::string_view file) const {
+    return m_services.files.read(pathOf(file), 1).has_value();
 }
 
 void ToolRunner::write(std::string_view file, std::string_view bytes) {
@@ -71,12 +74,11 @@ void ToolRunner::removeLeftOver(std::string_view file) {
                         " of an earlier run cannot be removed: " + failure.message());
 }
 
-void ToolRunner::start(const Tool& tool, bool& crashed) {
+bool ToolRunner::start(const Tool& tool) {
     const fs::path path = pathOf(tool.path);
     const ProcessEnd end = m_services.processes.runAndWait(path);
-    crashed = end.kind == ProcessEnd::Kind::crashed;
     if (end.kind != ProcessEnd::Kind::notStarted)
-        return;
+        return end.kind == ProcessEnd::Kind::crashed;
     std::error_code unknown;
     if (!fs::exists(path, unknown))
         throw ToolError("The tool " + nameOf(tool.path) + " is missing from the folder " +
@@ -91,21 +93,20 @@ void ToolRunner::RunToolAndWait(const Tool& tool, std::string_view result) {
     removeLeftOver(result);
     bool crashed = false;
     try {
-        start(tool, crashed);
+        crashed = start(tool);
     } catch (const ToolError&) {
         if (leftOver)
             write(result, *leftOver);
         throw;
     }
-    if (!read(result))
+    if (!isThere(result))
         throw noResult(tool, crashed, result);
 }
 
 void ToolRunner::runUnchecked(const Tool& tool, std::string_view leftOver) {
     removeLeftOver(leftOver);
-    bool crashed = false;
-    start(tool, crashed);
-    if (crashed && !read(leftOver))
+    const bool crashed = start(tool);
+    if (crashed && !isThere(leftOver))
         throw noResult(tool, crashed, leftOver);
 }
 

@@ -36,6 +36,9 @@ inline constexpr std::string_view downloaded = R"(\EXE\DownloadOut.txt)";
 inline constexpr std::string_view uploaded = R"(\EXE\UploadOut.txt)";
 }  // namespace toolfiles
 
+/// The own name of one of these files, or of a tool: what stands behind the last backslash.
+std::string nameOf(std::string_view file);
+
 /// One entry of a setup file: a three-letter key and its value (Latin-1).
 struct SetupEntry {
     std::string_view key;
@@ -77,7 +80,9 @@ class ToolRunner {
 
  private:
     std::filesystem::path pathOf(std::string_view file) const;
-    void start(const Tool& tool, bool& crashed);
+    /// Runs a tool to its end. True when that was a fault.
+    bool start(const Tool& tool);
+    bool isThere(std::string_view file) const;
     void removeLeftOver(std::string_view file);
 
     const Services& m_services;
