@@ -30,8 +30,11 @@ class ParameterTransfer {
     FirmwareVersion firmware() const { return m_firmware; }
 
  private:
-    /// A change that is asked about first, and whose reply is judged.
-    struct Change;
+    /// What the operator is told of a change that was asked about first.
+    struct ChangeMessages {
+        std::string_view done;
+        std::string_view failed;
+    };
 
     bool ready();
     void read(const TransferStep& step);
@@ -39,7 +42,7 @@ class ParameterTransfer {
     void write(const ParameterRow& parameter, const ParameterValues& values);
     void writeDeviceId(const ParameterRow& parameter, const ParameterValues& values);
     void writeBaudRate(const ParameterRow& parameter, const ParameterValues& values);
-    void carryOut(const Change& change, const ParameterRow& parameter,
+    void carryOut(const ChangeMessages& messages, const ParameterRow& parameter,
                   const ParameterValues& values);
     bool send(std::string_view command, const ParameterRow& parameter,
               const ParameterValues& values);
