@@ -42,7 +42,8 @@ class SelectComForm : public Screen {
     void connectHandlers();
     void connectToController(bool startInProgram);
     void fillBoxes();
-    /// The three texts as typed. Throws NotLatin1 for one that no file can hold.
+    /// The three texts as typed. Throws NotLatin1 and ControlCharacter for one that no file can
+    /// hold.
     Settings typedSettings() const;
     void saveSettings(const Settings& settings);
     void showPort();

@@ -20,7 +20,7 @@ class MotionView {
 
     /// What stands in a box, UTF-8.
     virtual std::string typed(Box box) const = 0;
-    /// The same as it goes on the wire, blanks and all. Throws for a character that cannot.
+    /// The same as it goes on the wire, blanks and all. Throws NotLatin1 and ControlCharacter.
     virtual std::string typedForWire(Box box) const = 0;
     virtual void fill(Box box, std::string_view text) = 0;
     /// Puts the cursor into a box whose text cannot be used.
@@ -60,7 +60,7 @@ class MotionCommands {
     void SendMotionCommand(std::string_view command);
 
     // The position goes out as typed, the speed of SSPD_Click() too. A character that the wire
-    // cannot carry throws, with nothing sent.
+    // cannot carry throws NotLatin1 or ControlCharacter, with nothing sent.
 
     /// Moves to the position, or by it: "X", behind speed and acceleration. Throws as
     /// SendSpeedAndAccel().

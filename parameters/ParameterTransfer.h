@@ -22,7 +22,8 @@ class ParameterTransfer {
     /// Reads the whole set into the screen. Throws ConversionError, the rest left as it was,
     /// at a reply that should be a number and is none.
     void upload();
-    /// Writes the whole set to the controller. Throws NotLatin1 before anything is sent.
+    /// Writes the whole set to the controller. Throws NotLatin1 and ControlCharacter before
+    /// anything is sent.
     void download();
     void storeToFlash();
 
