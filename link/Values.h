@@ -35,7 +35,7 @@ struct FirmwareVersion {
 /// From here on the controller answers "MM", "DO", "SPC" and "SASTAT".
 inline constexpr FirmwareVersion firmwareWithProgramState{317};
 /// From here on it has the HL and L homing.
-inline constexpr FirmwareVersion firmwareWithLimitHoming{322};
+inline constexpr FirmwareVersion firmwareWithHLHoming{322};
 /// From here on it has a second program thread.
 inline constexpr FirmwareVersion firmwareWithSecondThread{322};
 

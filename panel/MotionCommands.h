@@ -31,7 +31,7 @@ class MotionView {
 struct CommandButton {
     const char* control;
     std::string_view command;
-    bool needsHomingFirmware = false;  ///< does nothing below firmwareWithLimitHoming
+    bool needsHomingFirmware = false;  ///< does nothing below firmwareWithHLHoming
 };
 
 /// The operator's direct motion commands. No reply is examined but the one of "MM": what
