@@ -20,6 +20,13 @@ constexpr std::chrono::seconds portNoteInterval{1};
 /// A settings file is three short lines; what is behind this is none of ours.
 constexpr std::size_t settingsFileLimit = 16 * 1024;
 
+/// Shows a search until it is over. False when there was no port to search on.
+bool runSearch(SearchCom& progress) {
+    progress.Form_Load();
+    progress.showModal();
+    return !progress.noPort();
+}
+
 }  // namespace
 
 SelectComForm::SelectComForm(const Services& services, PortDirectory& directory)
@@ -37,16 +44,13 @@ SelectComForm::SelectComForm(const Services& services, PortDirectory& directory)
 SelectComForm::~SelectComForm() = default;
 
 void SelectComForm::connectHandlers() {
-    handlers.connect(m_ui->Command25, &QPushButton::clicked, this, &SelectComForm::Command25_Click);
-    handlers.connect(m_ui->ProgramEdit, &QPushButton::clicked, this,
-                     &SelectComForm::ProgramEdit_Click);
-    handlers.connect(m_ui->SearchZLT, &QPushButton::clicked, this, &SelectComForm::SearchZLT_Click);
-    handlers.connect(m_ui->SearchAllZLT, &QPushButton::clicked, this,
-                     &SelectComForm::SearchAllZLT_Click);
-    handlers.connect(m_ui->Close, &QPushButton::clicked, this, &SelectComForm::Close_Click);
-    handlers.connect(m_ui->copyCommand, &QPushButton::clicked, this,
-                     &SelectComForm::copyCommand_Click);
-    handlers.connect(m_ui->combo, &QComboBox::currentTextChanged, this, &SelectComForm::portChosen);
+    handlers.onClick(*m_ui->Command25, [this](bool) { Command25_Click(); });
+    handlers.onClick(*m_ui->ProgramEdit, [this](bool) { ProgramEdit_Click(); });
+    handlers.onClick(*m_ui->SearchZLT, [this](bool) { SearchZLT_Click(); });
+    handlers.onClick(*m_ui->SearchAllZLT, [this](bool) { SearchAllZLT_Click(); });
+    handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
+    handlers.onClick(*m_ui->copyCommand, [this](bool) { copyCommand_Click(); });
+    handlers.connect(m_ui->combo, &QComboBox::currentTextChanged, this, &SelectComForm::showPort);
     handlers.connect(&m_portTimer, &QTimer::timeout, this, &SelectComForm::portTimer_Timer);
 }
 
@@ -112,9 +116,7 @@ void SelectComForm::connectToController(bool startInProgram) {
 
 void SelectComForm::SearchZLT_Click() {
     SearchCom progress(services(), SearchMode::firstFound, this);
-    progress.Form_Load();
-    progress.showModal();
-    if (progress.noPort())
+    if (!runSearch(progress))
         return;
     const auto& device = progress.search().found();
     if (!device) {
@@ -130,9 +132,7 @@ void SelectComForm::SearchZLT_Click() {
 
 void SelectComForm::SearchAllZLT_Click() {
     SearchCom progress(services(), SearchMode::all, this);
-    progress.Form_Load();
-    progress.showModal();
-    if (progress.noPort())
+    if (!runSearch(progress))
         return;
     const std::string& results = progress.search().results();
     services().gate.message(results.empty() ? "No device found!" : results);
@@ -154,10 +154,6 @@ void SelectComForm::copyCommand_Click() {
 
 void SelectComForm::portTimer_Timer() {
     m_directory.refreshIfChanged();
-    showPort();
-}
-
-void SelectComForm::portChosen() {
     showPort();
 }
 

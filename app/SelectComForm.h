@@ -37,13 +37,13 @@ class SelectComForm : public Screen {
     void Close_Click();
     void copyCommand_Click();
     void portTimer_Timer();
-    void portChosen();
 
     void closeScreen() override { Close_Click(); }
     void connectHandlers();
     void connectToController(bool startInProgram);
     void fillBoxes();
-    /// The three texts as typed. Throws NotLatin1 for one that no file can hold.
+    /// The three texts as typed. Throws NotLatin1 and ControlCharacter for one that no file can
+    /// hold.
     Settings typedSettings() const;
     void saveSettings(const Settings& settings);
     void showPort();

@@ -8,7 +8,7 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion
     $<$<BOOL:${ZLT_WARNINGS_AS_ERRORS}>:-Werror>)
 endif()
-# No string-based connects, and no "foo" + QString surprises.
+# No "foo" + QString surprises, and nothing that Qt has given up.
 target_compile_definitions(zlt_settings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 

@@ -1,7 +1,6 @@
 #include "link/DeviceSearch.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 
 #include "link/Exchange.h"
@@ -31,7 +30,7 @@ std::string settingsText(std::string_view baudRate) {
 
 }  // namespace
 
-std::string searchResultText(const FoundDevice& device) {
+std::string searchResultText(const Connection& device) {
     return std::to_string(device.port.value) + " Baud:" + device.baudRate +
            " ID:" + device.deviceId;
 }
@@ -40,24 +39,24 @@ DeviceSearch::DeviceSearch(Port& port, SearchMode mode, SearchView& view)
     : m_port(port), m_mode(mode), m_view(view) {}
 
 DeviceSearch::State DeviceSearch::step() {
-    const State state = [this] {
-        if (!m_running)
-            return State::over;
-        switch (m_step) {
-            case Step::checkPort:
-                return checkPort();
-            case Step::nextPort:
-                return nextPort();
-            case Step::nextBaudRate:
-                return nextBaudRate();
-            case Step::probe:
-                break;
-        }
-        return probe();
-    }();
+    const State state = m_running ? makeStep() : State::over;
     if (state != State::running)
         m_port.close();
     return state;
+}
+
+DeviceSearch::State DeviceSearch::makeStep() {
+    switch (m_step) {
+        case Step::checkPort:
+            return checkPort();
+        case Step::nextPort:
+            return nextPort();
+        case Step::nextBaudRate:
+            return nextBaudRate();
+        case Step::probe:
+            break;
+    }
+    return probe();
 }
 
 // Steps
@@ -98,7 +97,7 @@ DeviceSearch::State DeviceSearch::goToNextPort() {
 DeviceSearch::State DeviceSearch::nextBaudRate() {
     ++m_ratesTried;
     advanceTo(m_progress + perRate);
-    const FoundDevice place = here();
+    const Connection place = here();
     m_view.showText("Trying Port " + std::to_string(m_number.value) + ", Baud:" + place.baudRate);
     if (!m_port.open(m_number, settingsText(place.baudRate)))
         return goToNextPort();  // it went away since it was checked
@@ -108,7 +107,7 @@ DeviceSearch::State DeviceSearch::nextBaudRate() {
 }
 
 DeviceSearch::State DeviceSearch::probe() {
-    const FoundDevice place = here();
+    const Connection place = here();
     m_view.showText("Trying Port " + std::to_string(m_number.value) + ", Baud:" + place.baudRate +
                     " ID:" + place.deviceId);
     const bool answered = m_port.write(frameRequest(place.deviceId, "DN")) && listen();
@@ -158,7 +157,7 @@ bool DeviceSearch::usable() const {
     return (m_usablePorts >> (m_number.value - 1) & 1U) != 0;
 }
 
-FoundDevice DeviceSearch::here() const {
+Connection DeviceSearch::here() const {
     return {m_number, std::string(baudRates.at(m_ratesTried - 1)), "0" + std::to_string(m_id)};
 }
 

@@ -9,13 +9,6 @@
 
 namespace zlt {
 
-/// Where a controller was found. The texts are as the start-up screen's boxes hold them.
-struct FoundDevice {
-    PortNumber port;
-    std::string baudRate;
-    std::string deviceId;
-};
-
 enum class SearchMode {
     firstFound,  ///< ends at the first controller
     all,         ///< goes through everything and lists what it finds
@@ -51,21 +44,23 @@ class DeviceSearch {
     /// The next step ends the search.
     void cancel() { m_running = false; }
 
-    /// The controller that ended a search for the first one.
-    const std::optional<FoundDevice>& found() const { return m_found; }
+    /// The controller that ended a search for the first one, in the texts of the start-up screen's
+    /// boxes.
+    const std::optional<Connection>& found() const { return m_found; }
     /// The lines of a search for all, each ended by CR LF.
     const std::string& results() const { return m_results; }
 
  private:
     enum class Step { checkPort, nextPort, nextBaudRate, probe };
 
+    State makeStep();
     State checkPort();
     State nextPort();
     State nextBaudRate();
     State probe();
     State goToNextPort();
     bool listen();
-    FoundDevice here() const;
+    Connection here() const;
     bool usable() const;
     void advanceTo(int progress);
     int stillToCome() const;
@@ -80,11 +75,11 @@ class DeviceSearch {
     std::size_t m_ratesTried = 0;     ///< on the present port
     int m_id = 1;
     int m_progress = 0;
-    std::optional<FoundDevice> m_found;
+    std::optional<Connection> m_found;
     std::string m_results;
 };
 
 /// The words for a controller: " Baud:9600 ID:01" behind the port's number.
-std::string searchResultText(const FoundDevice& device);
+std::string searchResultText(const Connection& device);
 
 }  // namespace zlt

@@ -25,12 +25,8 @@ constexpr Reaction fatalPortError{.message = "Communication Error! ",
                                   .endsProgram = true};
 constexpr Reaction fatalSilence{
     .message = "No Response", .appended = Reaction::Appended::command, .endsProgram = true};
-constexpr SettlingWaits longProgramWaits{
-    .busyCommand = 200ms, .marker = "SR", .markedCommand = 1000ms};
 
 }  // namespace
-
-const SettlingWaits terminalWaits = longProgramWaits;
 
 namespace flavours {
 
@@ -63,7 +59,7 @@ const Flavour secondThread{
     .onPortLost = portNotOpen,
 };
 
-const Flavour terminal{.waits = longProgramWaits};
+const Flavour terminal{};
 
 const Flavour programEditor{
     .waits = {.busyCommand = 1000ms,

@@ -17,6 +17,11 @@ struct SettlingWaits {
     std::chrono::milliseconds markedCommand{0};
 };
 
+/// The settling waits of the parameter setup, and of raw conversations on whatever screen.
+inline constexpr SettlingWaits longProgramWaits{.busyCommand = std::chrono::milliseconds(200),
+                                                .marker = "SR",
+                                                .markedCommand = std::chrono::milliseconds(1000)};
+
 /// The whole settling wait of one command.
 std::chrono::milliseconds settlingWait(const SettlingWaits& waits, std::string_view command);
 
@@ -55,9 +60,6 @@ extern const Flavour secondThread;
 extern const Flavour terminal;  ///< for raw conversations; what they met is written down
 extern const Flavour programEditor;
 }  // namespace flavours
-
-/// The settling waits of raw conversations, with whatever screen they are held.
-extern const SettlingWaits terminalWaits;
 
 /// Shown when a port cannot be opened, and after a lost one. Two blanks after the "!".
 inline constexpr std::string_view portNotAvailable =

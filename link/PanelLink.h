@@ -7,14 +7,6 @@
 
 namespace zlt {
 
-/// What the main screen hands to another screen that talks to the controller.
-struct LinkHandOver {
-    bool PortReady = false;
-    bool CommOK = false;
-    Connection connection;
-    FirmwareVersion firmware;
-};
-
 /// The main screen's link, which its frames share.
 class PanelLink : public ScreenLink {
  public:

@@ -24,6 +24,7 @@ class Port {
     /// Opens the port for this program alone and drops what had arrived before. `settings` is
     /// the baud rate followed by ",N,8,1". False, and closed, when that cannot be done.
     virtual bool open(PortNumber number, std::string_view settings) = 0;
+    /// Closes the port; one that is closed already stays so.
     virtual void close() = 0;
     virtual bool isOpen() const = 0;
 

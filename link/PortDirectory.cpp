@@ -109,16 +109,17 @@ void PortDirectory::refresh() {
 }
 
 void PortDirectory::refreshIfChanged() {
-#ifdef Q_OS_WIN
-    refresh();  // there is nothing cheap to tell by
-#else
     if (fingerprint() != m_fingerprint)
         refresh();
-#endif
 }
 
 std::string PortDirectory::fingerprint() const {
     std::string marks;
+#ifdef Q_OS_WIN
+    // There is nothing cheaper to tell by.
+    for (const SerialDevice& device : devicesOfThisMachine())
+        marks += device.path + ' ' + device.maker + '/';
+#else
     // The maker's name comes with udev's data, a moment behind the device.
     for (const std::filesystem::path& path :
          {m_portList, std::filesystem::path("/dev"), std::filesystem::path("/run/udev/data")}) {
@@ -127,6 +128,7 @@ std::string PortDirectory::fingerprint() const {
         marks += missing ? "-" : std::to_string(time.time_since_epoch().count());
         marks += '/';
     }
+#endif
     return marks;
 }
 

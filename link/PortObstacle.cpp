@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 #include <filesystem>
+#include <string>
+#include <system_error>
 
 #include "link/SerialHandle.h"
 
@@ -13,9 +15,6 @@
 #ifdef Q_OS_LINUX
 #include <sys/sysmacros.h>
 #endif
-
-#include <algorithm>
-#include <string>
 #endif
 
 namespace zlt {
@@ -94,6 +93,16 @@ std::string quoted(const std::string& path) {
     return text + "'";
 }
 
+std::string nothingThereText(const PortFindings& findings) {
+    const std::string name =
+        findings.number.value > 0 ? portText(findings.number) : "This port name";
+    if (findings.fromList)
+        return name + " is not in the port list " + std::string(portListFileName) + ".";
+    return name +
+           " stands for no serial port of this computer.  Plug the adapter in, or choose another "
+           "port.";
+}
+
 void reportNoRight(const PortFindings& findings, PortReport& report) {
     if (findings.group.empty()) {
         report.problem = "You may not open it.  This line lets you, until it is unplugged:";
@@ -138,13 +147,7 @@ PortReport reportPort(const PortFindings& findings) {
     PortReport report;
     if (findings.entry.device.empty()) {
         report.obstacle = Obstacle::nothingThere;
-        const std::string name =
-            findings.number.value > 0 ? portText(findings.number) : "This port name";
-        report.problem = findings.fromList ? name + " is not in the port list " +
-                                                 std::string(portListFileName) + "."
-                                           : name +
-                                                 " stands for no serial port of this computer.  "
-                                                 "Plug the adapter in, or choose another port.";
+        report.problem = nothingThereText(findings);
         return report;
     }
     report.device = findings.entry.device;

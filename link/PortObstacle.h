@@ -23,6 +23,8 @@ struct PortFindings {
     std::string lastFailure;  ///< of the last try to open it; empty after a good one
 };
 
+/// What stands between the operator and an open port, in the order in which it is looked for.
+/// `failed` is the last try to open it, with nothing else to be seen.
 enum class Obstacle { none, nothingThere, noSuchDevice, notSerial, noRight, inUse, failed };
 
 /// What the start-up screen says about the chosen port. Texts are UTF-8.

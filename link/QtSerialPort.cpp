@@ -72,13 +72,14 @@ bool QtSerialPort::open(PortNumber number, std::string_view settings) {
 
 void QtSerialPort::openDevice(const std::string& device, qint32 baudRate) {
     // One name for one device, so that the lock file of a link's target is met too.
-    m_serial.setPortName(QFile::decodeName(canonicalDevice(device).c_str()));
+    const std::string path = canonicalDevice(device);
+    m_serial.setPortName(QFile::decodeName(path.c_str()));
     m_serial.setDataBits(QSerialPort::Data8);
     m_serial.setParity(QSerialPort::NoParity);
     m_serial.setStopBits(QSerialPort::OneStop);
     m_serial.setFlowControl(QSerialPort::NoFlowControl);
     if (!m_serial.open(QIODevice::ReadWrite) || !m_serial.setBaudRate(baudRate))
-        return lose(heldByAnother() ? deviceBusy() : m_serial.errorString().toStdString());
+        return lose(heldByAnother(path) ? deviceBusy() : m_serial.errorString().toStdString());
     if (!takeExclusively(m_serial.handle()))
         return lose(deviceBusy());
     askForLowLatency(m_serial.handle());
@@ -86,10 +87,9 @@ void QtSerialPort::openDevice(const std::string& device, qint32 baudRate) {
     m_serial.clear();                      // what came before is no answer to anything
 }
 
-bool QtSerialPort::heldByAnother() const {
+bool QtSerialPort::heldByAnother(const std::string& device) const {
     // Qt calls another program's lock file a matter of permission too.
-    return m_serial.error() == QSerialPort::PermissionError &&
-           mayReadAndWrite(QFile::encodeName(m_serial.portName()).toStdString());
+    return m_serial.error() == QSerialPort::PermissionError && mayReadAndWrite(device);
 }
 
 void QtSerialPort::close() {

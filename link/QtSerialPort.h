@@ -26,7 +26,8 @@ class QtSerialPort final : public Port {
 
  private:
     void openDevice(const std::string& device, qint32 baudRate);
-    bool heldByAnother() const;
+    /// Whether opening `device` failed because another program holds it.
+    bool heldByAnother(const std::string& device) const;
     /// Waits up to `milliseconds`; false when the port is lost, which closes it.
     bool waitForBytes(int milliseconds);
     /// Closes the port and keeps the reason.

@@ -23,6 +23,16 @@ bool ScreenLink::openPort() {
     return m_port->open(connection.port, connection.baudRate + ",N,8,1");
 }
 
+void ScreenLink::takeOver(const LinkHandOver& handOver) {
+    connection = handOver.connection;
+    PortReady = handOver.PortReady;
+    setCommOK(handOver.CommOK);
+}
+
+void ScreenLink::openHandedOverPort() {
+    PortReady = PortReady && openPort();
+}
+
 void ScreenLink::setCommOK(bool connected) {
     m_commOk = connected;
     if (m_listener)
@@ -72,7 +82,7 @@ Ending ScreenLink::converse(const RawRequest& request) {
     if (!m_port->write(frameRequest(request.deviceId, request.command)))
         return lost();
     call(request.written);
-    if (const auto wait = settlingWait(terminalWaits, request.command); wait.count() > 0)
+    if (const auto wait = settlingWait(longProgramWaits, request.command); wait.count() > 0)
         m_services.waits.sleep(wait);
     call(request.settled);
     if (!request.readsReply)

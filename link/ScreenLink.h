@@ -37,6 +37,14 @@ struct RawRequest {
     std::function<void(char)> character = {};  ///< one of the reply, without its end mark
 };
 
+/// What the main screen hands to another screen that talks to the controller.
+struct LinkHandOver {
+    bool PortReady = false;
+    bool CommOK = false;
+    Connection connection;
+    FirmwareVersion firmware;
+};
+
 /// One screen's link to its controller: the port it owns, the two flags and the exchange.
 class ScreenLink {
  public:
@@ -53,6 +61,11 @@ class ScreenLink {
     /// Holds one raw conversation, with the terminals' settling waits. No flag guards it, and a
     /// time-out changes none. Blocks until it is over.
     Ending converse(const RawRequest& request);
+
+    /// Takes connection and flags over from the main screen; tells the listener.
+    void takeOver(const LinkHandOver& handOver);
+    /// Opens the port where the main screen's was open. PortReady says whether it is open then.
+    void openHandedOverPort();
 
     /// Opens the port with the connection's number and baud rate. False when that fails; the
     /// flags are the caller's to set.

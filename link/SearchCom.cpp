@@ -23,7 +23,7 @@ SearchCom::SearchCom(const Services& services, SearchMode mode, QWidget* parent)
     m_statusTimer.setInterval(stepInterval);
     teachManners();
     handlers.connect(&m_statusTimer, &QTimer::timeout, this, &SearchCom::StatusTimer_Timer);
-    handlers.connect(m_ui->Cancel, &QPushButton::clicked, this, &SearchCom::Cancel_Click);
+    handlers.onClick(*m_ui->Cancel, [this](bool) { Cancel_Click(); });
 }
 
 SearchCom::~SearchCom() = default;

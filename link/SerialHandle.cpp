@@ -47,9 +47,13 @@ bool mayReadAndWrite(const std::string& device) {
 }
 
 std::string canonicalDevice(const std::string& device) {
+#ifdef Q_OS_WIN
+    return device;  // a port has one name there, and asking for its path would open it
+#else
     std::error_code missing;
     const auto path = std::filesystem::canonical(device, missing);
     return missing ? device : path.string();
+#endif
 }
 
 }  // namespace zlt

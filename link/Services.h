@@ -24,7 +24,8 @@ struct Services {
     HelpViewer& help;
     ProgramEnd& programEnd;
     Processes& processes;
-    /// The folder of the executable, which holds the external tools' folder.
+    /// The folder of the executable, which holds the external tools' folder. Empty when its name
+    /// is no valid text.
     std::filesystem::path ownFolder;
     /// Makes the port object that a screen owns; `owner` is that screen, or null.
     std::function<std::unique_ptr<Port>(QObject* owner)> makePort;

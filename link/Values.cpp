@@ -2,6 +2,7 @@
 
 #include "platform/Latin1.h"
 #include "platform/NumberConversion.h"
+#include "platform/Text.h"
 
 namespace zlt {
 

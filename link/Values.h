@@ -34,7 +34,9 @@ struct FirmwareVersion {
 
 /// From here on the controller answers "MM", "DO", "SPC" and "SASTAT".
 inline constexpr FirmwareVersion firmwareWithProgramState{317};
-/// From here on it has the HL and L homing and a second program thread.
+/// From here on it has the HL and L homing.
+inline constexpr FirmwareVersion firmwareWithHLHoming{322};
+/// From here on it has a second program thread.
 inline constexpr FirmwareVersion firmwareWithSecondThread{322};
 
 /// The number in a version text, its second to fourth character. Throws ConversionError

@@ -52,11 +52,10 @@ void MainControlForm::connectHandlers() {
     handlers.connect(&m_timer1, &QTimer::timeout, this, &MainControlForm::Timer1_Timer);
     handlers.connect(link.SelectedDeviceID, &QComboBox::activated, this,
                      &MainControlForm::SelectedDeviceID_Click);
-    handlers.connect(link.About, &QPushButton::clicked, this, &MainControlForm::About_Click);
-    handlers.connect(link.Help, &QPushButton::clicked, this, &MainControlForm::Help_Click);
-    handlers.connect(link.Command2, &QPushButton::clicked, this, &MainControlForm::Command2_Click);
-    handlers.connect(m_ui->motionFrame->controls().Command5, &QPushButton::clicked, this,
-                     &MainControlForm::Command5_Click);
+    handlers.onClick(*link.About, [this](bool) { About_Click(); });
+    handlers.onClick(*link.Help, [this](bool) { Help_Click(); });
+    handlers.onClick(*link.Command2, [this](bool) { Command2_Click(); });
+    handlers.onClick(*m_ui->motionFrame->controls().Command5, [this](bool) { Command5_Click(); });
 }
 
 void MainControlForm::connectFrames() {
@@ -68,10 +67,9 @@ void MainControlForm::connectFrames() {
     m_ui->outputsFrame->connectTo(handlers, m_outputs);
     m_ui->programFrame->connectTo(handlers, services(), m_programs, m_transfer);
     m_ui->terminalFrame->connectTo(handlers, m_session.link);
-    handlers.connect(m_ui->ManualTerminal, &QPushButton::clicked, this,
-                     &MainControlForm::ManualTerminal_Click);
-    handlers.connect(m_ui->Variable, &QPushButton::clicked, this, &MainControlForm::Variable_Click);
-    handlers.connect(m_ui->Setup, &QPushButton::clicked, this, &MainControlForm::Setup_Click);
+    handlers.onClick(*m_ui->ManualTerminal, [this](bool) { ManualTerminal_Click(); });
+    handlers.onClick(*m_ui->Variable, [this](bool) { Variable_Click(); });
+    handlers.onClick(*m_ui->Setup, [this](bool) { Setup_Click(); });
     m_ui->runControlFrame->connectTo(handlers, m_runControl, [this] { XThread_Click(); });
 }
 
@@ -144,6 +142,7 @@ void MainControlForm::showOverPanel() {
 
 void MainControlForm::Setup_Click() {
     showOverPanel<SetupParameters>();
+    m_ui->runControlFrame->forgetRunOnBoot();  // that screen may have set it anew
 }
 
 void MainControlForm::ManualTerminal_Click() {

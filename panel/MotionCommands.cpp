@@ -54,7 +54,7 @@ MotionCommands::MotionCommands(PanelLink& link, MotionView& view, std::function<
 
 void MotionCommands::pressMotion(const CommandButton& button) {
     // The button's look is as loaded; the controller may be another one by now.
-    if (button.needsHomingFirmware && m_link.firmware < firmwareWithSecondThread)
+    if (button.needsHomingFirmware && m_link.firmware < firmwareWithHLHoming)
         return;
     SendMotionCommand(button.command);
 }

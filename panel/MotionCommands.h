@@ -20,7 +20,7 @@ class MotionView {
 
     /// What stands in a box, UTF-8.
     virtual std::string typed(Box box) const = 0;
-    /// The same as it goes on the wire, blanks and all. Throws for a character that cannot.
+    /// The same as it goes on the wire, blanks and all. Throws NotLatin1 and ControlCharacter.
     virtual std::string typedForWire(Box box) const = 0;
     virtual void fill(Box box, std::string_view text) = 0;
     /// Puts the cursor into a box whose text cannot be used.
@@ -31,7 +31,7 @@ class MotionView {
 struct CommandButton {
     const char* control;
     std::string_view command;
-    bool needsHomingFirmware = false;  ///< does nothing below firmware 322
+    bool needsHomingFirmware = false;  ///< does nothing below firmwareWithHLHoming
 };
 
 /// The operator's direct motion commands. No reply is examined but the one of "MM": what
@@ -45,7 +45,9 @@ class MotionCommands {
     static std::span<const CommandButton> motionButtons();
     /// Buttons whose command goes out alone.
     static std::span<const CommandButton> plainButtons();
+    /// Sends one of motionButtons() as SendMotionCommand() does, if the firmware has it.
     void pressMotion(const CommandButton& button);
+    /// Sends one of plainButtons(); the reply does not matter.
     void pressPlain(const CommandButton& button) { m_link.SendReceive(button.command); }
 
     /// Sends "HSPD=" and "ACC=" with the boxes' whole numbers. Throws ConversionError, with
@@ -57,9 +59,18 @@ class MotionCommands {
     /// ConversionError is thrown behind it.
     void SendMotionCommand(std::string_view command);
 
+    // The position goes out as typed, the speed of SSPD_Click() too. A character that the wire
+    // cannot carry throws NotLatin1 or ControlCharacter, with nothing sent.
+
+    /// Moves to the position, or by it: "X", behind speed and acceleration. Throws as
+    /// SendSpeedAndAccel().
     void ABS_Click();
+    /// Moves to position 0, in absolute mode, and takes incremental mode up again where it was.
+    /// Throws as SendSpeedAndAccel().
     void Datum_Click();
+    /// Changes the speed of the move that is under way.
     void SSPD_Click();
+    /// Set the position and the encoder counter to the position; an empty box counts as 0.
     void Command7_Click() { setCounter("PX="); }
     void Command6_Click() { setCounter("EX="); }
 

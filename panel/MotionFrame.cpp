@@ -87,12 +87,12 @@ void MotionFrame::showLive(bool live) {
 }
 
 void MotionFrame::gateFeatures(FirmwareVersion firmware) {
-    const bool has = firmware >= firmwareWithSecondThread;
+    const bool has = firmware >= firmwareWithHLHoming;
     for (QPushButton* button :
          {m_ui->HLHOMEMINUS, m_ui->HLHOMEPLUS, m_ui->LHOMEMINUS, m_ui->LHOMEPLUS}) {
         button->setEnabled(has);
         if (!has)
-            addToToolTip(*button, needsFirmware(firmwareWithSecondThread, firmware));
+            addToToolTip(*button, needsFirmware(firmwareWithHLHoming, firmware));
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QGroupBox>
+#include <functional>
 #include <memory>
 
 #include "link/Values.h"

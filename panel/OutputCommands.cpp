@@ -39,7 +39,7 @@ void OutputCommands::SyncEnable_Click(bool checked) {
         m_view.markSyncEnabled(false);
     else {
         if (condition)
-            m_link.SendReceive("SYNC=" + std::to_string(*condition));
+            m_link.SendReceive("SYNC=" + std::to_string(static_cast<int>(*condition)));
         if (position)
             m_link.SendReceive("SYNP=" + std::to_string(*position));
         m_link.SendReceive(checked ? "SYNO" : "SYNF");

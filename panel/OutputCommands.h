@@ -8,17 +8,21 @@
 
 namespace zlt {
 
+/// When the synchronisation output is on, by the number behind "SYNC=".
+enum class SyncCondition { equal = 1, lessThan = 2, greaterThan = 3 };
+
 /// What the output commands read from the screen at the moment of a click, and put back.
 class OutputsView {
  public:
     virtual ~OutputsView() = default;
 
-    /// The number behind "SYNC=" that the option group stands for: 1 equal, 2 less than,
-    /// 3 greater than; nothing when none is selected.
-    virtual std::optional<int> syncCondition() const = 0;
+    /// The selected condition; nothing when none is.
+    virtual std::optional<SyncCondition> syncCondition() const = 0;
     /// The sync position as typed, UTF-8.
     virtual std::string syncPosition() const = 0;
+    /// Puts the cursor into the sync position, whose text cannot be used.
     virtual void pointToSyncPosition() = 0;
+    /// Sets the mark of "Enable" without a click of the operator's.
     virtual void markSyncEnabled(bool enabled) = 0;
     /// Whether the output's lamp is lit.
     virtual bool outputShown() const = 0;
@@ -30,16 +34,22 @@ class OutputCommands {
     OutputCommands(const Services& services, PanelLink& link, OutputsView& view)
         : m_services(services), m_link(link), m_view(view) {}
 
-    /// Digital output 1 to 3.
+    /// Switches digital output 1 to 3 over, by the controller's word.
     void DOSet_Click(int output);
+    /// Switches the output over, by what its lamp shows.
     void d1_Click();
-    /// `checked` is the mark as the operator's click left it, here and below.
+    /// `checked` is the mark as the operator's click left it, here and below. Asks first, and
+    /// sends only where the controller says otherwise.
     void EnableStat_Click(bool checked);
+    /// Switches the latch over, by the controller's word.
     void EnableLatch_Click();
-    /// Throws ConversionError when the position is no number.
+    /// Sends condition, position and the switch. Throws ConversionError when the position is no
+    /// number: nothing has been sent then, the mark is put back; but switching off is sent.
     void SyncEnable_Click(bool checked);
+    /// Sends the mark, moving or not; the reply does not matter.
     void Scurve_Click(bool checked);
-    /// The S-curve buttons; `motionShown` is what `Stat` shows.
+    /// The S-curve buttons; `motionShown` is what `Stat` shows. A moving axis and a refusal are
+    /// told in a message.
     void setScurve(bool on, std::string_view motionShown);
 
  private:

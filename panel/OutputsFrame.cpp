@@ -21,13 +21,13 @@ void OutputsFrame::connectTo(Handlers& handlers, OutputCommands& outputs) {
     handlers.onClick(*m_ui->SyncEnable, [&](bool on) { outputs.SyncEnable_Click(on); });
 }
 
-std::optional<int> OutputsFrame::syncCondition() const {
+std::optional<SyncCondition> OutputsFrame::syncCondition() const {
     if (m_ui->SyncEqual->isChecked())
-        return 1;
+        return SyncCondition::equal;
     if (m_ui->SyncLessThan->isChecked())
-        return 2;
+        return SyncCondition::lessThan;
     if (m_ui->SyncGreaterThan->isChecked())
-        return 3;
+        return SyncCondition::greaterThan;
     return std::nullopt;
 }
 

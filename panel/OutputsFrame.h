@@ -27,13 +27,11 @@ class OutputsFrame : public QWidget, public OutputsView {
     /// Connects the buttons and check boxes to the rules.
     void connectTo(Handlers& handlers, OutputCommands& outputs);
 
-    std::optional<int> syncCondition() const override;
+    std::optional<SyncCondition> syncCondition() const override;
     std::string syncPosition() const override;
     void pointToSyncPosition() override;
     void markSyncEnabled(bool enabled) override;
     bool outputShown() const override;
-
-    const Ui::OutputsFrame& controls() const { return *m_ui; }
 
  private:
     std::unique_ptr<Ui::OutputsFrame> m_ui;

@@ -119,8 +119,6 @@ void PanelSession::readAxis() {
     m_view.showDriverEnabled(askNumber("EO") == 1);
     if (link.firmware >= firmwareWithProgramState)
         readProgramState();
-    else
-        m_view.showIndicator(Indicator::output, false);  // never read: not the last device's
     if (DemoMode)
         stepDemo();
 }
@@ -131,6 +129,14 @@ void PanelSession::readProgramState() {
     m_view.showValue(Value::programLine, std::to_string(askNumber("SPC")));
     if (const auto text = programStateText(askNumber("SASTAT")))
         m_view.showValue(Value::programState, *text);
+}
+
+/// Old firmware is never asked for these, and a state without words leaves the text standing:
+/// it would be another device's.
+void PanelSession::forgetProgramState() {
+    for (const Value value : {Value::moveMode, Value::programLine, Value::programState})
+        m_view.showValue(value, "");
+    m_view.showIndicator(Indicator::output, false);
 }
 
 void PanelSession::stepDemo() {
@@ -154,7 +160,7 @@ void PanelSession::probe() {
     m_view.showIdentity(ask("ID"));
     // Silent again in the middle of it: the number known so far stays, the probe goes on.
     if (link.CommOK())
-        link.firmware = firmwareVersion("VER", m_version);
+        noteFirmware();
 }
 
 void PanelSession::setDemo(bool on) {
@@ -168,6 +174,8 @@ void PanelSession::setDemo(bool on) {
 void PanelSession::switchDevice(const std::string& deviceId) {
     if (!link.PortReady || deviceId == link.connection.deviceId)
         return;
+    setDemo(false);  // the other axis has only been selected, not told to move
+    forgetProgramState();
     link.connection.deviceId = deviceId;
     link.setCommOK(true);
     // A device name is what "DN" answers; as the product's identity it is a wrong answer.
@@ -181,7 +189,7 @@ void PanelSession::switchDevice(const std::string& deviceId) {
     readVersion();
     try {
         if (m_version != unknown)
-            link.firmware = firmwareVersion("VER", m_version);
+            noteFirmware();
     } catch (const ConversionError& error) {
         m_services.gate.message(error.what());
         link.endProgram(1);
@@ -202,6 +210,12 @@ void PanelSession::failSwitch() {
 void PanelSession::readVersion() {
     m_version = ask("VER");
     m_view.showVersion(m_version);
+}
+
+void PanelSession::noteFirmware() {
+    link.firmware = firmwareVersion("VER", m_version);
+    if (link.firmware < firmwareWithProgramState)
+        forgetProgramState();
 }
 
 void PanelSession::commChanged(bool connected) {

@@ -21,7 +21,7 @@ class PanelSession : private LinkListener {
     /// One tick of the poll: reads the axis, or probes for a silent controller.
     void pollTick();
 
-    /// The operator chose another device on the bus.
+    /// The operator chose another device on the bus. Ends the demo.
     void switchDevice(const std::string& deviceId);
 
     /// Starts or ends the demo moves between 8000 and 0.
@@ -32,7 +32,6 @@ class PanelSession : private LinkListener {
     void unload();
 
     PanelLink link;
-    bool DemoMode = false;
 
  private:
     void commChanged(bool connected) override;
@@ -44,6 +43,7 @@ class PanelSession : private LinkListener {
     void failLoad();
     void readAxis();
     void readProgramState();
+    void forgetProgramState();
     void stepDemo();
     void probe();
     void failSwitch();
@@ -52,6 +52,7 @@ class PanelSession : private LinkListener {
     std::string ask(std::string_view command) { return link.SendReceive(command); }
     std::int32_t askNumber(std::string_view command);
     void readVersion();
+    void noteFirmware();
     void showInvalidPort();
     void showUnknownDevice();
     void showDeviceLost();
@@ -59,7 +60,8 @@ class PanelSession : private LinkListener {
     const Services& m_services;
     PanelView& m_view;
     std::string m_version;  ///< the caption of `Version`
-    int m_demoStep = 0;     ///< 0 to 2
+    bool DemoMode = false;
+    int m_demoStep = 0;  ///< 0 to 2
 };
 
 }  // namespace zlt

@@ -13,7 +13,9 @@ struct Rgb {
     int blue = 0;
 };
 
+/// What the poll reads as a text.
 enum class Value { current, position, encoder, motion, moveMode, programLine, programState };
+/// What it reads as on or off.
 enum class Indicator { negativeLimit, positiveLimit, home, output };
 
 /// What the control panel's rules show, and nothing of how. Texts are Latin-1.

@@ -2,7 +2,7 @@
 
 #include <QGroupBox>
 #include <memory>
-#include <string>
+#include <string_view>
 
 #include "panel/PanelView.h"
 

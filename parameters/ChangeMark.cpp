@@ -1,6 +1,7 @@
 #include "parameters/ChangeMark.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace zlt {
 

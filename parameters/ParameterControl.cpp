@@ -5,22 +5,20 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "platform/Latin1.h"
+#include "platform/Text.h"
 #include "widgets/ChoiceBox.h"
+#include "widgets/FirmwareHint.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
 namespace {
 
-template <class Kind>
-Kind* find(QWidget& screen, const QString& name) {
-    return screen.findChild<Kind*>(name);
-}
-
 /// A controller's word for the operator; "1" says little beside a mark.
 QString shownWord(const std::string& word, bool isMark) {
     if (isMark)
         return word == "1" ? QObject::tr("set") : QObject::tr("clear");
-    return QStringLiteral("\"%1\"").arg(shownText(word.substr(0, 100)));
+    return fromUtf8(inQuotes(utf8FromLatin1(word)));
 }
 
 }  // namespace
@@ -28,11 +26,12 @@ QString shownWord(const std::string& word, bool isMark) {
 ParameterControl::ParameterControl(QWidget& screen, ParameterField field) {
     const FieldRow& row = fieldRow(field);
     const QString name = QLatin1String(row.control);
-    m_box = find<EditableChoiceBox>(screen, name);
-    m_field = find<QLineEdit>(screen, name);
-    m_button = find<QAbstractButton>(screen, row.setButton ? QLatin1String(row.setButton) : name);
-    m_clearButton = row.setButton ? find<QAbstractButton>(screen, name) : nullptr;
-    m_mark = find<ChangeMark>(screen, name + QLatin1String("Mark"));
+    m_box = screen.findChild<EditableChoiceBox*>(name);
+    m_field = screen.findChild<QLineEdit*>(name);
+    m_button =
+        screen.findChild<QAbstractButton*>(row.setButton ? QLatin1String(row.setButton) : name);
+    m_clearButton = row.setButton ? screen.findChild<QAbstractButton*>(name) : nullptr;
+    m_mark = screen.findChild<ChangeMark*>(name + QLatin1String("Mark"));
     Q_ASSERT(m_mark && (m_box || m_field || m_button));
     if (m_clearButton) {
         auto* pair = new QButtonGroup(&screen);
@@ -75,7 +74,7 @@ void ParameterControl::show(const std::string& text) {
 
 void ParameterControl::disable(const QString& reason) {
     widget().setEnabled(false);
-    widget().setToolTip(reason);
+    addToToolTip(widget(), reason);
     for (QLabel* label : widget().window()->findChildren<QLabel*>())
         if (label->buddy() == &widget())
             label->setEnabled(false);

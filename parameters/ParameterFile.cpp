@@ -1,9 +1,12 @@
 #include "parameters/ParameterFile.h"
 
+#include <algorithm>
+
 #include "parameters/ParameterEncoding.h"
 #include "platform/Latin1.h"
 #include "platform/Lines.h"
 #include "platform/NumberConversion.h"
+#include "platform/Text.h"
 
 namespace zlt {
 namespace {
@@ -33,9 +36,6 @@ constexpr std::array layout{
     FileLine{FileLine::Kind::text, {F::hca}, "HCA"},
 };
 
-/// How much of a wrong line is quoted.
-constexpr std::size_t longestQuote = 40;
-
 const char* expectation(FileLine::Kind kind) {
     switch (kind) {
         case FileLine::Kind::word:
@@ -48,23 +48,8 @@ const char* expectation(FileLine::Kind kind) {
     return "plain text";
 }
 
-bool isControlCharacter(char c) {
-    return (static_cast<unsigned char>(c) < ' ' && c != '\t') || c == '\x7F';
-}
-
 bool isPlain(std::string_view text) {
-    for (const char c : text)
-        if (isControlCharacter(c))
-            return false;
-    return true;
-}
-
-std::string quoted(std::string_view text) {
-    std::string shown(text.substr(0, longestQuote));
-    for (char& c : shown)
-        if (isControlCharacter(c))
-            c = '?';
-    return "\"" + utf8FromLatin1(shown) + (text.size() > longestQuote ? "...\"" : "\"");
+    return std::none_of(text.begin(), text.end(), isControlCharacter);
 }
 
 [[noreturn]] void refuse(std::size_t place, const std::string& found) {
@@ -90,7 +75,7 @@ std::vector<FieldText> readLine(std::size_t place, const std::string& text) {
                 return fieldsOfWord(*number, line.fields);
             break;
     }
-    refuse(place, "holds " + quoted(text));
+    refuse(place, "holds " + inQuotes(utf8FromLatin1(text)));
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ class ParameterFiles {
     ParameterFiles(const Services& services, ParameterView& view)
         : m_services(services), m_view(view) {}
 
-    /// Throws NotLatin1, nothing written, for a text that no file can hold.
+    /// Throws NotLatin1 and ControlCharacter, nothing written, for a text that no file can hold.
     void save();
     /// Shows a file's values; the screen stays as it was when the file is not a whole one.
     void open();

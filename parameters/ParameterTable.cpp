@@ -6,8 +6,6 @@ namespace {
 using F = ParameterField;
 
 constexpr FirmwareVersion any{};
-constexpr FirmwareVersion withLimitDisable = firmwareWithLimitDisable;
-constexpr FirmwareVersion withHome = firmwareWithHomeParameters;
 
 // In the order of ParameterField. Old firmware is written to all the same, but for "DL".
 constexpr std::array<FieldRow, parameterFieldCount> fieldTable{{
@@ -20,12 +18,12 @@ constexpr std::array<FieldRow, parameterFieldCount> fieldTable{{
     {"HomePol1", "HomePol2", any, any},
     {"dopol1", "dopol2", any, any},
     {"sapol1", "sapol2", any, any},
-    {"DisableLimit", nullptr, withLimitDisable, withLimitDisable},
+    {"DisableLimit", nullptr, firmwareWithLimitDisable, firmwareWithLimitDisable},
     {"Autostart", nullptr, any, any},
-    {"Autostart1", nullptr, withHome, any},
-    {"LCA", nullptr, withHome, any},
-    {"HCA", nullptr, withHome, any},
-    {"DOBOOT", nullptr, withHome, any},
+    {"Autostart1", nullptr, firmwareWithHomeParameters, any},
+    {"LCA", nullptr, firmwareWithHomeParameters, any},
+    {"HCA", nullptr, firmwareWithHomeParameters, any},
+    {"DOBOOT", nullptr, firmwareWithHomeParameters, any},
     {"baudCombo", nullptr, any, any},
     {"RT", nullptr, any, any},
 }};

@@ -96,6 +96,7 @@ struct ParameterRow {
 /// Where a transfer looks whether the link still stands, and ends when it does not.
 enum class LinkCheck { none, beforeShowing, afterwards };
 
+/// One exchange of a transfer, and what is looked at with it.
 struct TransferStep {
     const ParameterRow* parameter;
     LinkCheck check;

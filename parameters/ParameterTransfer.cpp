@@ -13,30 +13,13 @@ constexpr std::string_view changeTitle = "Device ID";
 
 }  // namespace
 
-struct ParameterTransfer::Change {
-    std::string_view done;
-    std::string_view failed;
-};
-
 ParameterTransfer::ParameterTransfer(const Services& services, const LinkHandOver& handOver,
                                      ParameterView& view, QObject* owner)
     : m_services(services),
       m_view(view),
       m_firmware(handOver.firmware),
       m_link(services, flavours::parameterSetup, nullptr, owner) {
-    m_link.connection = handOver.connection;
-    m_link.PortReady = handOver.PortReady;
-    m_link.setCommOK(handOver.CommOK);
-}
-
-void ParameterTransfer::openPort() {
-    if (m_link.PortReady)
-        m_link.PortReady = m_link.openPort();
-}
-
-void ParameterTransfer::closePort() {
-    if (m_link.PortReady)
-        m_link.closePort();
+    m_link.takeOver(handOver);
 }
 
 bool ParameterTransfer::ready() {
@@ -152,13 +135,13 @@ void ParameterTransfer::writeBaudRate(const ParameterRow& parameter,
              parameter, values);
 }
 
-void ParameterTransfer::carryOut(const Change& change, const ParameterRow& parameter,
+void ParameterTransfer::carryOut(const ChangeMessages& messages, const ParameterRow& parameter,
                                  const ParameterValues& values) {
     m_view.showActivity(ParameterView::Activity::writing);  // over where the question was
     const bool done = send(*writeCommand(parameter, values), parameter, values);
     if (!m_link.CommOK())
         return;
-    showResult(done ? change.done : change.failed);
+    showResult(done ? messages.done : messages.failed);
     m_view.showActivity(ParameterView::Activity::writing);
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "link/PanelLink.h"
@@ -17,14 +16,14 @@ class ParameterTransfer {
                       QObject* owner);
 
     /// Opens the port where the caller's was open. What fails here is told by the upload.
-    void openPort();
-    /// Closes the port, when it is still this screen's.
-    void closePort();
+    void openPort() { m_link.openHandedOverPort(); }
+    void closePort() { m_link.closePort(); }
 
     /// Reads the whole set into the screen. Throws ConversionError, the rest left as it was,
     /// at a reply that should be a number and is none.
     void upload();
-    /// Writes the whole set to the controller. Throws NotLatin1 before anything is sent.
+    /// Writes the whole set to the controller. Throws NotLatin1 and ControlCharacter before
+    /// anything is sent.
     void download();
     void storeToFlash();
 
@@ -32,8 +31,11 @@ class ParameterTransfer {
     FirmwareVersion firmware() const { return m_firmware; }
 
  private:
-    /// A change that is asked about first, and whose reply is judged.
-    struct Change;
+    /// What the operator is told of a change that was asked about first.
+    struct ChangeMessages {
+        std::string_view done;
+        std::string_view failed;
+    };
 
     bool ready();
     void read(const TransferStep& step);
@@ -41,7 +43,7 @@ class ParameterTransfer {
     void write(const ParameterRow& parameter, const ParameterValues& values);
     void writeDeviceId(const ParameterRow& parameter, const ParameterValues& values);
     void writeBaudRate(const ParameterRow& parameter, const ParameterValues& values);
-    void carryOut(const Change& change, const ParameterRow& parameter,
+    void carryOut(const ChangeMessages& messages, const ParameterRow& parameter,
                   const ParameterValues& values);
     bool send(std::string_view command, const ParameterRow& parameter,
               const ParameterValues& values);

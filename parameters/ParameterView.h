@@ -10,7 +10,8 @@ class ParameterView {
  public:
     virtual ~ParameterView() = default;
 
-    /// What all controls hold. Throws NotLatin1 for a text that no wire and no file can carry.
+    /// What all controls hold. Throws NotLatin1 and ControlCharacter for a text that no wire and no
+    /// file can carry.
     virtual ParameterValues values() const = 0;
     virtual void showField(ParameterField field, const std::string& text) = 0;
 

@@ -39,16 +39,12 @@ SetupParameters::SetupParameters(const Services& services, const LinkHandOver& h
 SetupParameters::~SetupParameters() = default;
 
 void SetupParameters::connectHandlers() {
-    handlers.connect(m_ui->UploadPar, &QPushButton::clicked, this,
-                     &SetupParameters::UploadPar_Click);
-    handlers.connect(m_ui->DownloadPar, &QPushButton::clicked, this,
-                     &SetupParameters::DownloadPar_Click);
-    handlers.connect(m_ui->SaveParameters, &QPushButton::clicked, this,
-                     &SetupParameters::SaveParameters_Click);
-    handlers.connect(m_ui->OpenParameters, &QPushButton::clicked, this,
-                     &SetupParameters::OpenParameters_Click);
-    handlers.connect(m_ui->SetSN, &QPushButton::clicked, this, &SetupParameters::SetSN_Click);
-    handlers.connect(m_ui->Close, &QPushButton::clicked, this, &SetupParameters::Close_Click);
+    handlers.onClick(*m_ui->UploadPar, [this](bool) { UploadPar_Click(); });
+    handlers.onClick(*m_ui->DownloadPar, [this](bool) { DownloadPar_Click(); });
+    handlers.onClick(*m_ui->SaveParameters, [this](bool) { SaveParameters_Click(); });
+    handlers.onClick(*m_ui->OpenParameters, [this](bool) { OpenParameters_Click(); });
+    handlers.onClick(*m_ui->SetSN, [this](bool) { SetSN_Click(); });
+    handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
     // Marks only follow what stands on the screen, also while a transfer changes it.
     for (ParameterControl& each : m_controls)
         each.onChange([this] { compareAll(); });

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "platform/Latin1.h"
+#include "platform/Text.h"
 
 namespace zlt {
 namespace {
@@ -70,16 +71,6 @@ std::optional<std::int32_t> parseInteger(std::string_view text) {
         whole > std::numeric_limits<std::int32_t>::max())
         return std::nullopt;
     return static_cast<std::int32_t>(whole);
-}
-
-std::string inQuotes(std::string_view utf8) {
-    constexpr std::size_t longest = 80;
-    if (utf8.size() <= longest)
-        return '"' + std::string(utf8) + '"';
-    std::size_t end = longest;
-    while (end > 0 && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80)
-        --end;  // not in the middle of a character
-    return '"' + std::string(utf8.substr(0, end)) + "\xE2\x80\xA6\"";
 }
 
 std::int32_t replyToInteger(std::string_view command, std::string_view reply) {

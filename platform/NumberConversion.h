@@ -20,9 +20,6 @@ class ConversionError : public std::runtime_error {
 /// the text is anything else ("", "12abc", "1,5", "nan", "1e3").
 std::optional<std::int32_t> parseInteger(std::string_view text);
 
-/// A text from outside in quotes, as messages name it: the front of one that is long.
-std::string inQuotes(std::string_view utf8);
-
 /// As parseInteger(), for a reply that must be a number. Throws ConversionError naming
 /// `command` and the reply (both Latin-1, as on the wire).
 std::int32_t replyToInteger(std::string_view command, std::string_view reply);

@@ -3,10 +3,12 @@
 #include <QFile>
 #include <QSaveFile>
 
+#include "platform_qt/QtPaths.h"
+
 namespace zlt {
 
 std::optional<std::string> QtFiles::read(const std::filesystem::path& path, std::size_t limit) {
-    QFile file(path);
+    QFile file(fromPath(path));
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
     const QByteArray bytes = file.read(static_cast<qint64>(limit));
@@ -17,9 +19,7 @@ std::optional<std::string> QtFiles::read(const std::filesystem::path& path, std:
 
 std::optional<std::string> QtFiles::writeWhole(const std::filesystem::path& path,
                                                std::string_view bytes) {
-    QSaveFile file(QString::fromStdU16String(path.u16string()));
-    // A file that may be written in a folder that may not is written in place.
-    file.setDirectWriteFallback(true);
+    QSaveFile file(fromPath(path));
     const auto size = static_cast<qint64>(bytes.size());
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), size) != size ||
         !file.commit())

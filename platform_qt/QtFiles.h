@@ -4,6 +4,7 @@
 
 namespace zlt {
 
+/// Files by Qt, written under another name and then put in place.
 class QtFiles final : public Files {
  public:
     std::optional<std::string> read(const std::filesystem::path& file, std::size_t limit) override;

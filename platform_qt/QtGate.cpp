@@ -7,10 +7,10 @@
 #include <QMessageBox>
 #include <QScrollArea>
 
+#include "platform/Product.h"
+
 namespace zlt {
 namespace {
-
-const QString applicationTitle = QStringLiteral("ZLT-R-NX-42");
 
 QString fromUtf8(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -103,7 +103,7 @@ std::optional<std::string> showDialog(const FileChoice& choice, QFileDialog::Acc
 }  // namespace
 
 void QtGate::message(std::string_view text) {
-    showBox(QMessageBox::Information, applicationTitle, text, QMessageBox::Ok);
+    showBox(QMessageBox::Information, fromUtf8(controllerModel), text, QMessageBox::Ok);
 }
 
 bool QtGate::ask(std::string_view title, std::string_view text) {

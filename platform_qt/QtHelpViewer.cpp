@@ -5,10 +5,12 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include "platform_qt/QtPaths.h"
+
 namespace zlt {
 
 void QtHelpViewer::openContents(const std::filesystem::path& path) {
-    const QFileInfo file(path);
+    const QFileInfo file(fromPath(path));
     const std::string name = file.fileName().toStdString();
     if (!file.exists()) {
         m_gate.message("The help file " + name + " is not in the folder " +

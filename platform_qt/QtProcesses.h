@@ -4,9 +4,10 @@
 
 namespace zlt {
 
-/// The folder of the executable, links resolved.
+/// The folder of the executable, links resolved; empty when its name is no valid text.
 std::filesystem::path ownFolder();
 
+/// Starts other programs by Qt; what they print is passed through, their input is empty.
 class QtProcesses final : public Processes {
  public:
     ProcessEnd runAndWait(const std::filesystem::path& program) override;

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "platform/FileNames.h"
+#include "platform/Product.h"
 #include "programs/ProgramText.h"
 
 namespace zlt {
@@ -14,7 +16,7 @@ const FileChoice saveChoice{"Save ZLT-R-NX Program As", "ZLT-R-NX Program Files 
 /// Programs are a few kilobytes; a file beyond this is none.
 constexpr std::size_t longestProgram = 16 * 1024 * 1024;
 
-bool isFile(const std::string& name) {
+bool isFile(const std::filesystem::path& name) {
     std::error_code unknown;
     return std::filesystem::exists(name, unknown) && !std::filesystem::is_directory(name, unknown);
 }
@@ -23,14 +25,8 @@ bool isFile(const std::string& name) {
 
 bool saveAsLines(const Services& services, const FileChoice& choice,
                  const std::function<std::string()>& text) {
-    const auto name = services.gate.chooseToSave(choice);
+    const auto name = chooseSaveName(services.gate, choice, "No Program Name!");
     if (!name)
-        return false;
-    if (name->empty()) {
-        services.gate.message("No Program Name!");
-        return false;
-    }
-    if (name->find('*') != std::string::npos)
         return false;
     // An empty text leaves an empty file and says nothing.
     const auto lines = WriteTextAsLines(text());
@@ -48,11 +44,11 @@ void ProgramActions::NewProg_Click() {
 
 void ProgramActions::OpenProg_Click() {
     const PollPause pause(m_link);
-    const auto name = m_services.gate.chooseToOpen(openChoice);
-    if (!name || name->empty() || name->find('*') != std::string::npos)
+    const auto name = chooseOpenName(m_services.gate, openChoice);
+    if (!name)
         return;
     if (!isFile(*name)) {
-        m_services.gate.message("File " + *name + " does not exist!");
+        m_services.gate.message("File " + utf8FromPath(*name) + " does not exist!");
         return;
     }
     if (const auto file = m_services.files.read(*name, longestProgram)) {
@@ -73,8 +69,9 @@ void ProgramActions::CompileAll_Click() {
         return;
     }
     m_tools.write(toolfiles::program, WriteTextAsLines(m_view.program()).value_or(""));
-    m_tools.writeSetup(toolfiles::compilerSetup,
-                       {{"MOD", "ZLT-R-NX-42"}, {"OPE", "COMPILE"}, {"FIL", "Program.prg"}});
+    m_tools.writeSetup(toolfiles::compilerSetup, {{"MOD", std::string(controllerModel)},
+                                                  {"OPE", "COMPILE"},
+                                                  {"FIL", nameOf(toolfiles::program)}});
     m_tools.RunToolAndWait(compiler, toolfiles::compiled);
     if (m_tools.CheckToolResult(toolfiles::compiled))
         m_view.showCompiledLines("Lines: " + withSignBlank(m_tools.CountCompiledLines()));

@@ -42,10 +42,16 @@ class ProgramActions {
     ProgramActions(const Services& services, PanelLink& link, ProgramView& view)
         : m_services(services), m_link(link), m_view(view), m_tools(services) {}
 
+    /// Empties the box, without a question.
     void NewProg_Click();
+    /// A file that is not there is told; one that cannot be read changes nothing.
     void OpenProg_Click();
+    /// As saveAsLines().
     void SaveProg_Click();
+    /// Blocks until the compiler has ended; its result is told. Throws ToolError when it did not do
+    /// its part, and NotLatin1.
     void CompileAll_Click();
+    /// Shows the last listing; nothing when there is none.
     void ViewCompiled_Click();
 
  private:

@@ -4,7 +4,9 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QTextBlock>
+#include <algorithm>
 
+#include "widgets/CopiedText.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -77,12 +79,7 @@ void ProgramEditor::keyPressEvent(QKeyEvent* event) {
 }
 
 QMimeData* ProgramEditor::createMimeDataFromSelection() const {
-    // As it stands: the usual way turns a no-break space into a blank.
-    QString text = textCursor().selectedText();
-    text.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
-    auto* mime = new QMimeData;
-    mime->setText(text);
-    return mime;
+    return copiedText(textCursor());
 }
 
 void ProgramEditor::insertFromMimeData(const QMimeData* source) {

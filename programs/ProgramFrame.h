@@ -21,7 +21,8 @@ class ProgramFrame : public QGroupBox, public ProgramView {
     explicit ProgramFrame(QWidget* parent = nullptr);
     ~ProgramFrame() override;
 
-    /// Connects the buttons to the rules. `services` and the rest outlive the frame.
+    /// Connects the buttons to the rules. `services` and the rest are used as long as the buttons
+    /// are worked.
     void connectTo(Handlers& handlers, const Services& services, ProgramActions& actions,
                    ProgramTransfer& transfer);
     /// Puts the cursor into the program box.

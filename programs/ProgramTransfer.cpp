@@ -4,6 +4,7 @@
 
 #include "link/Framing.h"
 #include "platform/NumberConversion.h"
+#include "platform/Product.h"
 #include "programs/ProgramText.h"
 
 namespace zlt {
@@ -36,8 +37,8 @@ void ProgramTransfer::writeSetup(const Target& target, const char* operation, co
                         {"BAU", target.baudText},
                         {"DEV", target.deviceNumber},
                         {"OPE", operation},
-                        {"FIL", "CompileOut.txt"},
-                        {"MOD", "ZLT-R-NX-42"}});
+                        {"FIL", nameOf(toolfiles::compiled)},
+                        {"MOD", std::string(controllerModel)}});
 }
 
 void ProgramTransfer::sendToController(const char* operation) {
@@ -75,8 +76,9 @@ void ProgramTransfer::UploadSAP_Click() {
 }
 
 void ProgramTransfer::readProgramBack() {
-    m_tools.writeSetup(toolfiles::compilerSetup,
-                       {{"MOD", "ZLT-R-NX-42"}, {"OPE", "DECOMPILE"}, {"FIL", "UploadOut.txt"}});
+    m_tools.writeSetup(toolfiles::compilerSetup, {{"MOD", std::string(controllerModel)},
+                                                  {"OPE", "DECOMPILE"},
+                                                  {"FIL", nameOf(toolfiles::uploaded)}});
     m_tools.RunToolAndWait(compiler, toolfiles::decompiled);
     m_view.setProgram(textOfLines(m_tools.read(toolfiles::decompiled).value_or("")));
     m_tools.CheckToolResult(toolfiles::decompiled);

@@ -13,12 +13,19 @@ class ProgramTransfer {
     ProgramTransfer(const Services& services, PanelLink& link, ProgramView& view)
         : m_services(services), m_link(link), m_view(view), m_tools(services) {}
 
+    // Each asks the controller first, lends the port to the tool and blocks until that has ended;
+    // its result is told. They throw ToolError, the port taken back, when a tool did not do its
+    // part.
+
+    /// Stop both threads, then send the last listing, or erase the program memory. Without
+    /// communication they say so and do nothing.
     void DownloadSAP_Click() { sendToController("DOWNLOAD"); }
     void clearSpace_Click() { sendToController("CLEAR"); }
+    /// Replaces the program in the box by the controller's, or by the tool's words. Without
+    /// communication it does nothing.
     void UploadSAP_Click();
 
-    /// Set at the start and by each download and clear: the controller's program is not the
-    /// one that was there before.
+    /// Set at the start and by each download and clear. Nothing reads it yet.
     int reinitialise = 1;
 
  private:

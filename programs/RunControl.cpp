@@ -4,8 +4,12 @@
 
 namespace zlt {
 
+std::string runCommandText(RunCommand command, std::string_view thread) {
+    return "SR" + std::string(thread) + "=" + std::to_string(static_cast<int>(command));
+}
+
 void RunControl::StopProg_Click() {
-    m_link.SendReceive("SR=0");
+    send(RunCommand::stop);
     m_sendMotionCommand("ABORT");
 }
 

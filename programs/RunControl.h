@@ -2,11 +2,19 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include "link/PanelLink.h"
 
 namespace zlt {
+
+/// What a program can be told, by the number behind "SR=".
+enum class RunCommand { stop, run, pause, resume };
+
+/// "SR=1", say; for one program thread, `thread` is its digit: "SR0=1".
+std::string runCommandText(RunCommand command, std::string_view thread = {});
 
 /// Starts, stops, pauses and continues the controller's program as a whole, and sets whether
 /// it starts by itself at power-up.
@@ -16,16 +24,21 @@ class RunControl {
     RunControl(PanelLink& link, std::function<void(std::string_view)> sendMotionCommand)
         : m_link(link), m_sendMotionCommand(std::move(sendMotionCommand)) {}
 
-    void RunProg_Click() { m_link.SendReceive("SR=1"); }
+    /// One command each; the reply does not matter.
+    void RunProg_Click() { send(RunCommand::run); }
+    void PauseProg_Click() { send(RunCommand::pause); }
+    void ContProg_Click() { send(RunCommand::resume); }
+    /// Stops the program, then the axis, behind speed and acceleration. Throws ConversionError,
+    /// with both stopped, when one of these is no number.
     void StopProg_Click();
-    void PauseProg_Click() { m_link.SendReceive("SR=2"); }
-    void ContProg_Click() { m_link.SendReceive("SR=3"); }
 
     /// Sets the start at power-up and returns what the controller then says of it; nothing when
     /// it says nothing. Throws ConversionError for a reply that is no number.
     std::optional<bool> setRunOnBoot(bool on);
 
  private:
+    void send(RunCommand command) { m_link.SendReceive(runCommandText(command)); }
+
     PanelLink& m_link;
     std::function<void(std::string_view)> m_sendMotionCommand;
 };

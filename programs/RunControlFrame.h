@@ -26,7 +26,8 @@ class RunControlFrame : public QGroupBox {
     /// Connects the buttons to the rules; `openThreads` opens the second-thread screen.
     void connectTo(Handlers& handlers, RunControl& control,
                    const std::function<void()>& openThreads);
-    /// Another controller is worked now, which has not said whether it runs at power-up.
+    /// The controller has not said whether it runs at power-up: it is another one now, or was
+    /// told otherwise elsewhere.
     void forgetRunOnBoot();
     /// Enables the second-thread screen's button where the firmware has a second thread.
     void gateFeatures(FirmwareVersion firmware);

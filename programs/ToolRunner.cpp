@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <system_error>
 
+#include "platform/FileNames.h"
 #include "platform/Latin1.h"
 #include "programs/ProgramText.h"
 #include "programs/ToolResult.h"
@@ -15,9 +16,8 @@ namespace fs = std::filesystem;
 /// No program of the controller's comes near this; a tool that ran wild might.
 constexpr std::size_t longestFile = 16 * 1024 * 1024;
 
-/// The file's own name, behind the last backslash.
-std::string nameOf(std::string_view file) {
-    return std::string(file.substr(file.find_last_of('\\') + 1));
+std::string folderOf(const fs::path& path) {
+    return utf8FromPath(path.parent_path());
 }
 
 ToolError noResult(const Tool& tool, bool crashed, std::string_view result) {
@@ -29,7 +29,13 @@ ToolError noResult(const Tool& tool, bool crashed, std::string_view result) {
 
 }  // namespace
 
+std::string nameOf(std::string_view file) {
+    return std::string(file.substr(file.find_last_of('\\') + 1));
+}
+
 fs::path ToolRunner::pathOf(std::string_view file) const {
+    if (m_services.ownFolder.empty())
+        throw ToolError("The name of the panel's own folder is not valid text.  Please rename it.");
     std::string below(file.substr(1));
     std::replace(below.begin(), below.end(), '\\', '/');
     return m_services.ownFolder / below;
@@ -39,15 +45,18 @@ std::optional<std::string> ToolRunner::read(std::string_view file) const {
     return m_services.files.read(pathOf(file), longestFile);
 }
 
+bool ToolRunner::isThere(std::string_view file) const {
+    return m_services.files.read(pathOf(file), 1).has_value();
+}
+
 void ToolRunner::write(std::string_view file, std::string_view bytes) {
     const fs::path path = pathOf(file);
     std::error_code unknown;
     if (!fs::is_directory(path.parent_path(), unknown))
-        throw ToolError("The folder of the external tools is missing: " +
-                        path.parent_path().string());
+        throw ToolError("The folder of the external tools is missing: " + folderOf(path));
     if (const auto reason = m_services.files.writeWhole(path, bytes))
         throw ToolError("The file " + nameOf(file) + " cannot be written into the folder " +
-                        path.parent_path().string() + ": " + *reason);
+                        folderOf(path) + ": " + *reason);
 }
 
 void ToolRunner::writeSetup(std::string_view file, const std::vector<SetupEntry>& entries) {
@@ -65,18 +74,17 @@ void ToolRunner::removeLeftOver(std::string_view file) {
                         " of an earlier run cannot be removed: " + failure.message());
 }
 
-void ToolRunner::start(const Tool& tool, bool& crashed) {
+bool ToolRunner::start(const Tool& tool) {
     const fs::path path = pathOf(tool.path);
     const ProcessEnd end = m_services.processes.runAndWait(path);
-    crashed = end.kind == ProcessEnd::Kind::crashed;
     if (end.kind != ProcessEnd::Kind::notStarted)
-        return;
+        return end.kind == ProcessEnd::Kind::crashed;
     std::error_code unknown;
     if (!fs::exists(path, unknown))
         throw ToolError("The tool " + nameOf(tool.path) + " is missing from the folder " +
-                        path.parent_path().string() + ".");
-    throw ToolError("The tool " + nameOf(tool.path) + " in the folder " +
-                    path.parent_path().string() + " cannot be started: " + end.reason);
+                        folderOf(path) + ".");
+    throw ToolError("The tool " + nameOf(tool.path) + " in the folder " + folderOf(path) +
+                    " cannot be started: " + end.reason);
 }
 
 void ToolRunner::RunToolAndWait(const Tool& tool, std::string_view result) {
@@ -85,21 +93,20 @@ void ToolRunner::RunToolAndWait(const Tool& tool, std::string_view result) {
     removeLeftOver(result);
     bool crashed = false;
     try {
-        start(tool, crashed);
+        crashed = start(tool);
     } catch (const ToolError&) {
         if (leftOver)
             write(result, *leftOver);
         throw;
     }
-    if (!read(result))
+    if (!isThere(result))
         throw noResult(tool, crashed, result);
 }
 
 void ToolRunner::runUnchecked(const Tool& tool, std::string_view leftOver) {
     removeLeftOver(leftOver);
-    bool crashed = false;
-    start(tool, crashed);
-    if (crashed && !read(leftOver))
+    const bool crashed = start(tool);
+    if (crashed && !isThere(leftOver))
         throw noResult(tool, crashed, leftOver);
 }
 

@@ -36,6 +36,9 @@ inline constexpr std::string_view downloaded = R"(\EXE\DownloadOut.txt)";
 inline constexpr std::string_view uploaded = R"(\EXE\UploadOut.txt)";
 }  // namespace toolfiles
 
+/// The own name of one of these files, or of a tool: what stands behind the last backslash.
+std::string nameOf(std::string_view file);
+
 /// One entry of a setup file: a three-letter key and its value (Latin-1).
 struct SetupEntry {
     std::string_view key;
@@ -71,12 +74,15 @@ class ToolRunner {
     /// when it names none.
     int ReadCompileErrorLine() const;
 
-    /// A file below the panel's own folder; nothing when it cannot be read.
+    /// A file below the panel's own folder; nothing when it cannot be read. Throws ToolError when
+    /// that folder's name cannot be told, as all here do.
     std::optional<std::string> read(std::string_view file) const;
 
  private:
     std::filesystem::path pathOf(std::string_view file) const;
-    void start(const Tool& tool, bool& crashed);
+    /// Runs a tool to its end. True when that was a fault.
+    bool start(const Tool& tool);
+    bool isThere(std::string_view file) const;
     void removeLeftOver(std::string_view file);
 
     const Services& m_services;

@@ -20,8 +20,8 @@ ViewCompiledForm::ViewCompiledForm(const Services& services, std::string_view li
     m_ui->ProgText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_ui->ProgText->setPlainText(shownText(listing));
     teachManners();
-    handlers.connect(m_ui->Save, &QPushButton::clicked, this, &ViewCompiledForm::Save_Click);
-    handlers.connect(m_ui->Close, &QPushButton::clicked, this, &ViewCompiledForm::Close_Click);
+    handlers.onClick(*m_ui->Save, [this](bool) { Save_Click(); });
+    handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
 }
 
 ViewCompiledForm::~ViewCompiledForm() = default;

@@ -21,11 +21,9 @@ constexpr auto breathingSpace = 500ms;
 XThreadForm::XThreadForm(const Services& services, const LinkHandOver& handOver, QWidget* parent)
     : Screen(services, parent),
       m_ui(std::make_unique<Ui::XThreadForm>()),
-      m_link(services, flavours::secondThread, nullptr, this) {
-    m_link.connection = handOver.connection;
-    m_link.PortReady = handOver.PortReady;
-    m_link.setCommOK(handOver.CommOK);
+      m_link(services, flavours::secondThread, this, this) {
     m_ui->setupUi(this);
+    m_link.takeOver(handOver);
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setInterval(passInterval);
     teachManners();
@@ -35,47 +33,56 @@ XThreadForm::XThreadForm(const Services& services, const LinkHandOver& handOver,
 XThreadForm::~XThreadForm() = default;
 
 void XThreadForm::connectHandlers() {
-    handlers.onClick(*m_ui->RunProg, [this](bool) { sendToThread('1'); });
+    handlers.onClick(*m_ui->RunProg, [this](bool) { sendToThread(RunCommand::run); });
     handlers.onClick(*m_ui->StopProg, [this](bool) {
-        sendToThread('0');
+        sendToThread(RunCommand::stop);
         stopMotion();
     });
     handlers.onClick(*m_ui->PauseProg, [this](bool) {
-        sendToThread('2');
+        sendToThread(RunCommand::pause);
         stopMotion();
     });
-    handlers.onClick(*m_ui->ContProg, [this](bool) { sendToThread('3'); });
-    handlers.connect(m_ui->Command1, &QPushButton::clicked, this, &XThreadForm::Command1_Click);
+    handlers.onClick(*m_ui->ContProg, [this](bool) { sendToThread(RunCommand::resume); });
+    handlers.onClick(*m_ui->Command1, [this](bool) { Command1_Click(); });
     handlers.connect(&m_timer1, &QTimer::timeout, this, &XThreadForm::Timer1_Timer);
 }
 
 void XThreadForm::Form_Load() {
     handlers.runWithinCaller([this] {
         const BusyCursor busy;
-        if (m_link.PortReady)
-            m_link.openPort();  // one that does not open is reported by the first exchange
+        m_link.openHandedOverPort();  // what fails here is told by the first exchange
         m_ui->ProgSel0->setChecked(true);
         m_timer1.start();
     });
 }
 
-void XThreadForm::sendToThread(char runCommand) {
-    const char thread = m_ui->ProgSel1->isChecked() ? '1' : '0';
-    m_link.SendReceive(std::string("SR") + thread + "=" + runCommand);
+void XThreadForm::sendToThread(RunCommand command) {
+    m_link.SendReceive(runCommandText(command, m_ui->ProgSel1->isChecked() ? "1" : "0"));
 }
 
 void XThreadForm::Timer1_Timer() {
+    // No flag guards this screen's exchanges; set here, it tells how the pass went.
     m_link.setCommOK(true);
     m_ui->ProgIndex0->showReply(m_link.SendReceive("SPC0"));
     m_ui->ProgIndex1->showReply(m_link.SendReceive("SPC1"));
     showState("SASTAT0", *m_ui->ProgStatus0);
     showState("SASTAT1", *m_ui->ProgStatus1);
-    for (ReadOut* value : findChildren<ReadOut*>())
-        value->setLive(m_link.CommOK());
+    showLive(m_link.CommOK());
     if (m_link.lossReported())
         m_timer1.stop();
     else
         m_timer1.setInterval(m_link.CommOK() ? passInterval : breathingSpace);
+}
+
+void XThreadForm::commChanged(bool connected) {
+    // Dimmed before the message is up; live again once a whole pass has been answered.
+    if (!connected)
+        showLive(false);
+}
+
+void XThreadForm::showLive(bool live) {
+    for (ReadOut* value : findChildren<ReadOut*>())
+        value->setLive(live);
 }
 
 void XThreadForm::showState(const char* query, ReadOut& state) {

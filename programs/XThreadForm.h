@@ -2,9 +2,9 @@
 
 #include <QTimer>
 #include <memory>
-#include <string>
 
-#include "link/PanelLink.h"
+#include "link/ScreenLink.h"
+#include "programs/RunControl.h"
 #include "widgets/Screen.h"
 
 namespace Ui {
@@ -16,7 +16,7 @@ namespace zlt {
 class ReadOut;
 
 /// Controls and watches the controller's two program threads one by one, over its own port.
-class XThreadForm : public Screen {
+class XThreadForm : public Screen, private LinkListener {
     Q_OBJECT
 
  public:
@@ -31,12 +31,16 @@ class XThreadForm : public Screen {
     void Command1_Click();
     void closeScreen() override { Command1_Click(); }
     void connectHandlers();
+    void commChanged(bool connected) override;
+    void exchangeTimedOut() override {}
+    void portLost() override {}
 
-    /// Sends a run command (0 stop, 1 run, 2 pause, 3 continue) to the selected thread.
-    void sendToThread(char runCommand);
+    /// Sends a run command to the selected thread.
+    void sendToThread(RunCommand command);
     void stopMotion() { m_link.SendReceive("ABORT"); }
     /// Asks for a thread's state and shows its words, where the code has any.
     void showState(const char* query, ReadOut& state);
+    void showLive(bool live);
 
     std::unique_ptr<Ui::XThreadForm> m_ui;
     ScreenLink m_link;

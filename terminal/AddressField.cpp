@@ -1,6 +1,7 @@
 #include "terminal/AddressField.h"
 
 #include "platform/NumberConversion.h"
+#include "platform/Text.h"
 #include "widgets/FieldFocus.h"
 
 namespace zlt {

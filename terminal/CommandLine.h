@@ -12,8 +12,7 @@ class CommandLine : public QLineEdit {
  public:
     explicit CommandLine(QWidget* parent = nullptr) : QLineEdit(parent) {}
 
-    /// The command as it goes on the wire. Throws NotLatin1, and std::invalid_argument for
-    /// pasted lines, of which each would be a command of its own.
+    /// The command as it goes on the wire. Throws NotLatin1 and ControlCharacter.
     std::string command() const;
 
  signals:

@@ -1,7 +1,6 @@
 #include "terminal/TerminalForm.h"
 
-#include <filesystem>
-
+#include "platform/FileNames.h"
 #include "terminal/AddressField.h"
 #include "ui_TerminalForm.h"
 #include "widgets/WireText.h"
@@ -12,10 +11,9 @@ TerminalForm::TerminalForm(const Services& services, const LinkHandOver& handedO
                            QWidget* parent)
     : Screen(services, parent),
       m_ui(std::make_unique<Ui::TerminalForm>()),
-      m_handedOver(handedOver),
       m_link(services, flavours::terminal, nullptr, this) {
     m_ui->setupUi(this);
-    m_link.connection = handedOver.connection;
+    m_link.takeOver(handedOver);
     teachManners();
     connectHandlers();
 }
@@ -27,18 +25,17 @@ void TerminalForm::connectHandlers() {
     handlers.connect(m_ui->SendText, &CommandLine::recalled, this, &TerminalForm::SendText_Recall);
     handlers.connect(m_ui->SendText, &CommandLine::older, this, &TerminalForm::SendText_Older);
     handlers.connect(m_ui->SendText, &CommandLine::newer, this, &TerminalForm::SendText_Newer);
-    handlers.connect(m_ui->Command2, &QPushButton::clicked, this, &TerminalForm::Command2_Click);
-    handlers.connect(m_ui->Close, &QPushButton::clicked, this, &TerminalForm::Close_Click);
+    handlers.onClick(*m_ui->Command2, [this](bool) { Command2_Click(); });
+    handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
 }
 
 void TerminalForm::Form_Load() {
     handlers.runWithinCaller([this] {
         const BusyCursor busy;
-        m_ui->DeviceID->setText(shownText(m_handedOver.connection.deviceId));
-        if (!m_handedOver.PortReady)
+        m_ui->DeviceID->setText(shownText(m_link.connection.deviceId));
+        if (!m_link.PortReady)
             services().gate.message("Communication port not open!");
-        else
-            m_link.PortReady = m_link.openPort();  // without it each command says so
+        m_link.openHandedOverPort();  // without it each command says so
     });
 }
 
@@ -76,25 +73,19 @@ void TerminalForm::SendText_Newer() {
 }
 
 void TerminalForm::Command2_Click() {
-    const auto name = services().gate.chooseToSave(
-        {"Save Terminal Text As", "Terminal Text Files (*.txt)|*.txt", {}});
+    const auto name = chooseSaveName(
+        services().gate, {"Save Terminal Text As", "Terminal Text Files (*.txt)|*.txt", {}},
+        "No Program Name!");
     if (!name)
         return;
-    if (name->empty()) {
-        services().gate.message("No Program Name!");
-        return;
-    }
-    if (name->find('*') != std::string::npos)
-        return;
-    const std::filesystem::path file(std::u8string(name->begin(), name->end()));
-    const auto failure = services().files.writeWhole(file, savedTranscript(m_ui->Pad->text()));
-    services().gate.message(failure ? "The text could not be saved in " + *name + ": " + *failure
+    const auto failure = services().files.writeWhole(*name, savedTranscript(m_ui->Pad->text()));
+    services().gate.message(failure ? "The text could not be saved in " + utf8FromPath(*name) +
+                                          ": " + *failure
                                     : "Save Done!");
 }
 
 void TerminalForm::Close_Click() {
-    if (m_handedOver.PortReady)
-        m_link.closePort();
+    m_link.closePort();
     done(Accepted);
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include "link/PanelLink.h"
 #include "terminal/CommandHistory.h"
@@ -40,7 +39,6 @@ class TerminalForm : public Screen {
     void connectHandlers();
 
     std::unique_ptr<Ui::TerminalForm> m_ui;
-    LinkHandOver m_handedOver;
     ScreenLink m_link;
     QString m_lastCommand;
     CommandHistory m_history;

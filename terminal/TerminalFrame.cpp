@@ -49,16 +49,16 @@ void TerminalFrame::requestWritten() {
     m_ui->SendTerminalText->clear();
     m_ui->SendTerminalText->repaint();
     m_reply.clear();
-    replyEnded();
+    showReplySoFar();
 }
 
 void TerminalFrame::growReply(char character) {
     m_reply += character;
     if (m_pace.due())
-        replyEnded();
+        showReplySoFar();
 }
 
-void TerminalFrame::replyEnded() {
+void TerminalFrame::showReplySoFar() {
     m_ui->ReceiveTerminalText->showReply(m_reply);
     m_ui->ReceiveTerminalText->repaint();
 }

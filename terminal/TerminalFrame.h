@@ -24,14 +24,12 @@ class TerminalFrame : public QGroupBox, private ReplyBoxView {
     explicit TerminalFrame(QWidget* parent = nullptr);
     ~TerminalFrame() override;
 
-    /// `link` outlives the frame.
+    /// `link` is used as long as the frame's controls are worked.
     void connectTo(Handlers& handlers, PanelLink& link);
 
     /// Chooses the device to talk to (Latin-1).
     void showDevice(std::string_view deviceId);
     void showLive(bool live);
-
-    const Ui::TerminalFrame& controls() const { return *m_ui; }
 
  private:
     void SendTerminalText_Enter();
@@ -39,8 +37,10 @@ class TerminalFrame : public QGroupBox, private ReplyBoxView {
 
     void requestWritten() override;
     void growReply(char character) override;
-    void replyEnded() override;
+    void replyEnded() override { showReplySoFar(); }
     void showInsteadOfReply(std::string_view text) override;
+
+    void showReplySoFar();
 
     std::unique_ptr<Ui::TerminalFrame> m_ui;
     PanelLink* m_link = nullptr;

@@ -30,9 +30,11 @@ class ReplyBoxView {
 
     /// The request is out: the entry is taken, the last reply is past.
     virtual void requestWritten() = 0;
+    /// Adds one character of a reply that is coming in.
     virtual void growReply(char character) = 0;
-    /// The whole of what has come by now stands.
+    /// No more comes: all of the reply is to stand now.
     virtual void replyEnded() = 0;
+    /// Shows a word of the panel's own, a missing reply say; what came of one goes.
     virtual void showInsteadOfReply(std::string_view text) = 0;
 };
 

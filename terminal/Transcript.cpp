@@ -1,9 +1,9 @@
 #include "terminal/Transcript.h"
 
-#include <QMimeData>
 #include <QScrollBar>
 #include <QTextCursor>
 
+#include "widgets/CopiedText.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -54,11 +54,7 @@ void Transcript::placeCaret() {
 }
 
 QMimeData* Transcript::createMimeDataFromSelection() const {
-    QString selected = textCursor().selectedText();
-    selected.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
-    auto* copied = new QMimeData;
-    copied->setText(selected);
-    return copied;
+    return copiedText(textCursor());
 }
 
 }  // namespace zlt

@@ -18,12 +18,11 @@ VariableForm::VariableForm(const Services& services, const LinkHandOver& handedO
                            QWidget* parent)
     : Screen(services, parent),
       m_ui(std::make_unique<Ui::VariableForm>()),
-      m_handedOver(handedOver),
       m_link(services, flavours::variables, this, this) {
     m_ui->setupUi(this);
     for (std::size_t index = 0; index < m_boxes.size(); ++index)
         m_boxes.at(index) = findChild<ReadOut*>(QStringLiteral("V%1").arg(index));
-    m_link.connection = handedOver.connection;
+    m_link.takeOver(handedOver);
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setInterval(refreshInterval);
     teachManners();
@@ -35,15 +34,14 @@ VariableForm::~VariableForm() = default;
 void VariableForm::connectHandlers() {
     handlers.connect(&m_timer1, &QTimer::timeout, this, &VariableForm::Timer1_Timer);
     handlers.connect(m_ui->SendText, &CommandLine::entered, this, &VariableForm::SendText_Enter);
-    handlers.connect(m_ui->Close, &QPushButton::clicked, this, &VariableForm::Close_Click);
+    handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
 }
 
 void VariableForm::Form_Load() {
     handlers.runWithinCaller([this] {
         const BusyCursor busy;
-        m_link.PortReady = m_handedOver.PortReady && m_link.openPort();
-        m_link.setCommOK(m_handedOver.CommOK);
-        m_ui->DeviceID->setText(shownText(m_handedOver.connection.deviceId));
+        m_link.openHandedOverPort();
+        m_ui->DeviceID->setText(shownText(m_link.connection.deviceId));
         m_timer1.start();
     });
 }
@@ -78,8 +76,7 @@ void VariableForm::commChanged(bool connected) {
 
 void VariableForm::Close_Click() {
     m_timer1.stop();
-    if (m_handedOver.PortReady)
-        m_link.closePort();
+    m_link.closePort();
     done(Accepted);
 }
 

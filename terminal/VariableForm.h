@@ -42,7 +42,6 @@ class VariableForm : public Screen, private LinkListener {
     void portLost() override {}
 
     std::unique_ptr<Ui::VariableForm> m_ui;
-    LinkHandOver m_handedOver;
     ScreenLink m_link;
     std::array<ReadOut*, 32> m_boxes{};
     QTimer m_timer1{this};

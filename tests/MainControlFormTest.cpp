@@ -258,12 +258,19 @@ TEST_F(MainControlFormTest, SwitchesToAnotherDevice) {
     choose(form, "SelectedDeviceID", "01");
     EXPECT_EQ(sent(), "") << "the present one";
 
+    bus.replies["DO"] = "1";
     bus.replies["VER"] = "V316";
+    click(form, "Command5");
+    tick(form, "Timer1");
+    bus.requests.clear();
     choose(form, "SelectedDeviceID", "07");
     EXPECT_EQ(bus.requests, (std::vector<std::string>{"@07ID", "@07VER", "@07ID"}));
+    for (const char* name : {"MoveMode", "ProgIndex", "ProgStatus"})
+        EXPECT_EQ(shown(name), "") << "the other device's";
+    EXPECT_EQ(shown("InPosDO"), "off") << "the other device's";
     EXPECT_EQ(shown("Version"), "V316");
     sent();
-    EXPECT_EQ(sentByTick(), shortTick);
+    EXPECT_EQ(sentByTick(), shortTick) << "the demo moves no axis that was only selected";
     EXPECT_TRUE(enabled("HLHOMEPLUS")) << "as loaded";
 
     bus.replies["ID"] = "ZLD08";

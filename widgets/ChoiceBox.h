@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QComboBox>
-#include <string>
 #include <string_view>
 
 namespace zlt {

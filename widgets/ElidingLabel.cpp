@@ -1,9 +1,9 @@
 #include "widgets/ElidingLabel.h"
 
 #include <QHelpEvent>
-#include <QStyle>
 #include <QStylePainter>
 #include <QToolTip>
+#include <algorithm>
 
 namespace zlt {
 namespace {

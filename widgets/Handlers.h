@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QObject>
 #include <functional>
+#include <type_traits>
 
 #include "link/Services.h"
 
@@ -20,10 +21,11 @@ class Handlers {
     /// into a running handler does nothing.
     void run(const std::function<void()>& handler);
 
-    /// Connects a signal to a member function that takes the signal's values, or fewer.
+    /// Connects a signal, a button's click apart, to a member function that takes the signal's
+    /// values, or none.
     template <class Sender, class... SignalArgs, class Receiver, class... Args>
-    void connect(Sender* sender, void (Sender::*signal)(SignalArgs...), Receiver* receiver,
-                 void (Receiver::*handler)(Args...)) {
+    void connect(std::type_identity_t<Sender>* sender, void (Sender::*signal)(SignalArgs...),
+                 Receiver* receiver, void (Receiver::*handler)(Args...)) {
         if constexpr (sizeof...(Args) == 0)
             QObject::connect(sender, signal, receiver,
                              [this, receiver, handler] { run([=] { (receiver->*handler)(); }); });
@@ -33,16 +35,6 @@ class Handlers {
             });
     }
 
-    /// The same for a base class's signal, as with a button's clicked().
-    template <class Sender, class Base, class... SignalArgs, class Receiver, class... Args>
-    requires(!std::is_same_v<Sender, Base> &&
-             std::is_base_of_v<Base, Sender>) void connect(Sender* sender,
-                                                           void (Base::*signal)(SignalArgs...),
-                                                           Receiver* receiver,
-                                                           void (Receiver::*handler)(Args...)) {
-        connect(static_cast<Base*>(sender), signal, receiver, handler);
-    }
-
     /// Runs `handler` at each click of the operator, with the button's mark as the click left
     /// it. A mark that is set by other means runs nothing.
     void onClick(QAbstractButton& button, std::function<void(bool checked)> handler);
@@ -50,8 +42,6 @@ class Handlers {
     /// As run(), for work before the screen is shown that its caller's handler waits for: an
     /// end of the program is passed on to the caller.
     void runWithinCaller(const std::function<void()>& work);
-
-    bool running() const { return m_running; }
 
  private:
     void show(const std::function<void()>& work);

@@ -1,6 +1,7 @@
 #include "widgets/Lamp.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace zlt {
 

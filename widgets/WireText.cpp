@@ -2,7 +2,6 @@
 
 #include <QList>
 #include <algorithm>
-#include <stdexcept>
 
 #include "platform/Latin1.h"
 
@@ -28,24 +27,23 @@ std::string convert(const QString& shown, int line) {
     return wire;
 }
 
-[[noreturn]] void refuseControlCharacters() {
-    throw std::runtime_error(
-        "The text holds a line end or another control character that is not shown.  Please type it "
-        "anew.");
-}
-
 }  // namespace
+
+ControlCharacter::ControlCharacter()
+    : std::runtime_error(
+          "The text holds a line end or another control character that is not shown.  Please type "
+          "it anew.") {}
 
 std::string wireText(const QString& shown) {
     if (shown.contains(QLatin1Char('\r')) || shown.contains(QLatin1Char('\n')))
-        refuseControlCharacters();
+        throw ControlCharacter();
     return convert(shown, 0);
 }
 
 std::string commandText(const QString& shown) {
     const auto isControl = [](QChar c) { return c < QLatin1Char(' ') || c == QChar(0x7F); };
     if (std::any_of(shown.begin(), shown.end(), isControl))
-        refuseControlCharacters();
+        throw ControlCharacter();
     return wireText(shown);
 }
 

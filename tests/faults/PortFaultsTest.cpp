@@ -73,7 +73,8 @@ TEST_F(OpeningTest, IsRefusedOnceInWordsAndWorksAgainAfterwards) {
         {"no serial device", "/dev/null", "not a serial port"},
         {"a folder", "/tmp", "not a serial port"},
         {"locked by another program", device, "In use by cat (process ", lock, unlock},
-        {"claimed by a lock file, by another name", "./link", "The last try to open it failed",
+        {"claimed by a lock file, by another name", "./link",
+         "The last try to open it failed: Device or resource busy.",
          [&] { EXPECT_TRUE(claim.tryLock()); }, [&] { claim.unlock(); }},
     };
     for (const Obstacle& obstacle : table)

@@ -36,6 +36,15 @@ include_arrows() {
         platform simulator ':!simulator/standins'
 }
 
+last_lines() {
+    local file
+    for file in $(git grep -Il '' -- ':!*corpus*'); do
+        [ -z "$(tail -c1 "$file")" ] && continue
+        printf '%s\n    %s\n' "$file" "The last line of a file has an end too."
+        broken=1
+    done
+}
+
 house_rules() {
     local code="*.h *.cpp" broken=0
     set -f  # the patterns are git's to expand
@@ -49,6 +58,7 @@ house_rules() {
         'this_thread::sleep_|QThread::[mu]?sleep|\b(u|nano)sleep\s*\(' \
         $code ':!platform_qt' ':!simulator' ':!bench' ':!tests' ':!fuzz'
     forbid "No blanks at the end of a line, no tabs." '[ \t]+$|\t' ':!*corpus*'
+    last_lines
     forbid "A path of one machine is of no use on another." \
         '(?<![\w.$}/])/(home|root|work|Users)/\w' ':!tests/lint'
     include_arrows

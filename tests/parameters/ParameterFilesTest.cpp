@@ -59,8 +59,8 @@ TEST_F(ParameterFilesTest, LeaveTheScreenAsItWasWhenDamaged) {
         {front + "1\r\n1\r\n1\r\n1\r\n7\r\n",
          "Line 12 (HCA) should be plain text, but the file ends before it."},
         {std::string("0\r\n\0\x01\xFF", 6) + std::string(60, 'x'),
-         "Line 2 (device ID) should be plain text, but holds \"?\?\xC3\xBF" + std::string(37, 'x') +
-             "...\"."},
+         "Line 2 (device ID) should be plain text, but holds \"?\?\xC3\xBF" + std::string(60, 'x') +
+             "\"."},
     };
     open();
     for (const auto& [bytes, fault] : table) {

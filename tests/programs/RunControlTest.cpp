@@ -43,6 +43,13 @@ TEST_F(RunControlTest, ShowsTheControllersWordOnRunOnBoot) {
     bus.silent = false;
     choose(form, "SelectedDeviceID", "02");
     EXPECT_FALSE(checked("RunOnBootOn") || checked("RunOnBootOff")) << "another controller";
+
+    bus.replies["SLOAD"] = "1";
+    click(form, "RunOnBootOn");
+    QTimer::singleShot(0, &form, [] { QApplication::activeModalWidget()->close(); });
+    gate.expectMessageWith("The reply to the command POL is not a number");
+    click(form, "Setup");
+    EXPECT_FALSE(checked("RunOnBootOn") || checked("RunOnBootOff")) << "Setup writes it too";
 }
 
 TEST_F(RunControlTest, WorksAndShowsEachThreadOverAPortOfItsOwn) {
@@ -83,9 +90,14 @@ TEST_F(RunControlTest, OpensNoThreadScreenBelowFirmware322) {
 
 TEST_F(RunControlTest, LeavesRoomToCloseTheThreadScreenOfASilentController) {
     onScreen("XThread", [this](QWidget& threads) {
+        const auto colour = [&threads] {
+            return control<QWidget>(threads, "ProgStatus0").palette().color(QPalette::Text);
+        };
+        const QColor live = colour();
         bus.silent = true;
         for (const char* query : {"SPC0", "SPC1", "SASTAT0", "SASTAT1"})
-            gate.expectMessage("No Reply to Command: " + std::string(query));
+            gate.expectMessage("No Reply to Command: " + std::string(query),
+                               [&] { EXPECT_NE(colour(), live) << "behind the message"; });
         tick(threads, "Timer1");
         EXPECT_EQ(textOf(threads, "ProgIndex0"), "0");
         EXPECT_EQ(control<QTimer>(threads, "Timer1").interval(), 500);

@@ -96,7 +96,7 @@ struct Search : SearchView {
     Machine machine;
     Texts texts;
     int value = 0, maximum = 0, steps = 0;
-    std::optional<FoundDevice> found;
+    std::optional<Connection> found;
     std::string results;
 };
 
