@@ -35,7 +35,8 @@ int connectTo(const SimulatedBus& simulator) {
 }
 
 TEST(SimulatorProgram, nothingOfOneClientReachesTheNext) {
-    SimulatedBus simulator({QStringLiteral("--fault"), QStringLiteral("stray left")});
+    SimulatedBus simulator(
+        {QStringLiteral("--unpaced"), QStringLiteral("--fault"), QStringLiteral("stray left")});
     int file = connectTo(simulator);
     ASSERT_EQ(::ioctl(file, TIOCEXCL), 0);
     ASSERT_EQ(::write(file, "@01DN\r@01E", 10), 10);
