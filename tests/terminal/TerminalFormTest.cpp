@@ -115,11 +115,13 @@ TEST_F(TerminalFormTest, RefusesWhatTheWireCannotCarry) {
     gate.expectMessageWith("U+2212");
     talk("07", "X=\u22125");
     EXPECT_EQ(textOf(form, "SendText"), "X=\u22125") << "to be mended";
-    QApplication::clipboard()->setText(QStringLiteral("PX\r\nABORT"));
-    line.clear();
-    line.paste();
-    gate.expectMessageWith("control character");
-    press(form, "SendText", Qt::Key_Return);
+    for (const char* pasted : {"PX\r\nABORT", "PX\x1B"}) {
+        QApplication::clipboard()->setText(QString::fromLatin1(pasted));
+        line.clear();
+        line.paste();
+        gate.expectMessageWith("control character");
+        press(form, "SendText", Qt::Key_Return);
+    }
     EXPECT_TRUE(bus.requests.empty());
 }
 
