@@ -1,72 +1,126 @@
+// The simulator as a program of its own: its options, ports, links, log and end.
+
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
-#include <string>
+#include <QTemporaryDir>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
 
-#include "simulator/Program.h"
+#include "simulator/Options.h"
+#include "support/SimulatedBus.h"
 
-namespace zlt::sim {
+namespace zlt::test {
 namespace {
 
-using namespace std::chrono_literals;
+namespace fs = std::filesystem;
 
-void fill(Program& program, const std::vector<std::string>& lines) {
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        ASSERT_TRUE(program.store().write(i, lines[i]));
+// What comes until the next carriage return, or until nothing comes any more.
+std::string heard(int file) {
+    std::string text;
+    char byte = 0;
+    pollfd waiting{file, POLLIN, 0};
+    while (byte != '\r' && ::poll(&waiting, 1, 300) > 0 && ::read(file, &byte, 1) == 1) {
+        text += byte;
     }
+    return text;
 }
 
-TEST(Program, runsPausesContinuesAndStops) {
-    Program program;
-    fill(program, {"a", "b", "c"});
-    EXPECT_FALSE(program.commandAll(3, 0ms)) << "nothing to continue";
-    ASSERT_TRUE(program.commandAll(1, 0ms));
-    program.advance(45ms);
-    EXPECT_EQ(program.thread(0).line(), 2U);
-    EXPECT_EQ(program.thread(1).state(), ThreadState::Idle) << "it has no lines";
-    ASSERT_TRUE(program.commandAll(2, 45ms));
-    program.advance(10s);
-    EXPECT_EQ(program.thread(0).line(), 2U);
-    EXPECT_EQ(program.thread(0).state(), ThreadState::Paused);
-    ASSERT_TRUE(program.commandAll(3, 10s));
-    program.advance(10s + 20ms);
-    EXPECT_EQ(program.thread(0).line(), 0U) << "from the top again";
-    ASSERT_TRUE(program.commandAll(0, 10s + 20ms));
-    EXPECT_EQ(program.thread(0).state(), ThreadState::Idle);
+int connectTo(const SimulatedBus& simulator) {
+    return ::open(simulator.device().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
 }
 
-TEST(Program, threadsHaveTheirOwnPartsAndEnds) {
-    Program program;
-    fill(program, {"a", " END", "PRG 1", "b"});
-    ASSERT_TRUE(program.commandAll(1, 0ms));
-    program.advance(30ms);
-    EXPECT_EQ(program.thread(1).line(), 3U);
-    program.advance(24h);
-    EXPECT_EQ(program.thread(0).state(), ThreadState::Idle);
-    EXPECT_EQ(program.thread(0).line(), 1U);
-    EXPECT_EQ(program.thread(1).state(), ThreadState::Running);
+TEST(SimulatorProgram, nothingOfOneClientReachesTheNext) {
+    SimulatedBus simulator(
+        {QStringLiteral("--unpaced"), QStringLiteral("--fault"), QStringLiteral("stray left")});
+    int file = connectTo(simulator);
+    ASSERT_EQ(::ioctl(file, TIOCEXCL), 0);
+    ASSERT_EQ(::write(file, "@01DN\r@01E", 10), 10);
+    EXPECT_EQ(heard(file), "ZLD01\r");
+    ::close(file);
+    // It looks at its port between two lines, so by the second it has seen the client leave.
+    simulator.say("");
+    simulator.say("");
+
+    file = connectTo(simulator);
+    int claimed = 1;
+    EXPECT_EQ(::ioctl(file, TIOCGEXCL, &claimed), 0);
+    EXPECT_EQ(claimed, 0) << "or only root gets the port";
+    ASSERT_EQ(::write(file, "O\r", 2), 2);
+    EXPECT_EQ(heard(file), "");
+    ASSERT_EQ(::write(file, "@01EO\r", 6), 6);
+    EXPECT_EQ(heard(file), "1\r");
+    ::close(file);
 }
 
-TEST(Program, withoutLinesItIsInErrorUntilMended) {
-    Program program;
-    program.commandAll(1, 0ms);
-    program.command(1, 1, 0ms);
-    EXPECT_EQ(program.thread(0).state(), ThreadState::Errored);
-    EXPECT_EQ(program.thread(1).state(), ThreadState::Errored);
-    program.command(0, 0, 0ms);
-    program.clearErrors();
-    EXPECT_EQ(program.thread(0).state(), ThreadState::Idle);
-    EXPECT_EQ(program.thread(1).state(), ThreadState::Idle);
-}
-
-TEST(Program, theMemoryHasAnEnd) {
-    ProgramStore store;
-    for (std::size_t i = 0; i < ProgramStore::kMaximumLines; ++i) {
-        ASSERT_TRUE(store.write(i, "x"));
+TEST(SimulatorProgram, keepsItsLinkAndTakesItAwayAtItsEnd) {
+    const QTemporaryDir folder;
+    const QStringList options{QStringLiteral("--link"), folder.filePath(QStringLiteral("port")),
+                              QStringLiteral("--log"), folder.filePath(QStringLiteral("log"))};
+    const fs::path link = options[1].toStdString();
+    fs::create_symlink("/nowhere", link);
+    {
+        SimulatedBus simulator(options);
+        EXPECT_EQ(fs::read_symlink(link), simulator.device());
+        simulator.say("hangup");
+        simulator.say("plug");
+        EXPECT_EQ(fs::read_symlink(link), simulator.device());
+        const int file = connectTo(simulator);
+        ASSERT_EQ(::write(file, "@01\xFF\\\r", 6), 6);
+        EXPECT_EQ(heard(file), "?.\\\r");
+        ::close(file);
     }
-    EXPECT_FALSE(store.write(ProgramStore::kMaximumLines, "x"));
-    EXPECT_FALSE(store.write(0, std::string(ProgramStore::kMaximumLineLength + 1, 'x')));
-    EXPECT_EQ(store.lines().front(), "x");
+    EXPECT_FALSE(fs::exists(fs::symlink_status(link))) << "its input has ended";
+    std::ifstream log(options[3].toStdString());
+    const std::string traffic(std::istreambuf_iterator<char>(log), {});
+    EXPECT_NE(traffic.find(" COM1 < @01\\xFF\\\\\n"), std::string::npos) << traffic;
+    EXPECT_NE(traffic.find(" COM1 > ?.\\\\\\r\n"), std::string::npos) << traffic;
+
+    QProcess lasting;
+    lasting.start(QStringLiteral(ZLT_SIM_PATH), options);
+    ASSERT_TRUE(lasting.waitForReadyRead(10'000));
+    lasting.closeWriteChannel();
+    EXPECT_FALSE(lasting.waitForFinished(300)) << "unasked, its input's end does not end it";
+    EXPECT_TRUE(fs::is_symlink(link));
+    lasting.terminate();
+    ASSERT_TRUE(lasting.waitForFinished(10'000));
+    EXPECT_EQ(lasting.exitCode(), 0);
+    EXPECT_FALSE(fs::exists(fs::symlink_status(link)));
+}
+
+TEST(Options, belongToTheLastPortNamed) {
+    const auto ports = sim::parseOptions({"--controller", "7,limits=-5:9", "--controller", "id=8",
+                                          "--unpaced", "--port", "COM4", "--link", "/x"})
+                           .ports;
+    ASSERT_EQ(ports.size(), 2U);
+    EXPECT_EQ(ports[0].name + ports[1].name, "COM1COM4");
+    EXPECT_EQ(ports[0].controllers.at(0).layout.negativeLimit, -5);
+    EXPECT_EQ(ports[0].controllers.at(1).id, 8);
+    EXPECT_EQ(ports[1].controllers.size(), 1U) << "without a word of any";
+    EXPECT_TRUE(!ports[0].paced && ports[1].paced);
+    EXPECT_EQ(ports[0].link + ports[1].link, "/x");
+}
+
+TEST(Options, refusesWhatItCannotMean) {
+    for (const auto& arguments : {std::vector<std::string>{"--nonsense"},
+                                  {"--link"},
+                                  {"--port", ""},
+                                  {"--port", "A", "--port", "A"},
+                                  {"--controller", "id=0"},
+                                  {"--controller", "id=100"},
+                                  {"--controller", "id=x"},
+                                  {"--controller", "baud=14400"},
+                                  {"--controller", "product=ZLD1"},
+                                  {"--controller", "limits=5"},
+                                  {"--controller", "limits=5:-5"},
+                                  {"--controller", "colour=red"}}) {
+        EXPECT_THROW(sim::parseOptions(arguments), std::invalid_argument) << arguments.back();
+    }
 }
 
 }  // namespace
-}  // namespace zlt::sim
+}  // namespace zlt::test

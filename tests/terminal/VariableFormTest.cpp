@@ -1,11 +1,5 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QTest>
-
-#include "support/FormDriver.h"
 #include "support/World.h"
-#include "terminal/CommandLine.h"
+#include "terminal/Entering.h"
 #include "terminal/VariableForm.h"
 
 namespace zlt::test {
@@ -15,135 +9,105 @@ using namespace std::chrono_literals;
 
 class VariableFormTest : public ::testing::Test, public World {
  protected:
-    VariableFormTest() {
+    /// What the boxes from V0 to V31 show.
+    static std::vector<std::string> boxes(QWidget& monitor) {
+        std::vector<std::string> texts;
         for (int index = 0; index < 32; ++index)
-            bus.replies["V" + std::to_string(index)] = std::to_string(1000 + index);
+            texts.push_back(textOf(monitor, ("V" + std::to_string(index)).c_str()));
+        return texts;
     }
-    void open() {
-        form.Form_Load();
-        form.show();
-        QApplication::setActiveWindow(&form);
-    }
-    std::string box(int index) { return textOf(form, ("V" + std::to_string(index)).c_str()); }
-    static void expectZeros(QWidget& monitor) {
-        for (int index = 0; index < 32; ++index)
-            EXPECT_EQ(textOf(monitor, ("V" + std::to_string(index)).c_str()), "0") << index;
-    }
-    void enter(const char* command) {
-        control<CommandLine>(form, "SendText").setText(QString::fromLatin1(command));
-        press(form, "SendText", Qt::Key_Return);
-    }
-    bool refreshes() { return control<QTimer>(form, "Timer1").isActive(); }
 
     LinkHandOver handedOver{true, true, {{3}, "9600", "07"}, {}};
     VariableForm form{services, handedOver, nullptr};
 };
 
 TEST_F(VariableFormTest, ReadsAllVariablesInOrder) {
-    bus.replies["V31"] = "#07-2147483648";
-    open();
+    std::vector<std::string> requests, values;
+    for (int index = 0; index < 32; ++index) {
+        requests.push_back("@07V" + std::to_string(index));
+        values.push_back(std::to_string(index - 16));
+        bus.replies["V" + std::to_string(index)] = "#07" + values.back();
+    }
+    form.Form_Load();
+    form.show();
     EXPECT_EQ(bus.openings, std::vector<std::string>{"3 9600,N,8,1"});
     EXPECT_EQ(textOf(form, "DeviceID"), "07");
     control<QLineEdit>(form, "DeviceID").setText(QStringLiteral("9"));
     tick(form, "Timer1");
-    ASSERT_EQ(bus.requests.size(), 32U);
-    for (int index = 0; index < 32; ++index)
-        EXPECT_EQ(bus.requests[static_cast<std::size_t>(index)], "@07V" + std::to_string(index));
-    EXPECT_EQ(box(0) + "|" + box(16) + "|" + box(31), "1000|1016|-2147483648");
-    EXPECT_TRUE(refreshes());
+    EXPECT_EQ(bus.requests, requests) << "whatever stands in the box for the command";
+    EXPECT_EQ(boxes(form), values);
+    EXPECT_TRUE(control<QTimer>(form, "Timer1").isActive());
     click(form, "Close");
     EXPECT_EQ(bus.portsOpen, 0);
-    EXPECT_FALSE(refreshes());
+    EXPECT_FALSE(control<QTimer>(form, "Timer1").isActive());
 }
 
 TEST_F(VariableFormTest, StopsForGoodAtTheFirstFailure) {
     struct Row {
-        std::optional<std::string> reply;
-        bool lost;
+        const char* what;
+        bool linked, opens, lost;
+        std::optional<std::string> reply;  ///< to V7
         const char* message;
+        std::size_t requests;
     };
-    const Row table[] = {{"#07", false, "No Response!"},
-                         {std::nullopt, false, "No Reply to Command: V7"},
-                         {std::nullopt, true, "No Reply to Command: V7"}};
+    const Row table[] = {{"no reply", true, true, false, {}, "No Reply to Command: V7", 8},
+                         {"an empty one", true, true, false, "#07", "No Response!", 8},
+                         {"lost", true, true, true, {}, "No Reply to Command: V7", 8},
+                         {"not opened", true, false, false, {}, "No Reply to Command: V0", 0},
+                         {"no link from the start", false, true, false, {}, nullptr, 0}};
     for (const Row& row : table) {
+        SCOPED_TRACE(row.what);
+        handedOver.CommOK = handedOver.PortReady = row.linked;
         VariableForm monitor(services, handedOver, nullptr);
-        monitor.Form_Load();
-        monitor.show();
+        bus.opens = row.opens;
+        bus.losesAtReadOf = row.lost ? std::optional("V7") : std::nullopt;
+        bus.requests.clear();
         bus.answer = [&](const std::string& request) {
             return request == "@07V7" ? row.reply : "5";
         };
-        if (row.lost)
-            bus.losesAtReadOf = "V7";
-        bus.requests.clear();
-        gate.expectMessage(row.message);
+        monitor.Form_Load();
+        monitor.show();
+        if (row.message)
+            gate.expectMessage(row.message);
         tick(monitor, "Timer1");
-        EXPECT_EQ(bus.requests.size(), 8U) << "nothing is asked behind the failure";
-        EXPECT_NE(textOf(monitor, "V6"), "0");
-        EXPECT_EQ(textOf(monitor, "V8"), "0");
-        tick(monitor, "Timer1");
-        EXPECT_EQ(bus.requests.size(), 8U);
-        expectZeros(monitor);
+        if (row.linked)
+            tick(monitor, "Timer1");
+        EXPECT_EQ(bus.requests.size(), row.requests) << "nothing is asked behind the failure";
+        EXPECT_EQ(boxes(monitor), std::vector<std::string>(32, "0"));
         EXPECT_FALSE(control<QTimer>(monitor, "Timer1").isActive());
-        click(monitor, "Close");
+        monitor.close();
+        EXPECT_EQ(bus.portsOpen, 0);
     }
 }
 
-TEST_F(VariableFormTest, ShowsZerosWithoutALink) {
-    handedOver.CommOK = false;
-    handedOver.PortReady = false;
-    VariableForm monitor(services, handedOver, nullptr);
-    monitor.Form_Load();
-    monitor.show();
-    tick(monitor, "Timer1");
-    expectZeros(monitor);
-    EXPECT_FALSE(control<QTimer>(monitor, "Timer1").isActive());
-    EXPECT_TRUE(bus.openings.empty());
-
-    bus.opens = false;
-    open();
-    gate.expectMessage("No Reply to Command: V0");
-    tick(form, "Timer1");
-    tick(form, "Timer1");
-    expectZeros(form);
-    enter("PX");
-    form.close();
-    EXPECT_FALSE(form.isVisible());
-}
-
 TEST_F(VariableFormTest, SendsCommandsToTheirOwnAddressAndReportsNothing) {
-    open();
-    control<QLineEdit>(form, "DeviceID").setText(QStringLiteral("8"));
-    enter("V3=25");
-    EXPECT_EQ(bus.requests, std::vector<std::string>{"@08V3=25"});
-    EXPECT_EQ(textOf(form, "SendText"), "");
-    bus.requests.clear();
-    enter("");
+    form.Form_Load();
+    form.show();
+    const auto enters = [this](const char* address, const char* command) {
+        control<QLineEdit>(form, "DeviceID").setText(QString::fromLatin1(address));
+        enter(form, "SendText", command);
+        return textOf(form, "SendText");
+    };
+    expectTalks(
+        bus,
+        {{"8", "V3=25", "OK", "", "@08V3=25"}, {"07", "V3=25", std::nullopt, "", "@07V3=25", 101}},
+        enters);
+    enters("8", "");
     EXPECT_TRUE(bus.requests.empty());
-    enter("ZSR");
+    enters("8", "ZSR");
     EXPECT_EQ(waits.slept, 1200ms);
+    bus.replies["V0"] = "1000";
     tick(form, "Timer1");
-    EXPECT_EQ(box(0), "1000") << "the entry's reply was read and dropped";
+    EXPECT_EQ(boxes(form).front(), "1000") << "the entry's reply was read and dropped";
 
     gate.expectMessageWith("\"100\" in the field \"Device ID\"");
-    control<QLineEdit>(form, "DeviceID").setText(QStringLiteral("100"));
     bus.requests.clear();
-    enter("V3=26");
+    enters("100", "V3=26");
     EXPECT_TRUE(bus.requests.empty());
-}
-
-TEST_F(VariableFormTest, SendsCommandsToASilentDeviceToo) {
-    open();
-    bus.silent = true;
-    gate.expectMessage("No Reply to Command: V0");
-    tick(form, "Timer1");
-    bus.requests.clear();
-    bus.emptyReads = 0;
-    enter("V3=25");
-    EXPECT_EQ(bus.requests, std::vector<std::string>{"@07V3=25"});
-    EXPECT_EQ(bus.emptyReads, 101);
     bus.losesAtReadOf = "V3=26";
-    enter("V3=26");
-    enter("V3=27");
+    bus.silent = true;
+    enters("8", "V3=26");
+    enters("8", "V3=27");
 }
 
 }  // namespace
