@@ -72,9 +72,9 @@ void SelectComForm::fillBoxes() {
     addDeviceIds(*m_ui->DeviceIDCombo);
 }
 
-void SelectComForm::showEvent(QShowEvent* event) {
-    Screen::showEvent(event);
-    // Looking for ports takes a while: only once the screen stands.
+void SelectComForm::paintEvent(QPaintEvent* event) {
+    Screen::paintEvent(event);
+    // Looking for ports takes a while: only once the operator sees the screen.
     if (!m_portTimer.isActive()) {
         m_portTimer.start();
         QTimer::singleShot(0, this, [this] { handlers.run([this] { portTimer_Timer(); }); });

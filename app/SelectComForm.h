@@ -27,7 +27,7 @@ class SelectComForm : public Screen {
     void Form_Load();
 
  protected:
-    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
  private:
     void Command25_Click();

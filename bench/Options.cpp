@@ -21,10 +21,12 @@ int roundsFrom(std::string_view text) {
 }  // namespace
 
 const std::string_view helpText =
-    R"(Measures one exchange with a controller against the time its bytes take on the wire.
+    R"(Measures the exchange with a controller against the time its bytes take on the wire, the
+control panel at its poll, and the start.
 
-    --check        exit with 1 when the panel misses its aims
-    --rounds N     N rounds of each variant, one after the other in turn (5)
+    --check        exit with 1 when an aim is missed
+    --rounds N     N rounds of each measurement, one after the other in turn (5)
+    --python FILE  the Python interpreter that has pyserial (/usr/bin/python3)
     --help         this text
 )";
 
@@ -35,10 +37,16 @@ Options parseOptions(const std::vector<std::string>& arguments) {
             options.help = true;
         else if (*argument == "--check")
             options.check = true;
-        else if (*argument == "--rounds" && argument + 1 != arguments.end())
-            options.rounds = roundsFrom(*++argument);
-        else
+        else if (argument + 1 == arguments.end())
             throw std::invalid_argument("unknown or incomplete option: " + *argument);
+        else if (*argument == "--rounds")
+            options.rounds = roundsFrom(*++argument);
+        else if (*argument == "--python")
+            options.python = *++argument;
+        else if (*argument == "--first-paint")
+            options.firstPaint = *++argument;
+        else
+            throw std::invalid_argument("unknown option: " + *argument);
     }
     return options;
 }

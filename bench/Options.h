@@ -10,6 +10,8 @@ struct Options {
     bool help = false;
     bool check = false;  ///< an aim that is missed fails the program
     int rounds = 5;
+    std::string python = "/usr/bin/python3";  ///< has pyserial
+    std::string firstPaint;                   ///< show this window and nothing else
 };
 
 extern const std::string_view helpText;

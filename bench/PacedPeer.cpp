@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <stdexcept>
+#include <utility>
 
 namespace zlt::bench {
 namespace {
@@ -39,8 +40,14 @@ void sleepUntil(Clock::time_point time) {
 
 }  // namespace
 
-PacedPeer::PacedPeer(long baud) : m_baud(baud) {
-    m_terminal.open(baud);
+PacedPeer::PacedPeer(const Line& line)
+    : PacedPeer(line, [](std::string_view received) {
+          return std::string(received == request ? reply : std::string_view());
+      }) {}
+
+PacedPeer::PacedPeer(const Line& line, Answers answers)
+    : m_line(line), m_answersTo(std::move(answers)) {
+    m_terminal.open(line.baud);
     m_thread = std::jthread([this](const std::stop_token& stop) { run(stop); });
 }
 
@@ -58,8 +65,7 @@ void PacedPeer::run(const std::stop_token& stop) {
         received += m_terminal.read();
         if (!received.ends_with(request.back()))
             continue;
-        if (received == request)
-            answer(begin);
+        answer(received, begin);
         received.clear();
     }
 }
@@ -70,16 +76,30 @@ Clock::time_point PacedPeer::beginOfRequest(Clock::time_point seen) const {
     return written == Clock::time_point{} ? seen : std::min(seen, written);
 }
 
-void PacedPeer::answer(Clock::time_point requestBegin) {
-    std::size_t onWire = request.size();
-    for (const char byte : reply) {
-        // A byte is there once its stop bit has passed.
-        const auto due = requestBegin + wireTime(++onWire, m_baud);
-        sleepUntil(due);
-        m_lateBy = (Clock::now() - due).count();
-        m_terminal.write({&byte, 1});
+void PacedPeer::answer(std::string_view received, Clock::time_point requestBegin) {
+    const std::string sent = m_answersTo(received);
+    Clock::duration late{};
+    if (m_line.paced) {
+        std::size_t onWire = received.size();
+        for (const char byte : sent) {
+            // A byte is there once its stop bit has passed.
+            const auto due = requestBegin + wireTime(++onWire, m_line);
+            sleepUntil(due);
+            late = Clock::now() - due;
+            m_terminal.write({&byte, 1});
+        }
+    } else {
+        m_terminal.write(sent);
     }
+    m_wireBusy += wireTime(received.size() + sent.size(), m_line).count();
     ++m_answers;
+    const std::lock_guard guard(m_latenessGuard);
+    m_lateness.push_back(late);
+}
+
+Times PacedPeer::takeLateness() {
+    const std::lock_guard guard(m_latenessGuard);
+    return std::exchange(m_lateness, {});
 }
 
 void PacedPeer::waitUntilIdle() const {

@@ -33,18 +33,18 @@ speed_t speedCode(long baud) {
 }  // namespace
 
 void RawClient::open() {
-    m_device = ::open(m_peer.device().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    m_device = ::open(peer().device().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     termios settings{};
     if (m_device < 0 || tcgetattr(m_device, &settings) != 0)
-        fail(m_peer.device());
+        fail(peer().device());
     cfmakeraw(&settings);
     settings.c_cflag |= CLOCAL | CREAD;
     // Reads block until there is a byte. After a second without one they end with nothing.
     settings.c_cc[VMIN] = 0;
     settings.c_cc[VTIME] = 10;
-    cfsetspeed(&settings, speedCode(m_baud));
+    cfsetspeed(&settings, speedCode(peer().line().baud));
     if (tcsetattr(m_device, TCSANOW, &settings) != 0 || tcflush(m_device, TCIOFLUSH) != 0)
-        fail(m_peer.device());
+        fail(peer().device());
 }
 
 void RawClient::close() {
@@ -53,23 +53,23 @@ void RawClient::close() {
 }
 
 bool RawClient::exchange() {
-    m_peer.requestComing();
+    peer().requestComing();
     if (::write(m_device, request.data(), request.size()) != static_cast<ssize_t>(request.size()))
-        fail("cannot write to " + m_peer.device());
-    m_peer.requestWritten();
+        fail("cannot write to " + peer().device());
+    peer().requestWritten();
 
     std::string line;
     while (!line.ends_with(reply.back())) {
         std::array<char, 64> bytes{};
         const ssize_t count = ::read(m_device, bytes.data(), bytes.size());
         if (count < 0)
-            fail("cannot read from " + m_peer.device());
+            fail("cannot read from " + peer().device());
         if (count == 0)
             return false;
         line.append(bytes.data(), static_cast<std::size_t>(count));
     }
     if (line != reply)
-        throw std::runtime_error("the raw client got the reply \"" + line + "\"");
+        throw std::runtime_error("the C loop got the reply \"" + line + "\"");
     return true;
 }
 

@@ -5,20 +5,16 @@
 namespace zlt::bench {
 
 /// Writes the request and blocks in read until the carriage return has come.
-class RawClient final : public Client {
+class RawClient final : public StepClient {
  public:
-    RawClient(PacedPeer& peer, long baud) : m_peer(peer), m_baud(baud) {}
+    using StepClient::StepClient;
     ~RawClient() override { RawClient::close(); }
-    RawClient(const RawClient&) = delete;
-    RawClient& operator=(const RawClient&) = delete;
 
     void open() override;
     void close() override;
     bool exchange() override;
 
  private:
-    PacedPeer& m_peer;
-    long m_baud;
     int m_device = -1;
 };
 

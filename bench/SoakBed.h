@@ -1,30 +1,12 @@
 #pragma once
 
-#include <QTemporaryDir>
-#include <memory>
-#include <string>
-#include <string_view>
-#include <vector>
-
-#include "bench/PanelClient.h"
+#include "bench/World.h"
 #include "link/PanelLink.h"
 #include "tests/support/SimulatedBus.h"
 
 namespace zlt::bench {
 
-/// Keeps the messages: a soak run with all well has none.
-class MessageCount final : public Gate {
- public:
-    void message(std::string_view text) override { shown.emplace_back(text); }
-    bool ask(std::string_view, std::string_view) override { return false; }
-    std::optional<std::string> chooseToOpen(const FileChoice&) override { return std::nullopt; }
-    std::optional<std::string> chooseToSave(const FileChoice&) override { return std::nullopt; }
-
-    std::vector<std::string> shown;
-};
-
-/// The panel's world over a real port, with COM1 the simulator at full speed, in an empty
-/// folder of its own.
+/// The panel's world over a real port, with COM1 the simulator at full speed.
 class SoakBed {
  public:
     SoakBed();
@@ -33,21 +15,15 @@ class SoakBed {
     void listPort();
     std::unique_ptr<Port> makePort() { return services.makePort(nullptr); }
 
-    QTemporaryDir folder;
     test::SimulatedBus simulator{{QStringLiteral("--unpaced")}};
-    MessageCount gate;
-    PortDirectory directory{portListFileName};
-    LinkHandOver handOver{true, true, {{1}, "9600", "01"}, firmwareWithSecondThread};
+    MessageList gate;
+    LinkHandOver handOver{true, true, {World::port, "9600", "01"}, firmwareWithSecondThread};
 
  private:
-    ThreadWaits m_waits;
-    NoFiles m_files;
-    NoHelp m_help;
-    ProgramEnd m_programEnd;
-    NoProcesses m_processes;
+    World m_world{gate};
 
  public:
-    Services services;
+    const Services& services = m_world.services;
 };
 
 }  // namespace zlt::bench

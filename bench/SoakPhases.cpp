@@ -23,7 +23,7 @@ constexpr int hopeless = 50;
 
 /// Runs `once` for warming up, then so many times between two looks at what is held.
 /// `mayGrowKiB` of memory at the most.
-bool soak(const std::string& what, int count, long mayGrowKiB, MessageCount& gate,
+bool soak(const std::string& what, int count, long mayGrowKiB, MessageList& gate,
           const std::function<bool(int turn)>& once) {
     const int warmUps = std::max(5, count / 10);
     int wrong = 0;

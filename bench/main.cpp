@@ -1,89 +1,52 @@
-#include <QCoreApplication>
-#include <algorithm>
-#include <array>
+#include <QApplication>
 #include <exception>
 #include <iostream>
-#include <map>
 #include <stdexcept>
 
-#include "bench/Clients.h"
+#include "bench/Exchanges.h"
+#include "bench/FirstPaint.h"
 #include "bench/Options.h"
-#include "bench/PacedPeer.h"
-#include "bench/Report.h"
+#include "bench/WholeProgram.h"
 
 namespace zlt::bench {
 namespace {
 
-constexpr std::array baudRates{9600L, 38400L, 115200L};
-/// Of wire time. Short enough that a disturbance of the machine meets all variants.
-constexpr std::chrono::milliseconds roundTime{400};
-/// Exchanges of a round that are not counted: the first ones run on cold caches.
-constexpr long warmUps = 3;
+constexpr std::string_view legend = R"(
+  panel        the panel's own exchange
+  C loop       blocking reads of the device in C: what this system can do
+  pyserial     Python's serial library; its requests begin when the peer sees them
+  1 ms sleeps  the panel's exchange, with plain sleeps where its wait wakes on data
+  lost         exchanges without a reply in time: a busy machine keeps the peer waiting
+  peer us      by how much the peer sent the last byte late; part of what is measured
+  wire/this    the wire's own time, 10 bits a byte, by the client's
+  wire busy    share of the time in which bytes were on the wire, either way
+  processor    share of one core that the panel takes, painting without a display
+All numbers are medians.
+)";
 
-/// Gets client and peer together again: the late reply must not answer the next request.
-void recover(Client& client, const PacedPeer& peer) {
-    client.close();
-    peer.waitUntilIdle();
-    client.open();
-}
-
-void runRound(Client& client, const PacedPeer& peer, long exchanges, Samples& samples) {
-    client.open();
-    for (long exchange = -warmUps; exchange < exchanges; ++exchange) {
-        const auto begin = Clock::now();
-        const bool answered = client.exchange();
-        const auto taken = Clock::now() - begin;
-        if (!answered) {
-            ++samples.lost;
-            recover(client, peer);
-        } else if (exchange >= 0) {
-            samples.taken.push_back(taken);
-            samples.peerLate.push_back(peer.lateBy());
-        }
-    }
-    client.close();
-}
-
-/// All variants at one baud rate. False when an aim was missed.
-bool measure(long baud, int rounds) {
-    PacedPeer peer(baud);
-    std::map<Variant, std::unique_ptr<Client>> clients;
-    for (const Variant variant : variants)
-        clients[variant] = makeClient(variant, peer, baud);
-
-    std::map<Variant, Samples> samples;
-    const long exchanges = std::max(1L, roundTime / exchangeWireTime(baud));
-    for (int round = 0; round < rounds; ++round)
-        for (const Variant variant : variants)
-            runRound(*clients[variant], peer, exchanges, samples[variant]);
-
-    bool aimsMet = true;
-    for (const Variant variant : variants)
-        aimsMet = printLine(baud, variant, samples[variant]) && aimsMet;
-    return aimsMet;
-}
-
-int run(const Options& options) {
+int run(const Options& options, int argc, char** argv) {
     if (options.help) {
         std::cout << helpText;
         return 0;
     }
-    printHeader();
-    bool aimsMet = true;
-    for (const long baud : baudRates)
-        aimsMet = measure(baud, options.rounds) && aimsMet;
-    printLegend();
-    return options.check && !aimsMet ? 1 : 0;
+    if (!options.firstPaint.empty())
+        return showFirstPaint(options.firstPaint, argc, argv);
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    Judge judge;
+    measureExchanges(options.rounds, options.python, judge);
+    measureProgram(options.rounds, judge);
+    measureFirstPaint(options.rounds, judge);
+    std::cout << legend << (judge.allMet() ? "All aims are met.\n" : "An aim is MISSED.\n");
+    return options.check && !judge.allMet() ? 1 : 0;
 }
 
 }  // namespace
 }  // namespace zlt::bench
 
 int main(int argc, char** argv) {
-    // The serial port's notifiers want an event dispatcher, as they have it in the panel.
-    const QCoreApplication application(argc, argv);
     try {
-        return zlt::bench::run(zlt::bench::parseOptions({argv + 1, argv + argc}));
+        return zlt::bench::run(zlt::bench::parseOptions({argv + 1, argv + argc}), argc, argv);
     } catch (const std::invalid_argument& error) {
         std::cerr << "exchange_bench: " << error.what() << '\n';
         return 2;

@@ -43,6 +43,9 @@ class Walk : public RealWorld {
             std::filesystem::copy(std::filesystem::path(ZLT_TOOLS_FOLDER) / tool, "EXE");
         // A link beside the list keeps the machine's own number of the port out of the pictures.
         std::filesystem::create_symlink(m_bus.device(), "com1");
+        tools.run = [this](const std::string& tool) {
+            return m_processes.runAndWait(std::filesystem::absolute("EXE") / tool);
+        };
         std::ofstream("zlt-r-485.ports") << "COM1=./com1\nCOM2=/dev/ttyUSB99\n";
     }
 
@@ -68,14 +71,6 @@ class Walk : public RealWorld {
     SimulatedBus m_bus{{QStringLiteral("--controller"), QStringLiteral("id=1,limits=-90000:90000"),
                         QStringLiteral("--unpaced")}};
     QtProcesses m_processes;
-    Services m_services{.gate = gate,
-                        .waits = realWaits,
-                        .files = files,
-                        .help = help,
-                        .programEnd = programEnd,
-                        .processes = m_processes,
-                        .ownFolder = folder.path().toStdString(),
-                        .makePort = real.makePort};
 };
 
 void Walk::take(QWidget& form, const char* name) const {
@@ -124,7 +119,7 @@ void Walk::enter(QWidget& form, const char* control, const char* command) const 
 }
 
 void Walk::go() {
-    SelectComForm form(m_services, directory);
+    SelectComForm form(real, directory);
     form.Form_Load();
     form.show();
     startUp(form);

@@ -50,6 +50,17 @@ class SelectComFormTest : public ::testing::Test, public World {
     SelectComForm form{services, directory};
 };
 
+TEST_F(SelectComFormTest, LooksForPortsOnceItIsPainted) {
+    std::ofstream("zlt-r-485.ports") << "COM1=/dev/null\n";
+    form.setAttribute(Qt::WA_DontShowOnScreen);  // so that nothing paints it yet
+    show();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(directory.fromList());
+    form.grab();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(directory.fromList());
+}
+
 TEST_F(SelectComFormTest, SurvivesAnySettingsFile) {
     std::string binary;
     for (int byte = 0; byte < 256; ++byte)
