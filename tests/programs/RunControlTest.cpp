@@ -46,9 +46,8 @@ TEST_F(RunControlTest, ShowsTheControllersWordOnRunOnBoot) {
 
     bus.replies["SLOAD"] = "1";
     click(form, "RunOnBootOn");
-    QTimer::singleShot(0, &form, [] { QApplication::activeModalWidget()->close(); });
     gate.expectMessageWith("The reply to the command POL is not a number");
-    click(form, "Setup");
+    clickAndWork(form, "Setup", [](QWidget& setup) { setup.close(); });
     EXPECT_FALSE(checked("RunOnBootOn") || checked("RunOnBootOff")) << "Setup writes it too";
 }
 
