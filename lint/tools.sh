@@ -90,7 +90,6 @@ memcheck() {
     cmake --build "$check_folder"
     for program in "$check_folder"/*_tests; do
         echo "$(basename "$program")"
-        # Under memcheck the program that holds the lock has another name.
         QT_QPA_PLATFORM=offscreen valgrind --quiet --error-exitcode=1 --num-callers=30 \
             --leak-check=full --show-leak-kinds=definite --errors-for-leak-kinds=definite \
             --suppressions=lint/memcheck.supp "$program" --gtest_brief=1 || broken=1
