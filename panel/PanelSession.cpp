@@ -213,8 +213,9 @@ void PanelSession::readVersion() {
 }
 
 void PanelSession::noteFirmware() {
+    const bool wasRead = link.firmware >= firmwareWithProgramState;
     link.firmware = firmwareVersion("VER", m_version);
-    if (link.firmware < firmwareWithProgramState)
+    if (wasRead && link.firmware < firmwareWithProgramState)
         forgetProgramState();
 }
 
