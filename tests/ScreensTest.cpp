@@ -109,16 +109,16 @@ TEST(Screens, OweEveryControlANameASizeAndAPlaceInTheTabOrder) {
         screen->show();
         const auto controls = inTabOrder(*screen);
         ASSERT_FALSE(controls.empty());
-        const QWidget* before = nullptr;
         for (QWidget* control : controls) {
             SCOPED_TRACE(control->objectName().toStdString());
             EXPECT_NE(labelOrToolTip(*screen, *control), "");
             EXPECT_FALSE(
                 QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name).isEmpty());
-            EXPECT_TRUE(before == nullptr || follows(*screen, before, control))
-                << "comes after " << before->objectName().toStdString();
-            before = control;
         }
+        for (std::size_t next = 1; next < controls.size(); ++next)
+            EXPECT_TRUE(follows(*screen, controls[next - 1], controls[next]))
+                << controls[next]->objectName().toStdString() << " comes after "
+                << controls[next - 1]->objectName().toStdString();
         for (const QWidget* part : screen->findChildren<QWidget*>()) {
             const bool shows = qobject_cast<const QLabel*>(part) || isControl(*part);
             if (!shows || !part->isVisible())

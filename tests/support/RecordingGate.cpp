@@ -20,16 +20,16 @@ RecordingGate::~RecordingGate() {
         ADD_FAILURE() << "never shown: " << box.text;
 }
 
-void RecordingGate::expectQuestion(std::string title, std::string text, bool answer) {
+void RecordingGate::expectQuestion(const std::string& title, const std::string& text, bool answer) {
     m_expected.push_back({question(title, text), true, {}, answer ? "yes" : "no"});
 }
 
-void RecordingGate::expectOpenDialog(FileChoice choice, std::optional<std::string> chosen,
+void RecordingGate::expectOpenDialog(const FileChoice& choice, std::optional<std::string> chosen,
                                      std::function<void()> whileShown) {
     m_expected.push_back({dialog("open", choice), true, std::move(whileShown), std::move(chosen)});
 }
 
-void RecordingGate::expectSaveDialog(FileChoice choice, std::optional<std::string> chosen,
+void RecordingGate::expectSaveDialog(const FileChoice& choice, std::optional<std::string> chosen,
                                      std::function<void()> whileShown) {
     m_expected.push_back({dialog("save", choice), true, std::move(whileShown), std::move(chosen)});
 }

@@ -23,12 +23,12 @@ class RecordingGate : public Gate {
     void expectMessageWith(std::string words) { m_expected.push_back({std::move(words), false}); }
 
     /// Announces a Yes/No question and the operator's answer to it.
-    void expectQuestion(std::string title, std::string text, bool answer);
+    void expectQuestion(const std::string& title, const std::string& text, bool answer);
     /// Announces a file dialog of this title, filter and initial name, and the name chosen in
     /// it; nothing cancels it.
-    void expectOpenDialog(FileChoice choice, std::optional<std::string> chosen,
+    void expectOpenDialog(const FileChoice& choice, std::optional<std::string> chosen,
                           std::function<void()> whileShown = {});
-    void expectSaveDialog(FileChoice choice, std::optional<std::string> chosen,
+    void expectSaveDialog(const FileChoice& choice, std::optional<std::string> chosen,
                           std::function<void()> whileShown = {});
 
     void message(std::string_view text) override { meet(std::string(text)); }
