@@ -1,5 +1,6 @@
 #include "panel/MainControlForm.h"
 
+#include <QShowEvent>
 #include <chrono>
 
 #include "panel/AboutText.h"
@@ -93,6 +94,8 @@ void MainControlForm::Form_Load(const Connection& connection) {
 
 void MainControlForm::showEvent(QShowEvent* event) {
     Screen::showEvent(event);
+    if (event->spontaneous())
+        return;  // back from the task bar: the cursor stays where it was
     if (m_startsInProgram)
         m_ui->programFrame->focusProgram();
     else
@@ -131,12 +134,14 @@ void MainControlForm::Command2_Click() {
 }
 
 template <class Form>
-void MainControlForm::showOverPanel() {
+void MainControlForm::showOverPanel(const std::function<void(const Form&)>& closed) {
     const LinkHandOver handOver = m_session.link.handOver();
     m_session.link.lendPort([&] {
         Form form(services(), handOver, this);
         form.Form_Load();
         form.showModal();
+        if (closed)
+            closed(form);
     });
 }
 
@@ -157,7 +162,10 @@ void MainControlForm::XThread_Click() {
     // The button's look is as loaded; the controller may be another one by now.
     if (m_session.link.firmware < firmwareWithSecondThread)
         return;
-    showOverPanel<XThreadForm>();
+    showOverPanel<XThreadForm>([this](const XThreadForm& threads) {
+        if (threads.stoppedAxis())
+            m_session.endDemo();
+    });
 }
 
 // What the rules show, passed on to the frame that shows it

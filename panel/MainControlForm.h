@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTimer>
+#include <functional>
 #include <memory>
 
 #include "panel/MotionCommands.h"
@@ -48,9 +49,10 @@ class MainControlForm : public Screen, private PanelView {
     void XThread_Click();
 
     void closeScreen() override { Command2_Click(); }
-    /// Lends the port to another screen and shows that until it is closed.
+    /// Lends the port to another screen and shows that until it is closed; `closed` looks at it
+    /// then.
     template <class Form>
-    void showOverPanel();
+    void showOverPanel(const std::function<void(const Form& form)>& closed = {});
 
     void connectHandlers();
     void connectFrames();

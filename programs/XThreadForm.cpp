@@ -60,7 +60,16 @@ void XThreadForm::sendToThread(RunCommand command) {
     m_link.SendReceive(runCommandText(command, m_ui->ProgSel1->isChecked() ? "1" : "0"));
 }
 
+void XThreadForm::stopMotion() {
+    m_stoppedAxis = true;
+    m_link.SendReceive("ABORT");
+}
+
 void XThreadForm::Timer1_Timer() {
+    if (m_link.lossReported()) {  // met and told at a button; what stands there is dimmed
+        m_timer1.stop();
+        return;
+    }
     // No flag guards this screen's exchanges; set here, it tells how the pass went.
     m_link.setCommOK(true);
     m_ui->ProgIndex0->showReply(m_link.SendReceive("SPC0"));

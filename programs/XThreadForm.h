@@ -25,6 +25,8 @@ class XThreadForm : public Screen, private LinkListener {
 
     /// Opens the port, before the screen is shown.
     void Form_Load();
+    /// Whether the operator stopped the axis from here, by a thread's Stop or Pause.
+    bool stoppedAxis() const { return m_stoppedAxis; }
 
  private:
     void Timer1_Timer();
@@ -37,13 +39,14 @@ class XThreadForm : public Screen, private LinkListener {
 
     /// Sends a run command to the selected thread.
     void sendToThread(RunCommand command);
-    void stopMotion() { m_link.SendReceive("ABORT"); }
+    void stopMotion();
     /// Asks for a thread's state and shows its words, where the code has any.
     void showState(const char* query, ReadOut& state);
     void showLive(bool live);
 
     std::unique_ptr<Ui::XThreadForm> m_ui;
     ScreenLink m_link;
+    bool m_stoppedAxis = false;
     QTimer m_timer1{this};
 };
 

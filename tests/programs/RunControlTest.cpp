@@ -52,6 +52,7 @@ TEST_F(RunControlTest, ShowsTheControllersWordOnRunOnBoot) {
 }
 
 TEST_F(RunControlTest, WorksAndShowsEachThreadOverAPortOfItsOwn) {
+    click(form, "Command5");
     onScreen("XThread", [this](QWidget& threads) {
         EXPECT_EQ(bus.portsOpen, 1) << "one port at a time";
         EXPECT_EQ(bus.openings.back(), "3 9600,N,8,1");
@@ -74,6 +75,7 @@ TEST_F(RunControlTest, WorksAndShowsEachThreadOverAPortOfItsOwn) {
         answerAsController();
     });
     EXPECT_EQ(bus.portsOpen, 1);
+    EXPECT_FALSE(checked("Command5")) << "what stopped the axis there ends the demo here";
 }
 
 TEST_F(RunControlTest, OpensNoThreadScreenBelowFirmware322) {
@@ -101,10 +103,12 @@ TEST_F(RunControlTest, LeavesRoomToCloseTheThreadScreenOfASilentController) {
         EXPECT_EQ(textOf(threads, "ProgIndex0"), "0");
         EXPECT_EQ(control<QTimer>(threads, "Timer1").interval(), 500);
         bus.silent = false;
-        bus.losesAtWriteOf = "SPC1";
+        bus.losesAtWriteOf = "SR0=3";
         gate.expectMessage("Communication port not open!");
+        click(threads, "ContProg");
         tick(threads, "Timer1");
         EXPECT_FALSE(control<QTimer>(threads, "Timer1").isActive()) << "told once";
+        EXPECT_NE(colour(), live);
     });
     EXPECT_FALSE(programEnd.ended());
 }
