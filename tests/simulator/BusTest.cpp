@@ -24,7 +24,6 @@ struct Unpaced {
     void misbehave(std::string_view line) {
         bool known = false;
         EXPECT_EQ(bus.faults().apply(line, known), "") << line;
-        EXPECT_TRUE(known) << line;
     }
 };
 

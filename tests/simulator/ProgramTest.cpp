@@ -94,9 +94,7 @@ TEST(Options, belongToTheLastPortNamed) {
     EXPECT_EQ(ports[0].link + ports[1].link, "/x");
     for (const auto& arguments : {std::vector<std::string>{"--nonsense"},
                                   {"--link"},
-                                  {"--port", "A", "--port", "A"},
                                   {"--controller", "id=100"},
-                                  {"--controller", "baud=14400"},
                                   {"--controller", "limits=5:-5"}}) {
         EXPECT_THROW(sim::parseOptions(arguments), std::invalid_argument) << arguments.back();
     }

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QProgressBar>
 #include <filesystem>
 #include <set>
@@ -35,8 +34,7 @@ class SearchTest : public ::testing::Test, public World {
         bus.requests.clear();
         bus.emptyReads = 0;
         gate.expectMessage(message);
-        QTimer::singleShot(0, &form, [&] {
-            QWidget& screen = *QApplication::activeModalWidget();
+        clickAndWork(form, button, [&](QWidget& screen) {
             const auto& bar = control<QProgressBar>(screen, "Progress");
             for (int number = 0; screen.isVisible(); ++number) {
                 bus.opens = number >= portCount || ports.contains(number + 1);
@@ -47,7 +45,6 @@ class SearchTest : public ::testing::Test, public World {
             }
             barLeft = bar.maximum() - bar.value();
         });
-        click(form, button);
         EXPECT_EQ(bus.portsOpen, 0);
     }
     std::string shown() {

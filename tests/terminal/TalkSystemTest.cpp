@@ -1,11 +1,14 @@
 // Search and monitor over real pseudo-terminals, against the simulator.
 
+#include <gtest/gtest.h>
+
 #include <QElapsedTimer>
+#include <QLineEdit>
 
 #include "link/SearchCom.h"
+#include "support/FormDriver.h"
 #include "support/RealWorld.h"
 #include "support/SimulatedBus.h"
-#include "terminal/Entering.h"
 #include "terminal/VariableForm.h"
 
 namespace zlt::test {

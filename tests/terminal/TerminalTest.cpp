@@ -1,17 +1,25 @@
 // The terminal's own screen, and the panel's frame for a command by hand.
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLineEdit>
 
 #include "support/PanelWorld.h"
-#include "terminal/Entering.h"
 #include "terminal/TerminalForm.h"
 #include "terminal/Transcript.h"
 
 namespace zlt::test {
 namespace {
+
+/// Types a command into an entry line and presses Enter.
+void enter(QWidget& form, const char* line, const char* command) {
+    control<QLineEdit>(form, line).setText(QString::fromUtf8(command));
+    press(form, line, Qt::Key_Return);
+}
 
 /// A command by hand: what the controller says to it (nothing: silence), what is shown then, the
 /// request that went out for it, and how often a character was waited for in vain.
@@ -136,14 +144,6 @@ TEST_F(TerminalFormTest, RecallsByItsOwnRuleAndWalksThroughTheCommands) {
     EXPECT_TRUE(bus.requests.empty());
     EXPECT_EQ(shownAfter(Qt::Key_F1), "") << "an empty entry is the last one";
     EXPECT_EQ(shownAfter(Qt::Key_Up), "CUR") << "but it was never sent";
-}
-
-TEST_F(TerminalFormTest, SaysThatThePortIsNotThere) {
-    handedOver.PortReady = false;
-    TerminalForm closed(services, handedOver, nullptr);
-    gate.expectMessage("Communication port not open!");
-    closed.Form_Load();
-    EXPECT_EQ(bus.portsOpen, 1) << "that of the other form";
 }
 
 TEST_F(TerminalFormTest, SavesTheTranscriptAsItIs) {

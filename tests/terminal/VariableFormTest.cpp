@@ -1,5 +1,9 @@
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+
+#include "support/FormDriver.h"
 #include "support/World.h"
-#include "terminal/Entering.h"
 #include "terminal/VariableForm.h"
 
 namespace zlt::test {
@@ -20,7 +24,8 @@ class VariableFormTest : public ::testing::Test, public World {
     }
     void enterFor(const char* address, const char* command) {
         control<QLineEdit>(form, "DeviceID").setText(QString::fromLatin1(address));
-        enter(form, "SendText", command);
+        control<QLineEdit>(form, "SendText").setText(QString::fromLatin1(command));
+        press(form, "SendText", Qt::Key_Return);
     }
 
     VariableForm form{services, {true, true, {{3}, "9600", "07"}, {}}, nullptr};
