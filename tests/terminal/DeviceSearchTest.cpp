@@ -108,7 +108,7 @@ TEST_F(SearchTest, IsNotHeldByALineThatStreams) {
     std::string lines, slow;
     for (int count = 0; count < 1000; ++count) {
         lines += "1.5 mm\r";
-        slow += "A" + std::string(20, '\0');
+        slow += "A" + std::string(20, '\0') + "\r";
     }
     const std::pair<std::string, int> table[] = {
         {std::string(5000, 'A'), 0}, {lines, 0}, {slow, 45 * 501}};
