@@ -55,19 +55,9 @@ class SetupWorld : public ::testing::Test, public World {
         field->setText(QString::fromUtf8(utf8));
         control<QWidget>(*form, "Close").setFocus();  // leaving the field must change nothing
     }
-    std::string shown(const char* name) { return textOf(*form, name); }
-    bool checked(const char* name) { return control<QAbstractButton>(*form, name).isChecked(); }
+    std::string shown(const char* name) { return shownOn(*form, name); }
     State mark(const std::string& name) {
         return control<ChangeMark>(*form, (name + "Mark").c_str()).state();
-    }
-    /// The controller gives this reply to one command, or none, and answers the others.
-    void answerTo(const std::string& command, const std::optional<std::string>& reply) {
-        bus.answer = [=, this](const std::string& request) -> std::optional<std::string> {
-            const auto known = bus.replies.find(request.substr(3));
-            if (request.substr(3) == command)
-                return reply;
-            return known == bus.replies.end() ? "OK" : known->second;
-        };
     }
 
     LinkHandOver handOver{true, true, {{3}, "9600", "01"}, {322}};

