@@ -79,7 +79,7 @@ TEST_F(TerminalFormTest, WritesDownBothSidesAsTheyWere) {
                  {"07", "PX", std::nullopt, ">@07PX\r\n<NO REPLY!\r\n", "@07PX", 101},
                  {"0", "ABORT", std::nullopt, ">@00ABORT\r\n<BROADCAST SENT!\r\n", "@00ABORT"}},
                 [this](const char* address, const char* command) {
-                    const std::string added = talk(address, command);
+                    std::string added = talk(address, command);
                     EXPECT_EQ(textOf(form, "SendText"), "");
                     EXPECT_TRUE(control<QWidget>(form, "SendText").hasFocus());
                     return added;

@@ -18,6 +18,7 @@ class VariableFormTest : public ::testing::Test, public World {
     /// What the boxes from V0 to V31 show.
     std::vector<std::string> boxes() {
         std::vector<std::string> texts;
+        texts.reserve(32);
         for (int index = 0; index < 32; ++index)
             texts.push_back(textOf(form, ("V" + std::to_string(index)).c_str()));
         return texts;
