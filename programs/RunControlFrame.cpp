@@ -1,7 +1,5 @@
 #include "programs/RunControlFrame.h"
 
-#include <QKeyEvent>
-
 #include "ui_RunControlFrame.h"
 #include "widgets/FirmwareHint.h"
 
@@ -10,8 +8,6 @@ namespace zlt {
 RunControlFrame::RunControlFrame(QWidget* parent)
     : QGroupBox(parent), m_ui(std::make_unique<Ui::RunControlFrame>()) {
     m_ui->setupUi(this);
-    for (QRadioButton* option : {m_ui->RunOnBootOn, m_ui->RunOnBootOff})
-        option->installEventFilter(this);
 }
 
 RunControlFrame::~RunControlFrame() = default;
@@ -42,22 +38,6 @@ void RunControlFrame::forgetRunOnBoot() {
 void RunControlFrame::showRunOnBoot(std::optional<bool> on) {
     m_ui->RunOnBootOn->setChecked(on == true);
     m_ui->RunOnBootOff->setChecked(on == false);
-}
-
-bool RunControlFrame::eventFilter(QObject* watched, QEvent* event) {
-    // In this pair a selection sends, so an arrow key that only passes by must not select.
-    if (event->type() == QEvent::KeyPress) {
-        switch (static_cast<QKeyEvent*>(event)->key()) {
-            case Qt::Key_Up:
-            case Qt::Key_Down:
-            case Qt::Key_Left:
-            case Qt::Key_Right:
-                return true;
-            default:
-                break;
-        }
-    }
-    return QGroupBox::eventFilter(watched, event);
 }
 
 void RunControlFrame::gateFeatures(FirmwareVersion firmware) {

@@ -32,9 +32,6 @@ class RunControlFrame : public QGroupBox {
     /// Enables the second-thread screen's button where the firmware has a second thread.
     void gateFeatures(FirmwareVersion firmware);
 
- protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
     void runOnBoot_Click(RunControl& control, bool on);
     void showRunOnBoot(std::optional<bool> on);
