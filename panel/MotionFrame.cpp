@@ -1,5 +1,7 @@
 #include "panel/MotionFrame.h"
 
+#include <QEvent>
+
 #include "ui_MotionFrame.h"
 #include "widgets/FieldFocus.h"
 #include "widgets/FirmwareHint.h"
@@ -79,7 +81,16 @@ void MotionFrame::showDemo(bool on) {
     m_ui->Command5->setPalette(colours);
 }
 
+void MotionFrame::changeEvent(QEvent* event) {
+    QGroupBox::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        showDemo(m_ui->Command5->isChecked());
+        showLive(m_live);
+    }
+}
+
 void MotionFrame::showLive(bool live) {
+    m_live = live;
     QPalette dimmed;
     dimmed.setColor(QPalette::WindowText,
                     palette().color(QPalette::Disabled, QPalette::WindowText));

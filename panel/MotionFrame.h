@@ -44,10 +44,14 @@ class MotionFrame : public QGroupBox, public MotionView {
 
     const Ui::MotionFrame& controls() const { return *m_ui; }
 
+ protected:
+    void changeEvent(QEvent* event) override;
+
  private:
     QLineEdit& field(Box box) const;
 
     std::unique_ptr<Ui::MotionFrame> m_ui;
+    bool m_live = true;
 };
 
 }  // namespace zlt

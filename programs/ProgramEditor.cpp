@@ -107,6 +107,12 @@ void ProgramEditor::resizeEvent(QResizeEvent* event) {
     placeNumbers();
 }
 
+void ProgramEditor::changeEvent(QEvent* event) {
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        markCurrentLine();
+}
+
 void ProgramEditor::markCurrentLine() {
     QTextEdit::ExtraSelection mark;
     QColor tint = palette().color(QPalette::Highlight);

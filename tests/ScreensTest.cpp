@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QTest>
 #include <memory>
 
 #include "app/SelectComForm.h"
@@ -14,6 +16,7 @@
 #include "parameters/SetupParameters.h"
 #include "programs/ViewCompiledForm.h"
 #include "programs/XThreadForm.h"
+#include "support/FormDriver.h"
 #include "support/World.h"
 #include "terminal/TerminalForm.h"
 #include "terminal/VariableForm.h"
@@ -133,6 +136,21 @@ TEST(Screens, OweEveryControlANameASizeAndAPlaceInTheTabOrder) {
         EXPECT_LE(screen->frameGeometry().width(), 1366);
         EXPECT_LE(screen->frameGeometry().height(), 700);  // a title and a task bar beside it
     }
+}
+
+TEST(Screens, FollowTheDesktopIntoTheDark) {
+    World world;
+    world.answerAsController();
+    const auto panel = screens[2].make(world);
+    panel->show();
+    const QWidget& position = control<QWidget>(*panel, "Pos");
+    const QPalette light = QApplication::palette();
+    const QPalette dark(Qt::black);
+    QApplication::setPalette(dark);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return position.palette().color(QPalette::Base) == dark.color(QPalette::Window); }));
+    EXPECT_EQ(position.palette().color(QPalette::Text), dark.color(QPalette::Text));
+    QApplication::setPalette(light);
 }
 
 }  // namespace

@@ -55,11 +55,11 @@ void ReadOut::showState(std::string_view state) {
     colour();
 }
 
-bool ReadOut::event(QEvent* event) {
+void ReadOut::changeEvent(QEvent* event) {
+    NumberField::changeEvent(event);
     // A desktop that turns from light to dark takes the read-outs along.
-    if (event->type() == QEvent::ApplicationPaletteChange)
+    if (event->type() == QEvent::PaletteChange && !m_colouring)
         colour();
-    return NumberField::event(event);
 }
 
 void ReadOut::colour() {
@@ -72,7 +72,9 @@ void ReadOut::colour() {
         ours.setColor(QPalette::Base, *m_ground);
         ours.setColor(QPalette::Text, Qt::white);
     }
+    m_colouring = true;  // what is set here is told by the same event
     setPalette(ours);
+    m_colouring = false;
 }
 
 }  // namespace zlt

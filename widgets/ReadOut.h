@@ -28,12 +28,13 @@ class ReadOut : public NumberField {
     void setLive(bool live);
 
  protected:
-    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
  private:
     void colour();
 
     bool m_live = true;
+    bool m_colouring = false;
     /// What is behind the text: the screen's own ground where there is none.
     std::optional<QColor> m_ground;
 };
