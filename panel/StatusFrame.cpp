@@ -1,8 +1,19 @@
 #include "panel/StatusFrame.h"
 
+#include "panel/StatusWord.h"
+#include "programs/ProgramState.h"
 #include "ui_StatusFrame.h"
 
 namespace zlt {
+namespace {
+
+ReadOut::Meaning meaningOfMotion(std::string_view text) {
+    if (text == idleText)
+        return ReadOut::Meaning::atRest;
+    return text.ends_with("ERR") ? ReadOut::Meaning::atFault : ReadOut::Meaning::underWay;
+}
+
+}  // namespace
 
 StatusFrame::StatusFrame(QWidget* parent)
     : QGroupBox(parent), m_ui(std::make_unique<Ui::StatusFrame>()) {
@@ -37,8 +48,10 @@ ReadOut& StatusFrame::readOut(Value value) const {
 }
 
 void StatusFrame::showValue(Value value, std::string_view text) {
-    if (value == Value::motion || value == Value::programState)
-        readOut(value).showState(text);
+    if (value == Value::motion)
+        readOut(value).showState(text, meaningOfMotion(text));
+    else if (value == Value::programState)
+        showProgramState(readOut(value), text);
     else
         readOut(value).showReply(text);
 }

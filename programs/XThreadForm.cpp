@@ -97,7 +97,7 @@ void XThreadForm::showLive(bool live) {
 void XThreadForm::showState(const char* query, ReadOut& state) {
     const auto code = parseInteger(m_link.SendReceive(query));
     if (const auto text = code ? programStateText(*code) : std::nullopt)
-        state.showState(*text);
+        showProgramState(state, *text);
 }
 
 void XThreadForm::Command1_Click() {

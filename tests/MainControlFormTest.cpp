@@ -102,6 +102,21 @@ TEST_F(MainControlFormTest, ShowsWhatThePollReads) {
             tick(form, "Timer1");
             EXPECT_EQ(shown(control), text) << command << " " << reply;
         }
+    // What is under way and what is at fault stands out, each in a colour of its own.
+    const auto grounds = [this](const char* motion, const char* program) {
+        bus.replies["MST"] = motion;
+        bus.replies["SASTAT"] = program;
+        tick(form, "Timer1");
+        std::vector<QRgb> colours;
+        colours.reserve(3);
+        for (const char* name : {"Pos", "Stat", "ProgStatus"})
+            colours.push_back(control<QWidget>(form, name).palette().color(QPalette::Base).rgb());
+        return colours;
+    };
+    const auto rest = grounds("0", "2"), busy = grounds("2", "1"), fault = grounds("64", "4");
+    EXPECT_TRUE(rest[0] == rest[1] && rest[1] == rest[2]);
+    EXPECT_TRUE(busy[0] == rest[0] && busy[1] == busy[2] && busy[1] != rest[1]);
+    EXPECT_TRUE(fault[1] == fault[2] && fault[1] != rest[1] && fault[1] != busy[1]);
 }
 
 TEST_F(MainControlFormTest, KeepsOffWhatTheOperatorHolds) {

@@ -12,16 +12,6 @@ namespace {
 constexpr QColor underWay(0x15, 0x65, 0xc0);
 constexpr QColor atFault(0xc6, 0x28, 0x28);
 
-std::optional<QColor> groundOfState(std::string_view state) {
-    for (const std::string_view moving : {"MOVING", "ACCEL", "DECEL", "Running"})
-        if (state == moving)
-            return underWay;
-    for (const std::string_view fault : {"-LIM ERR", "+LIM ERR", "Errored"})
-        if (state == fault)
-            return atFault;
-    return std::nullopt;
-}
-
 }  // namespace
 
 ReadOut::ReadOut(QWidget* parent) : NumberField(parent) {
@@ -46,12 +36,11 @@ void ReadOut::setLive(bool live) {
     colour();
 }
 
-void ReadOut::showState(std::string_view state) {
+void ReadOut::showState(std::string_view state, Meaning meaning) {
     showReply(state);
-    const auto ground = groundOfState(state);
-    if (m_ground == ground)
+    if (m_meaning == meaning)
         return;
-    m_ground = ground;
+    m_meaning = meaning;
     colour();
 }
 
@@ -68,8 +57,8 @@ void ReadOut::colour() {
     ours.setColor(QPalette::Base, theirs.color(QPalette::Window));
     if (!m_live) {
         ours.setColor(QPalette::Text, theirs.color(QPalette::Disabled, QPalette::Text));
-    } else if (m_ground) {
-        ours.setColor(QPalette::Base, *m_ground);
+    } else if (m_meaning != Meaning::atRest) {
+        ours.setColor(QPalette::Base, m_meaning == Meaning::atFault ? atFault : underWay);
         ours.setColor(QPalette::Text, Qt::white);
     }
     m_colouring = true;  // what is set here is told by the same event

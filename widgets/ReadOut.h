@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QColor>
-#include <optional>
 #include <string_view>
 
 #include "widgets/NumberField.h"
@@ -20,9 +18,10 @@ class ReadOut : public NumberField {
     /// stays and an unchanged value costs nothing.
     void showReply(std::string_view reply);
 
-    /// Shows what the axis or a program is doing, in colour as well where something is under way
-    /// or at fault.
-    void showState(std::string_view state);
+    /// What a state means beside its words.
+    enum class Meaning { atRest, underWay, atFault };
+    /// Shows what the axis or a program is doing, in colour as well where it is not at rest.
+    void showState(std::string_view state, Meaning meaning);
 
     /// Dims the value while the controller does not answer: it is no live one then.
     void setLive(bool live);
@@ -35,8 +34,7 @@ class ReadOut : public NumberField {
 
     bool m_live = true;
     bool m_colouring = false;
-    /// What is behind the text: the screen's own ground where there is none.
-    std::optional<QColor> m_ground;
+    Meaning m_meaning = Meaning::atRest;
 };
 
 }  // namespace zlt
