@@ -45,28 +45,51 @@ void ScreenLink::endProgram(int exitCode) {
 }
 
 std::string ScreenLink::SendReceive(std::string_view command) {
+    const Exchanged exchanged = exchange(command);
+    if (exchanged.failure)
+        return fail(*exchanged.failure, command, exchanged.ending);
+    return exchanged.reply;
+}
+
+void ScreenLink::sendAll(const std::vector<std::string>& commands) {
+    std::vector<std::pair<std::string_view, Exchanged>> failed;
+    for (const std::string& command : commands)
+        if (const Exchanged exchanged = exchange(command); exchanged.failure)
+            failed.emplace_back(command, exchanged);
+    for (const auto& [command, exchanged] : failed)
+        if (!m_lossReported)
+            fail(*exchanged.failure, command, exchanged.ending);
+}
+
+void ScreenLink::dropInput() {
+    for (char late = 0; m_port->read(late) == PortInput::character;) {
+    }
+}
+
+/// One exchange with nothing told and no flag changed.
+ScreenLink::Exchanged ScreenLink::exchange(std::string_view command) {
     if (m_lossReported || (m_flavour.onlyWhileConnected && !m_commOk))
-        return std::string(noAnswer);
+        return {std::string(noAnswer)};
 
     if (!m_port->write(frameRequest(connection.deviceId, command)))
-        return fail(m_flavour.onPortLost, command, Ending::portLost);
+        return {{}, &m_flavour.onPortLost, Ending::portLost};
     if (const auto wait = settlingWait(m_flavour.waits, command); wait.count() > 0)
         m_services.waits.sleep(wait);
 
     const Reading reading = readReply(*m_port, {.end = m_flavour.endOfReply});
     if (reading.ending == Ending::portLost)
-        return fail(m_flavour.onPortLost, command, reading.ending);
+        return {{}, &m_flavour.onPortLost, Ending::portLost};
     if (reading.ending == Ending::timedOut)
-        return fail(m_flavour.onTimeOut, command, reading.ending);
+        return {{}, &m_flavour.onTimeOut, Ending::timedOut};
     if (m_flavour.endOfReply == EndOfReply::atSilence)
-        return reading.text;
+        return {reading.text};
 
     const std::string_view reply = ReplyHeaderStrip(reading.text);
     const bool mayBeEmpty =
         m_flavour.emptyReply == EmptyReply::returned || command.starts_with("SA");
     if (reply.empty() && !mayBeEmpty)
-        return fail(m_flavour.onEmptyReply, command, reading.ending);
-    return std::string(reply);
+        return {{}, &m_flavour.onEmptyReply, Ending::reply};
+    return {std::string(reply)};
 }
 
 Ending ScreenLink::converse(const RawRequest& request) {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "link/Flavour.h"
 #include "link/Services.h"
@@ -58,9 +59,19 @@ class ScreenLink {
     /// throws but by ending the program, where the flavour says so.
     std::string SendReceive(std::string_view command);
 
+    /// Sends several commands right after one another; what failed is told once all are out.
+    void sendAll(const std::vector<std::string>& commands);
+
+    /// Drops what has arrived: late answers to what has been given up.
+    void dropInput();
+
     /// Holds one raw conversation, with the terminals' settling waits. No flag guards it, and a
     /// time-out changes none. Blocks until it is over.
     Ending converse(const RawRequest& request);
+
+    /// Sends "ABORT" to the controller as a raw conversation: whatever the flags say, and without
+    /// a message unless the port is lost.
+    void abort() { converse({.deviceId = connection.deviceId, .command = "ABORT"}); }
 
     /// Takes connection and flags over from the main screen; tells the listener.
     void takeOver(const LinkHandOver& handOver);
@@ -87,6 +98,12 @@ class ScreenLink {
     Connection connection;
 
  private:
+    struct Exchanged {
+        std::string reply;
+        const Reaction* failure = nullptr;  ///< nothing when there is a reply
+        Ending ending = Ending::reply;
+    };
+    Exchanged exchange(std::string_view command);
     std::string fail(const Reaction& reaction, std::string_view command, Ending ending);
 
     const Services& m_services;

@@ -1,5 +1,6 @@
 #include "link/SearchCom.h"
 
+#include <QElapsedTimer>
 #include <chrono>
 
 #include "ui_SearchCom.h"
@@ -12,17 +13,17 @@ constexpr std::chrono::milliseconds stepInterval{100};
 
 }  // namespace
 
-SearchCom::SearchCom(const Services& services, SearchMode mode, QWidget* parent)
-    : Screen(services, parent),
+SearchCom::SearchCom(const Services& world, SearchMode mode, QWidget* parent)
+    : Screen(world, parent),
       m_ui(std::make_unique<Ui::SearchCom>()),
-      m_port(services.makePort(this)),
+      m_port(services().makePort(this)),
       m_search(*m_port, mode, *this) {
     m_ui->setupUi(this);
     m_statusTimer.setObjectName(QStringLiteral("StatusTimer"));
     m_statusTimer.setTimerType(Qt::PreciseTimer);
     m_statusTimer.setInterval(stepInterval);
     teachManners();
-    handlers.connect(&m_statusTimer, &QTimer::timeout, this, &SearchCom::StatusTimer_Timer);
+    handlers.onTick(m_statusTimer, [this] { return StatusTimer_Timer(); });
     handlers.onClick(*m_ui->Cancel, [this](bool) { Cancel_Click(); });
 }
 
@@ -32,19 +33,18 @@ void SearchCom::Form_Load() {
     m_statusTimer.start();
 }
 
-void SearchCom::StatusTimer_Timer() {
+std::chrono::milliseconds SearchCom::StatusTimer_Timer() {
+    QElapsedTimer step;
+    step.start();
     const DeviceSearch::State state = m_search.step();
-    if (state == DeviceSearch::State::running) {
-        // Behind a long step the next tick is overdue already: a waiting Cancel goes first.
-        if (m_statusTimer.remainingTime() == 0)
-            m_statusTimer.start();
-        return;
-    }
+    if (state == DeviceSearch::State::running)
+        return stepInterval - std::chrono::milliseconds(step.elapsed());
     m_statusTimer.stop();
     m_noPort = state == DeviceSearch::State::noPort;
     if (m_noPort)
         services().gate.message("No Port Available!");
     done(Accepted);
+    return stepInterval;
 }
 
 void SearchCom::showText(std::string_view text) {

@@ -18,7 +18,7 @@ class SearchCom : public Screen, private SearchView {
     Q_OBJECT
 
  public:
-    SearchCom(const Services& services, SearchMode mode, QWidget* parent);
+    SearchCom(const Services& world, SearchMode mode, QWidget* parent);
     ~SearchCom() override;
 
     /// Starts the search; its steps are made once the screen is shown.
@@ -29,7 +29,7 @@ class SearchCom : public Screen, private SearchView {
     bool noPort() const { return m_noPort; }
 
  private:
-    void StatusTimer_Timer();
+    std::chrono::milliseconds StatusTimer_Timer();
     void Cancel_Click() { m_search.cancel(); }
 
     void closeScreen() override { Cancel_Click(); }

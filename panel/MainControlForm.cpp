@@ -1,5 +1,6 @@
 #include "panel/MainControlForm.h"
 
+#include <QElapsedTimer>
 #include <QShowEvent>
 #include <chrono>
 
@@ -12,6 +13,7 @@
 #include "ui_MainControlForm.h"
 #include "ui_MotionFrame.h"
 #include "ui_StatusFrame.h"
+#include "ui_StopFrame.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -28,14 +30,14 @@ std::unique_ptr<Ui::MainControlForm> makeControls(QDialog& form) {
 
 }  // namespace
 
-MainControlForm::MainControlForm(const Services& services, QWidget* parent)
-    : Screen(services, parent),
+MainControlForm::MainControlForm(const Services& world, QWidget* parent)
+    : Screen(world, parent),
       m_ui(makeControls(*this)),
-      m_session(services, *this, this),
+      m_session(services(), *this, this),
       m_motion(m_session.link, *m_ui->motionFrame, [this] { m_session.endDemo(); }),
-      m_outputs(services, m_session.link, *m_ui->outputsFrame),
-      m_programs(services, m_session.link, *m_ui->programFrame),
-      m_transfer(services, m_session.link, *m_ui->programFrame),
+      m_outputs(services(), m_session.link, *m_ui->outputsFrame),
+      m_programs(services(), m_session.link, *m_ui->programFrame),
+      m_transfer(services(), m_session.link, *m_ui->programFrame),
       m_runControl(m_session.link,
                    [this](std::string_view command) { m_motion.SendMotionCommand(command); }) {
     m_timer1.setObjectName(QStringLiteral("Timer1"));
@@ -50,7 +52,7 @@ MainControlForm::~MainControlForm() = default;
 
 void MainControlForm::connectHandlers() {
     const auto& link = m_ui->linkFrame->controls();
-    handlers.connect(&m_timer1, &QTimer::timeout, this, &MainControlForm::Timer1_Timer);
+    handlers.onTick(m_timer1, [this] { return Timer1_Timer(); });
     handlers.connect(link.SelectedDeviceID, &QComboBox::activated, this,
                      &MainControlForm::SelectedDeviceID_Click);
     handlers.onClick(*link.About, [this](bool) { About_Click(); });
@@ -60,6 +62,11 @@ void MainControlForm::connectHandlers() {
 }
 
 void MainControlForm::connectFrames() {
+    const auto& stops = m_ui->stopFrame->controls();
+    connectStop(
+        *stops.RSTOP, [this] { m_motion.RSTOP_Press(); }, StopKey::none);
+    connectStop(
+        *stops.ISTOP, [this] { m_motion.ISTOP_Press(); }, StopKey::f12);
     connectTable(MotionCommands::motionButtons(), &MotionCommands::pressMotion);
     connectTable(MotionCommands::plainButtons(), &MotionCommands::pressPlain);
     m_ui->motionFrame->connectTo(handlers, m_motion, m_outputs, [this] {
@@ -102,10 +109,15 @@ void MainControlForm::showEvent(QShowEvent* event) {
         m_ui->motionFrame->controls().SetSpeed->setFocus();
 }
 
-void MainControlForm::Timer1_Timer() {
-    // A stop under the operator's finger must not wait for one more pass of the poll.
-    if (!m_ui->stopFrame->stopHeldDown())
-        m_session.pollTick();
+std::chrono::milliseconds MainControlForm::Timer1_Timer() {
+    QElapsedTimer pass;
+    pass.start();
+    m_session.pollTick();
+    return pollInterval - std::chrono::milliseconds(pass.elapsed());
+}
+
+void MainControlForm::heldOff() {
+    m_session.holdOff();
 }
 
 void MainControlForm::SelectedDeviceID_Click(int index) {
@@ -134,14 +146,14 @@ void MainControlForm::Command2_Click() {
 }
 
 template <class Form>
-void MainControlForm::showOverPanel(const std::function<void(const Form&)>& closed) {
+void MainControlForm::showOverPanel() {
     const LinkHandOver handOver = m_session.link.handOver();
     m_session.link.lendPort([&] {
         Form form(services(), handOver, this);
         form.Form_Load();
         form.showModal();
-        if (closed)
-            closed(form);
+        if (form.stoppedAxis())
+            m_session.endDemo();
     });
 }
 
@@ -162,10 +174,7 @@ void MainControlForm::XThread_Click() {
     // The button's look is as loaded; the controller may be another one by now.
     if (m_session.link.firmware < firmwareWithSecondThread)
         return;
-    showOverPanel<XThreadForm>([this](const XThreadForm& threads) {
-        if (threads.stoppedAxis())
-            m_session.endDemo();
-    });
+    showOverPanel<XThreadForm>();
 }
 
 // What the rules show, passed on to the frame that shows it

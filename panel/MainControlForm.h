@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QTimer>
-#include <functional>
+#include <chrono>
 #include <memory>
 
 #include "panel/MotionCommands.h"
@@ -23,7 +23,7 @@ class MainControlForm : public Screen, private PanelView {
     Q_OBJECT
 
  public:
-    MainControlForm(const Services& services, QWidget* parent);
+    MainControlForm(const Services& world, QWidget* parent);
     ~MainControlForm() override;
 
     /// Loads the panel, before it is shown: its messages stand over the calling screen. Part
@@ -37,7 +37,7 @@ class MainControlForm : public Screen, private PanelView {
     void showEvent(QShowEvent* event) override;
 
  private:
-    void Timer1_Timer();
+    std::chrono::milliseconds Timer1_Timer();
     void SelectedDeviceID_Click(int index);
     void Command5_Click();
     void About_Click();
@@ -49,10 +49,11 @@ class MainControlForm : public Screen, private PanelView {
     void XThread_Click();
 
     void closeScreen() override { Command2_Click(); }
-    /// Lends the port to another screen and shows that until it is closed; `closed` looks at it
-    /// then.
+    void heldOff() override;
+    /// Lends the port to another screen and shows that until it is closed. A stop pressed there
+    /// ends the demo.
     template <class Form>
-    void showOverPanel(const std::function<void(const Form& form)>& closed = {});
+    void showOverPanel();
 
     void connectHandlers();
     void connectFrames();

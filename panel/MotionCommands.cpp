@@ -23,8 +23,6 @@ constexpr std::array motionTable{
     CommandButton{"ZHOMEMINUS", "ZH-"},
     CommandButton{"Command4", "Z+"},
     CommandButton{"Command3", "Z-"},
-    CommandButton{"RSTOP", "STOP"},
-    CommandButton{"ISTOP", "ABORT"},
     CommandButton{"ResetPos", "PX=0"},
     CommandButton{"ResetEnc", "EX=0"},
     CommandButton{"ResetEncoder", "EX=0"},

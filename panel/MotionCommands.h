@@ -50,6 +50,10 @@ class MotionCommands {
     /// Sends one of plainButtons(); the reply does not matter.
     void pressPlain(const CommandButton& button) { m_link.SendReceive(button.command); }
 
+    /// The stops, which get through whatever stands in the boxes; see SendMotionCommand().
+    void RSTOP_Press() { SendMotionCommand("STOP"); }
+    void ISTOP_Press() { SendMotionCommand("ABORT"); }
+
     /// Sends "HSPD=" and "ACC=" with the boxes' whole numbers. Throws ConversionError, with
     /// nothing sent, when a box holds none.
     void SendSpeedAndAccel();

@@ -24,6 +24,10 @@ class PanelSession : private LinkListener {
     /// The operator chose another device on the bus. Ends the demo.
     void switchDevice(const std::string& deviceId);
 
+    /// A box or another screen keeps the poll off: what stands there is no live value until a whole
+    /// pass has been read again.
+    void holdOff() { m_view.showLive(false); }
+
     /// Starts or ends the demo moves between 8000 and 0.
     void toggleDemo() { setDemo(!DemoMode); }
     void endDemo() { setDemo(false); }

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QFrame>
+#include <QGroupBox>
 #include <memory>
+#include <string_view>
 
 namespace Ui {
 class StopFrame;
@@ -9,16 +10,17 @@ class StopFrame;
 
 namespace zlt {
 
-/// The two stops, large and always in the same place.
-class StopFrame : public QFrame {
+/// The two stops, large and always in the same place, titled with the one device that they stop.
+class StopFrame : public QGroupBox {
     Q_OBJECT
 
  public:
     explicit StopFrame(QWidget* parent = nullptr);
     ~StopFrame() override;
 
-    /// Whether a stop is pressed and not yet released.
-    bool stopHeldDown() const;
+    void showDevice(std::string_view deviceId);
+
+    const Ui::StopFrame& controls() const { return *m_ui; }
 
  private:
     std::unique_ptr<Ui::StopFrame> m_ui;

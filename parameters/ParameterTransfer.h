@@ -27,7 +27,12 @@ class ParameterTransfer {
     void download();
     void storeToFlash();
 
+    /// Stops the axis at once, whatever the flags say.
+    void abortMotion() { m_link.abort(); }
+
     const DeviceCopy& deviceCopy() const { return m_copy; }
+    /// The device that is addressed.
+    const std::string& deviceId() const { return m_link.connection.deviceId; }
     FirmwareVersion firmware() const { return m_firmware; }
 
  private:

@@ -22,12 +22,12 @@ class AtWork {
 
 }  // namespace
 
-SetupParameters::SetupParameters(const Services& services, const LinkHandOver& handOver,
+SetupParameters::SetupParameters(const Services& world, const LinkHandOver& handOver,
                                  QWidget* parent)
-    : Screen(services, parent),
+    : LinkedScreen(world, parent),
       m_ui(std::make_unique<Ui::SetupParameters>()),
-      m_transfer(services, handOver, *this, this),
-      m_files(services, *this) {
+      m_transfer(services(), handOver, *this, this),
+      m_files(services(), *this) {
     m_ui->setupUi(this);
     for (std::size_t place = 0; place < parameterFieldCount; ++place)
         m_controls.emplace_back(*this, static_cast<ParameterField>(place));
@@ -45,6 +45,7 @@ void SetupParameters::connectHandlers() {
     handlers.onClick(*m_ui->OpenParameters, [this](bool) { OpenParameters_Click(); });
     handlers.onClick(*m_ui->SetSN, [this](bool) { SetSN_Click(); });
     handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
+    connectAbort(*m_ui->stopBox, m_transfer.deviceId(), [this] { m_transfer.abortMotion(); });
     // Marks only follow what stands on the screen, also while a transfer changes it.
     for (ParameterControl& each : m_controls)
         each.onChange([this] { compareAll(); });

@@ -6,7 +6,7 @@
 #include "parameters/ParameterControl.h"
 #include "parameters/ParameterFiles.h"
 #include "parameters/ParameterTransfer.h"
-#include "widgets/Screen.h"
+#include "widgets/LinkedScreen.h"
 
 namespace Ui {
 class SetupParameters;
@@ -16,12 +16,12 @@ namespace zlt {
 
 /// The screen of the controller's parameter set: reads and writes it as a whole, stores it to
 /// flash, keeps it in files. Has the port to itself while it is open.
-class SetupParameters : public Screen, private ParameterView {
+class SetupParameters : public LinkedScreen, private ParameterView {
     Q_OBJECT
 
  public:
     /// `handOver` is the calling screen's link; its port is closed by now.
-    SetupParameters(const Services& services, const LinkHandOver& handOver, QWidget* parent);
+    SetupParameters(const Services& world, const LinkHandOver& handOver, QWidget* parent);
     ~SetupParameters() override;
 
     /// Opens the port and reads the set, before the screen is shown: its messages stand over

@@ -14,14 +14,14 @@ using namespace std::chrono_literals;
 constexpr auto passInterval = 1ms;
 /// After a pass with a failure, whose messages keep the screen busy, the operator gets this
 /// long to press a button, Close above all.
-constexpr auto breathingSpace = 500ms;
+constexpr auto breathingSpace = 1000ms;
 
 }  // namespace
 
-XThreadForm::XThreadForm(const Services& services, const LinkHandOver& handOver, QWidget* parent)
-    : Screen(services, parent),
+XThreadForm::XThreadForm(const Services& world, const LinkHandOver& handOver, QWidget* parent)
+    : LinkedScreen(world, parent),
       m_ui(std::make_unique<Ui::XThreadForm>()),
-      m_link(services, flavours::secondThread, this, this) {
+      m_link(services(), flavours::secondThread, this, this) {
     m_ui->setupUi(this);
     m_link.takeOver(handOver);
     m_timer1.setObjectName(QStringLiteral("Timer1"));
@@ -34,17 +34,12 @@ XThreadForm::~XThreadForm() = default;
 
 void XThreadForm::connectHandlers() {
     handlers.onClick(*m_ui->RunProg, [this](bool) { sendToThread(RunCommand::run); });
-    handlers.onClick(*m_ui->StopProg, [this](bool) {
-        sendToThread(RunCommand::stop);
-        stopMotion();
-    });
-    handlers.onClick(*m_ui->PauseProg, [this](bool) {
-        sendToThread(RunCommand::pause);
-        stopMotion();
-    });
+    handlers.onClick(*m_ui->StopProg, [this](bool) { sendToThreadAndStop(RunCommand::stop); });
+    handlers.onClick(*m_ui->PauseProg, [this](bool) { sendToThreadAndStop(RunCommand::pause); });
     handlers.onClick(*m_ui->ContProg, [this](bool) { sendToThread(RunCommand::resume); });
     handlers.onClick(*m_ui->Command1, [this](bool) { Command1_Click(); });
-    handlers.connect(&m_timer1, &QTimer::timeout, this, &XThreadForm::Timer1_Timer);
+    handlers.onTick(m_timer1, [this] { return Timer1_Timer(); });
+    connectAbort(*m_ui->stopBox, m_link.connection.deviceId, [this] { m_link.abort(); });
 }
 
 void XThreadForm::Form_Load() {
@@ -57,19 +52,25 @@ void XThreadForm::Form_Load() {
 }
 
 void XThreadForm::sendToThread(RunCommand command) {
-    m_link.SendReceive(runCommandText(command, m_ui->ProgSel1->isChecked() ? "1" : "0"));
+    m_link.SendReceive(threadCommand(command));
 }
 
-void XThreadForm::stopMotion() {
-    m_stoppedAxis = true;
-    m_link.SendReceive("ABORT");
+void XThreadForm::sendToThreadAndStop(RunCommand command) {
+    noteAxisStopped();
+    m_link.sendAll({threadCommand(command), "ABORT"});
 }
 
-void XThreadForm::Timer1_Timer() {
+std::string XThreadForm::threadCommand(RunCommand command) const {
+    return runCommandText(command, m_ui->ProgSel1->isChecked() ? "1" : "0");
+}
+
+std::chrono::milliseconds XThreadForm::Timer1_Timer() {
     if (m_link.lossReported()) {  // met and told at a button; what stands there is dimmed
         m_timer1.stop();
-        return;
+        return passInterval;
     }
+    if (!m_link.CommOK())
+        m_link.dropInput();  // late answers to the pass that failed
     // No flag guards this screen's exchanges; set here, it tells how the pass went.
     m_link.setCommOK(true);
     m_ui->ProgIndex0->showReply(m_link.SendReceive("SPC0"));
@@ -79,8 +80,7 @@ void XThreadForm::Timer1_Timer() {
     showLive(m_link.CommOK());
     if (m_link.lossReported())
         m_timer1.stop();
-    else
-        m_timer1.setInterval(m_link.CommOK() ? passInterval : breathingSpace);
+    return m_link.CommOK() ? passInterval : breathingSpace;
 }
 
 void XThreadForm::commChanged(bool connected) {

@@ -5,7 +5,7 @@
 
 #include "link/ScreenLink.h"
 #include "programs/RunControl.h"
-#include "widgets/Screen.h"
+#include "widgets/LinkedScreen.h"
 
 namespace Ui {
 class XThreadForm;
@@ -16,22 +16,21 @@ namespace zlt {
 class ReadOut;
 
 /// Controls and watches the controller's two program threads one by one, over its own port.
-class XThreadForm : public Screen, private LinkListener {
+class XThreadForm : public LinkedScreen, private LinkListener {
     Q_OBJECT
 
  public:
-    XThreadForm(const Services& services, const LinkHandOver& handOver, QWidget* parent);
+    XThreadForm(const Services& world, const LinkHandOver& handOver, QWidget* parent);
     ~XThreadForm() override;
 
     /// Opens the port, before the screen is shown.
     void Form_Load();
-    /// Whether the operator stopped the axis from here, by a thread's Stop or Pause.
-    bool stoppedAxis() const { return m_stoppedAxis; }
 
  private:
-    void Timer1_Timer();
+    std::chrono::milliseconds Timer1_Timer();
     void Command1_Click();
     void closeScreen() override { Command1_Click(); }
+    void heldOff() override { showLive(false); }
     void connectHandlers();
     void commChanged(bool connected) override;
     void exchangeTimedOut() override {}
@@ -39,14 +38,15 @@ class XThreadForm : public Screen, private LinkListener {
 
     /// Sends a run command to the selected thread.
     void sendToThread(RunCommand command);
-    void stopMotion();
+    /// The same, and stops the axis at once.
+    void sendToThreadAndStop(RunCommand command);
+    std::string threadCommand(RunCommand command) const;
     /// Asks for a thread's state and shows its words, where the code has any.
     void showState(const char* query, ReadOut& state);
     void showLive(bool live);
 
     std::unique_ptr<Ui::XThreadForm> m_ui;
     ScreenLink m_link;
-    bool m_stoppedAxis = false;
     QTimer m_timer1{this};
 };
 

@@ -7,11 +7,10 @@
 
 namespace zlt {
 
-TerminalForm::TerminalForm(const Services& services, const LinkHandOver& handedOver,
-                           QWidget* parent)
-    : Screen(services, parent),
+TerminalForm::TerminalForm(const Services& world, const LinkHandOver& handedOver, QWidget* parent)
+    : LinkedScreen(world, parent),
       m_ui(std::make_unique<Ui::TerminalForm>()),
-      m_link(services, flavours::terminal, nullptr, this) {
+      m_link(services(), flavours::terminal, nullptr, this) {
     m_ui->setupUi(this);
     m_link.takeOver(handedOver);
     teachManners();
@@ -27,6 +26,7 @@ void TerminalForm::connectHandlers() {
     handlers.connect(m_ui->SendText, &CommandLine::newer, this, &TerminalForm::SendText_Newer);
     handlers.onClick(*m_ui->Command2, [this](bool) { Command2_Click(); });
     handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
+    connectAbort(*m_ui->stopBox, m_link.connection.deviceId, [this] { ISTOP_Press(); });
 }
 
 void TerminalForm::Form_Load() {
@@ -82,6 +82,11 @@ void TerminalForm::Command2_Click() {
     services().gate.message(failure ? "The text could not be saved in " + utf8FromPath(*name) +
                                           ": " + *failure
                                     : "Save Done!");
+}
+
+void TerminalForm::ISTOP_Press() {
+    talkInTranscript(m_link, m_link.connection.deviceId, "ABORT", *m_ui->Pad);
+    m_ui->Pad->placeCaret();
 }
 
 void TerminalForm::Close_Click() {

@@ -4,7 +4,7 @@
 
 #include "link/PanelLink.h"
 #include "terminal/CommandHistory.h"
-#include "widgets/Screen.h"
+#include "widgets/LinkedScreen.h"
 
 namespace Ui {
 class TerminalForm;
@@ -14,11 +14,11 @@ namespace zlt {
 
 /// Any command by hand, with a transcript of what went to and fro. Has the port to itself
 /// while it is shown.
-class TerminalForm : public Screen {
+class TerminalForm : public LinkedScreen {
     Q_OBJECT
 
  public:
-    TerminalForm(const Services& services, const LinkHandOver& handedOver, QWidget* parent);
+    TerminalForm(const Services& world, const LinkHandOver& handedOver, QWidget* parent);
     ~TerminalForm() override;
 
     /// Opens the port, before the screen is shown. Part of the caller's handler.
@@ -34,6 +34,7 @@ class TerminalForm : public Screen {
     void SendText_Newer();
     void Command2_Click();
     void Close_Click();
+    void ISTOP_Press();
 
     void closeScreen() override { Close_Click(); }
     void connectHandlers();

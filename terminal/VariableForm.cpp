@@ -14,11 +14,10 @@ constexpr std::chrono::milliseconds refreshInterval{1};
 
 }  // namespace
 
-VariableForm::VariableForm(const Services& services, const LinkHandOver& handedOver,
-                           QWidget* parent)
-    : Screen(services, parent),
+VariableForm::VariableForm(const Services& world, const LinkHandOver& handedOver, QWidget* parent)
+    : LinkedScreen(world, parent),
       m_ui(std::make_unique<Ui::VariableForm>()),
-      m_link(services, flavours::variables, this, this) {
+      m_link(services(), flavours::variables, this, this) {
     m_ui->setupUi(this);
     for (std::size_t index = 0; index < m_boxes.size(); ++index)
         m_boxes.at(index) = findChild<ReadOut*>(QStringLiteral("V%1").arg(index));
@@ -32,15 +31,18 @@ VariableForm::VariableForm(const Services& services, const LinkHandOver& handedO
 VariableForm::~VariableForm() = default;
 
 void VariableForm::connectHandlers() {
-    handlers.connect(&m_timer1, &QTimer::timeout, this, &VariableForm::Timer1_Timer);
+    handlers.onTick(m_timer1, [this] { return Timer1_Timer(); });
     handlers.connect(m_ui->SendText, &CommandLine::entered, this, &VariableForm::SendText_Enter);
     handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
+    connectAbort(*m_ui->stopBox, m_link.connection.deviceId, [this] { m_link.abort(); });
 }
 
 void VariableForm::Form_Load() {
     handlers.runWithinCaller([this] {
         const BusyCursor busy;
         m_link.openHandedOverPort();
+        m_ui->valuesNote->setText(
+            tr("Values of device %1").arg(shownText(m_link.connection.deviceId)));
         m_ui->DeviceID->setText(shownText(m_link.connection.deviceId));
         m_timer1.start();
     });
@@ -51,12 +53,14 @@ void VariableForm::showEvent(QShowEvent* event) {
     m_ui->SendText->setFocus();
 }
 
-void VariableForm::Timer1_Timer() {
+std::chrono::milliseconds VariableForm::Timer1_Timer() {
     const bool live = m_link.CommOK();
     for (std::size_t index = 0; index < m_boxes.size(); ++index)
         m_boxes.at(index)->showReply(m_link.SendReceive("V" + std::to_string(index)));
     if (!live)
         m_timer1.stop();  // every box reads "0" by now, and will
+    showLive(m_link.CommOK());
+    return refreshInterval;
 }
 
 void VariableForm::SendText_Enter() {
@@ -70,8 +74,14 @@ void VariableForm::SendText_Enter() {
 }
 
 void VariableForm::commChanged(bool connected) {
+    // Dimmed before the message is up; live again once all have been read.
+    if (!connected)
+        showLive(false);
+}
+
+void VariableForm::showLive(bool live) {
     for (ReadOut* box : m_boxes)
-        box->setLive(connected);
+        box->setLive(live);
 }
 
 void VariableForm::Close_Click() {

@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "link/PanelLink.h"
+#include "widgets/LinkedScreen.h"
 #include "widgets/ReadOut.h"
-#include "widgets/Screen.h"
 
 namespace Ui {
 class VariableForm;
@@ -16,11 +16,11 @@ namespace zlt {
 
 /// The variables V0 to V31 of the standalone programs, as fast as the bus allows, and a line
 /// for commands. Has the port to itself while it is shown.
-class VariableForm : public Screen, private LinkListener {
+class VariableForm : public LinkedScreen, private LinkListener {
     Q_OBJECT
 
  public:
-    VariableForm(const Services& services, const LinkHandOver& handedOver, QWidget* parent);
+    VariableForm(const Services& world, const LinkHandOver& handedOver, QWidget* parent);
     ~VariableForm() override;
 
     /// Opens the port and starts the refresh, before the screen is shown. Part of the caller's
@@ -31,11 +31,13 @@ class VariableForm : public Screen, private LinkListener {
     void showEvent(QShowEvent* event) override;
 
  private:
-    void Timer1_Timer();
+    std::chrono::milliseconds Timer1_Timer();
     void SendText_Enter();
     void Close_Click();
 
     void closeScreen() override { Close_Click(); }
+    void heldOff() override { showLive(false); }
+    void showLive(bool live);
     void connectHandlers();
     void commChanged(bool connected) override;
     void exchangeTimedOut() override {}

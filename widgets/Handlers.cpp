@@ -1,6 +1,7 @@
 #include "widgets/Handlers.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -12,12 +13,12 @@ int handlersRunning = 0;
 
 class Running {
  public:
-    explicit Running(bool& flag) : m_flag(flag) {
+    explicit Running(bool& flag) : m_flag(flag), m_before(flag) {
         m_flag = true;
         ++handlersRunning;
     }
     ~Running() {
-        m_flag = false;
+        m_flag = m_before;
         --handlersRunning;
     }
     Running(const Running&) = delete;
@@ -25,7 +26,12 @@ class Running {
 
  private:
     bool& m_flag;
+    bool m_before;
 };
+
+/// How soon a tick that came at a bad moment comes again.
+constexpr std::chrono::milliseconds refusedTick{10};
+constexpr std::chrono::milliseconds soonest{1};
 
 }  // namespace
 
@@ -33,7 +39,16 @@ Handlers::Handlers(const Services& services, std::function<void()> leaveScreen)
     : m_services(services), m_leaveScreen(std::move(leaveScreen)) {}
 
 void Handlers::run(const std::function<void()>& handler) {
-    if (m_running || m_services.programEnd.ended())
+    if (!m_running)
+        runToItsEnd(handler);
+}
+
+void Handlers::runStop(const std::function<void()>& stop) {
+    runToItsEnd(stop);
+}
+
+void Handlers::runToItsEnd(const std::function<void()>& handler) {
+    if (m_services.programEnd.ended())
         return;
     try {
         const Running running(m_running);
@@ -49,6 +64,15 @@ void Handlers::onClick(QAbstractButton& button, std::function<void(bool)> handle
     QObject::connect(
         &button, &QAbstractButton::clicked, &button,
         [this, handler = std::move(handler)](bool checked) { run([&] { handler(checked); }); });
+}
+
+void Handlers::onTick(QTimer& timer, std::function<std::chrono::milliseconds()> tick) {
+    QObject::connect(&timer, &QTimer::timeout, &timer, [this, &timer, tick = std::move(tick)] {
+        std::chrono::milliseconds next = refusedTick;
+        run([&] { next = tick(); });
+        if (timer.isActive())
+            timer.start(std::max(next, soonest));
+    });
 }
 
 void Handlers::runWithinCaller(const std::function<void()>& work) {

@@ -2,6 +2,8 @@
 
 #include <QAbstractButton>
 #include <QObject>
+#include <QTimer>
+#include <chrono>
 #include <functional>
 #include <type_traits>
 
@@ -39,12 +41,21 @@ class Handlers {
     /// it. A mark that is set by other means runs nothing.
     void onClick(QAbstractButton& button, std::function<void(bool checked)> handler);
 
+    /// Runs a stop, also while a handler of this screen waits for a box or for another screen: the
+    /// only times at which an event can reach it then.
+    void runStop(const std::function<void()>& stop);
+
+    /// Runs `tick` at each tick of `timer`, which is armed again after it: `tick` returns for how
+    /// long. A timer left overdue would go before a press that is waiting, by one whole tick.
+    void onTick(QTimer& timer, std::function<std::chrono::milliseconds()> tick);
+
     /// As run(), for work before the screen is shown that its caller's handler waits for: an
     /// end of the program is passed on to the caller.
     void runWithinCaller(const std::function<void()>& work);
 
  private:
     void show(const std::function<void()>& work);
+    void runToItsEnd(const std::function<void()>& handler);
 
     const Services& m_services;
     std::function<void()> m_leaveScreen;

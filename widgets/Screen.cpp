@@ -1,21 +1,64 @@
 #include "widgets/Screen.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <algorithm>
+#include <utility>
+
+#include "widgets/StopButton.h"
 
 namespace zlt {
+namespace {
 
-Screen::Screen(const Services& services, QWidget* parent)
+Services withGate(const Services& world, Gate& gate) {
+    return {.gate = gate,
+            .waits = world.waits,
+            .files = world.files,
+            .help = world.help,
+            .programEnd = world.programEnd,
+            .processes = world.processes,
+            .ownFolder = world.ownFolder,
+            .makePort = world.makePort};
+}
+
+/// The windows from the one that `widget` is on down to the first: each lies over the next.
+std::vector<QWidget*> windowsBelow(QWidget& widget) {
+    std::vector<QWidget*> windows;
+    for (QWidget* at = &widget; at; at = windows.back()->parentWidget())
+        windows.push_back(at->window());
+    return windows;
+}
+
+QRect onDesktop(const QWidget& widget) {
+    return {widget.mapToGlobal(QPoint()), widget.size()};
+}
+
+}  // namespace
+
+Screen::Screen(const Services& world, QWidget* parent)
     : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
-      handlers(services, [this] { done(Rejected); }),
-      m_services(services) {}
+      m_gate(
+          world.gate, world.programEnd, [this] { heldOff(); },
+          [this] { m_doubleClicks.windowClosed(); }),
+      m_services(withGate(world, m_gate)),
+      handlers(m_services, [this] { done(Rejected); }) {
+    // A press or a key is looked at wherever it goes: to a list of this screen's, to a box over it.
+    qApp->installEventFilter(this);
+}
 
 void Screen::showModal() {
+    auto* below = qobject_cast<Screen*>(parentWidget());
+    if (below)
+        below->heldOff();
     exec();
+    if (below)
+        below->m_doubleClicks.windowClosed();
     m_services.programEnd.passOn();
 }
 
@@ -24,21 +67,108 @@ void Screen::teachManners() {
         button->setAutoDefault(false);
         button->setDefault(false);
     }
-    for (QComboBox* box : findChildren<QComboBox*>()) {
+    for (QComboBox* box : findChildren<QComboBox*>())
         box->setFocusPolicy(Qt::StrongFocus);  // without the wheel's share
-        box->installEventFilter(this);
+}
+
+void Screen::connectStop(StopButton& button, std::function<void()> stop, StopKey key) {
+    const std::size_t place = m_stops.size();
+    m_stops.push_back({&button, std::move(stop), key});
+    connect(&button, &QAbstractButton::pressed, this, [this, place] { act(m_stops[place]); });
+}
+
+void Screen::act(const Stop& stop) {
+    handlers.runStop(stop.act);
+    // A message may have swallowed the release.
+    stop.button->setDown(false);
+    if (m_services.programEnd.ended())
+        leaveWindowsAbove();
+}
+
+/// The program ended under a box or a screen that stands over this one: their event loops are left,
+/// and the handlers that opened them unwind.
+void Screen::leaveWindowsAbove() {
+    QWidget* last = nullptr;
+    while (QWidget* above = QApplication::activeModalWidget()) {
+        const auto windows = windowsBelow(*above);
+        auto* dialog = qobject_cast<QDialog*>(above);
+        if (!dialog || above == this || above == last ||
+            std::find(windows.begin(), windows.end(), this) == windows.end())
+            return;
+        dialog->done(Rejected);
+        last = above;
     }
 }
 
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Wheel) {
-        const auto* box = qobject_cast<QComboBox*>(watched);
-        if (box && !box->hasFocus()) {
-            event->ignore();
+    if (!watched->isWidgetType())
+        return QDialog::eventFilter(watched, event);
+    auto& widget = *static_cast<QWidget*>(watched);
+    switch (event->type()) {
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+            return filterKey(widget, *event);
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            return filterPress(widget, *static_cast<QMouseEvent*>(event));
+        case QEvent::Wheel:
+            if (widget.window() == this && qobject_cast<QComboBox*>(watched) &&
+                !widget.hasFocus()) {
+                event->ignore();
+                return true;
+            }
+            return false;
+        default:
+            return false;
+    }
+}
+
+/// Enter presses no button, though some desktops' themes count it among the keys that do; F12 is
+/// the stop of the topmost screen that has one.
+bool Screen::filterKey(QWidget& watched, QEvent& event) {
+    const auto& key = static_cast<QKeyEvent&>(event);
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)
+        return watched.window() == this && qobject_cast<QAbstractButton*>(&watched);
+    if (key.key() != Qt::Key_F12 || event.type() != QEvent::KeyPress || key.isAutoRepeat())
+        return false;
+    const auto stop = std::find_if(m_stops.begin(), m_stops.end(),
+                                   [](const Stop& each) { return each.key == StopKey::f12; });
+    if (stop == m_stops.end())
+        return false;
+    for (QWidget* window : windowsBelow(watched)) {
+        if (window == this) {
+            stop->button->setDown(true);
+            stop->button->repaint();
+            act(*stop);
             return true;
         }
+        const auto* above = qobject_cast<Screen*>(window);
+        // A screen with stops of its own has the port, and stops by itself.
+        if (qobject_cast<QFileDialog*>(window) || (above && !above->m_stops.empty()))
+            return false;
     }
-    return QDialog::eventFilter(watched, event);
+    return false;
+}
+
+/// A stop counts with a list open, where the desktop would only close the list.
+bool Screen::filterPress(QWidget& watched, const QMouseEvent& press) {
+    QWidget* list = QApplication::activePopupWidget();
+    const QPoint place = press.globalPosition().toPoint();
+    const auto under = std::find_if(m_stops.begin(), m_stops.end(), [&](const Stop& stop) {
+        return stop.button->isVisible() && onDesktop(*stop.button).contains(place);
+    });
+    const bool onStop = under != m_stops.end();
+    const bool covered = !onStop && watched.window() == this && m_doubleClicks.covers(press);
+    m_doubleClicks.pressed(press);
+    if (!list || !onStop || press.button() != Qt::LeftButton || onDesktop(*list).contains(place))
+        return covered;
+    const auto windows = windowsBelow(*list);
+    if (windows.size() < 2 || windows[1] != this)
+        return covered;
+    list->setAttribute(Qt::WA_NoMouseReplay);  // or the press would come a second time
+    list->close();
+    act(*under);
+    return true;
 }
 
 void Screen::keyPressEvent(QKeyEvent* event) {

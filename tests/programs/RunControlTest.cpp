@@ -101,7 +101,7 @@ TEST_F(RunControlTest, LeavesRoomToCloseTheThreadScreenOfASilentController) {
                                [&] { EXPECT_NE(colour(), live) << "behind the message"; });
         tick(threads, "Timer1");
         EXPECT_EQ(textOf(threads, "ProgIndex0"), "0");
-        EXPECT_EQ(control<QTimer>(threads, "Timer1").interval(), 500);
+        EXPECT_EQ(control<QTimer>(threads, "Timer1").interval(), 1000);
         bus.silent = false;
         bus.losesAtWriteOf = "SR0=3";
         gate.expectMessage("Communication port not open!");

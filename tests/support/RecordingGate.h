@@ -20,7 +20,9 @@ class RecordingGate : public Gate {
         m_expected.push_back({std::move(text), true, std::move(whileShown)});
     }
     /// Announces a message that only needs to hold these words.
-    void expectMessageWith(std::string words) { m_expected.push_back({std::move(words), false}); }
+    void expectMessageWith(std::string words, std::function<void()> whileShown = {}) {
+        m_expected.push_back({std::move(words), false, std::move(whileShown)});
+    }
 
     /// Announces a Yes/No question and the operator's answer to it.
     void expectQuestion(const std::string& title, const std::string& text, bool answer);
