@@ -6,6 +6,7 @@
 #include "bench/Exchanges.h"
 #include "bench/FirstPaint.h"
 #include "bench/Options.h"
+#include "bench/StopLatency.h"
 #include "bench/WholeProgram.h"
 
 namespace zlt::bench {
@@ -36,6 +37,7 @@ int run(const Options& options, int argc, char** argv) {
     Judge judge;
     measureExchanges(options.rounds, options.python, judge);
     measureProgram(options.rounds, judge);
+    measureStops(options.rounds, judge);
     measureFirstPaint(options.rounds, judge);
     std::cout << legend << (judge.allMet() ? "All aims are met.\n" : "An aim is MISSED.\n");
     return options.check && !judge.allMet() ? 1 : 0;
