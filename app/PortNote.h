@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/PortObstacle.h"
+#include "link/serial/PortObstacle.h"
 
 namespace Ui {
 class SelectComForm;

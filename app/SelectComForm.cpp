@@ -6,8 +6,8 @@
 #include <chrono>
 
 #include "app/PortNote.h"
-#include "link/SearchCom.h"
-#include "panel/MainControlForm.h"
+#include "app/SearchCom.h"
+#include "panel/forms/MainControlForm.h"
 #include "platform/Latin1.h"
 #include "ui_SelectComForm.h"
 #include "widgets/WireText.h"

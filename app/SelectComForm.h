@@ -3,7 +3,7 @@
 #include <QTimer>
 #include <memory>
 
-#include "link/PortDirectory.h"
+#include "link/serial/PortDirectory.h"
 #include "link/Settings.h"
 #include "widgets/Screen.h"
 

@@ -2,7 +2,7 @@
 
 #include "app/Picture.h"
 #include "app/SelectComForm.h"
-#include "link/QtSerialPort.h"
+#include "link/serial/QtSerialPort.h"
 #include "platform_qt/QtFiles.h"
 #include "platform_qt/QtGate.h"
 #include "platform_qt/QtHelpViewer.h"
@@ -25,16 +25,15 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
     zlt::QtHelpViewer help(gate);
     zlt::ProgramEnd programEnd;
     zlt::QtProcesses processes;
-    const zlt::Services services{.gate = gate,
-                                 .waits = waits,
-                                 .files = files,
-                                 .help = help,
-                                 .programEnd = programEnd,
-                                 .processes = processes,
-                                 .ownFolder = zlt::ownFolder(),
-                                 .makePort = [&directory](QObject* owner) {
-                                     return std::make_unique<zlt::QtSerialPort>(directory, owner);
-                                 }};
+    const zlt::Services services{
+        .gate = gate,
+        .waits = waits,
+        .files = files,
+        .help = help,
+        .programEnd = programEnd,
+        .processes = processes,
+        .ownFolder = zlt::ownFolder(),
+        .makePort = [&directory] { return std::make_unique<zlt::QtSerialPort>(directory); }};
 
     zlt::SelectComForm startUp(services, directory);
     startUp.Form_Load();

@@ -29,7 +29,7 @@ class SleepingPort final : public TimedPort {
 PanelClient::PanelClient(PacedPeer& peer, EmptyRead emptyRead)
     : StepClient(peer),
       m_world(m_gate,
-              [&peer, this, emptyRead](QObject*) -> std::unique_ptr<Port> {
+              [&peer, this, emptyRead]() -> std::unique_ptr<Port> {
                   if (emptyRead == EmptyRead::sleeps)
                       return std::make_unique<SleepingPort>(peer, m_world.directory);
                   return std::make_unique<TimedPort>(peer, m_world.directory);

@@ -2,7 +2,7 @@
 
 #include "bench/World.h"
 #include "link/PanelLink.h"
-#include "tests/support/SimulatedBus.h"
+#include "support/SimulatedBus.h"
 
 namespace zlt::bench {
 
@@ -13,7 +13,7 @@ class SoakBed {
 
     /// Leads COM1 to the simulator's present device.
     void listPort();
-    std::unique_ptr<Port> makePort() { return services.makePort(nullptr); }
+    std::unique_ptr<Port> makePort() { return services.makePort(); }
 
     test::SimulatedBus simulator{{QStringLiteral("--unpaced")}};
     MessageList gate;

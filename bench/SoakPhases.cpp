@@ -5,14 +5,14 @@
 #include <algorithm>
 #include <iostream>
 
+#include "app/SearchCom.h"
 #include "bench/Resources.h"
-#include "link/SearchCom.h"
-#include "panel/MainControlForm.h"
-#include "parameters/SetupParameters.h"
-#include "programs/ViewCompiledForm.h"
-#include "programs/XThreadForm.h"
-#include "terminal/TerminalForm.h"
-#include "terminal/VariableForm.h"
+#include "panel/forms/MainControlForm.h"
+#include "parameters/forms/SetupParameters.h"
+#include "programs/forms/ViewCompiledForm.h"
+#include "programs/forms/XThreadForm.h"
+#include "terminal/forms/TerminalForm.h"
+#include "terminal/forms/VariableForm.h"
 
 namespace zlt::bench {
 namespace {

@@ -13,7 +13,7 @@
 #include "bench/LiveController.h"
 #include "bench/TimedPort.h"
 #include "bench/World.h"
-#include "panel/MainControlForm.h"
+#include "panel/forms/MainControlForm.h"
 
 namespace zlt::bench {
 namespace {
@@ -32,9 +32,8 @@ constexpr Aim aims[] = {{{"9600", 9600}, 80, 150}, {{"115200", 115200}, 15, 150}
 /// Notes when the first command of a stop goes out.
 class StopPort final : public TimedPort {
  public:
-    StopPort(PacedPeer& peer, PortDirectory& directory, QObject* owner,
-             std::atomic<Clock::rep>& stopWritten)
-        : TimedPort(peer, directory, owner), m_stopWritten(stopWritten) {}
+    StopPort(PacedPeer& peer, PortDirectory& directory, std::atomic<Clock::rep>& stopWritten)
+        : TimedPort(peer, directory), m_stopWritten(stopWritten) {}
 
     bool write(std::string_view bytes) override {
         if (bytes.find("HSPD=") != std::string_view::npos)
@@ -98,9 +97,8 @@ Times runRound(const Line& line, unsigned seed) {
     });
     std::atomic<Clock::rep> stopWritten = 0;
     MessageList messages;
-    World world(messages, [&](QObject* owner) {
-        return std::make_unique<StopPort>(peer, world.directory, owner, stopWritten);
-    });
+    World world(messages,
+                [&] { return std::make_unique<StopPort>(peer, world.directory, stopWritten); });
     world.listPort(peer.device());
     MainControlForm panel(world.services, nullptr);
     panel.Form_Load({World::port, std::string(line.name), std::string(deviceId)});

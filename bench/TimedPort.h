@@ -1,15 +1,14 @@
 #pragma once
 
 #include "bench/PacedPeer.h"
-#include "link/QtSerialPort.h"
+#include "link/serial/QtSerialPort.h"
 
 namespace zlt::bench {
 
 /// The panel's port, which tells the peer of each request.
 class TimedPort : public Port {
  public:
-    TimedPort(PacedPeer& peer, PortDirectory& directory, QObject* owner = nullptr)
-        : m_peer(peer), m_port(directory, owner) {}
+    TimedPort(PacedPeer& peer, PortDirectory& directory) : m_peer(peer), m_port(directory) {}
 
     bool open(PortNumber number, std::string_view settings) override {
         return m_port.open(number, settings);

@@ -12,7 +12,7 @@
 #include "bench/LiveController.h"
 #include "bench/TimedPort.h"
 #include "bench/World.h"
-#include "panel/MainControlForm.h"
+#include "panel/forms/MainControlForm.h"
 
 namespace zlt::bench {
 namespace {
@@ -54,9 +54,7 @@ void runRound(const Line& line, Rounds& rounds) {
     LiveController controller;
     PacedPeer peer(line, [&](std::string_view asked) { return controller.answer(asked); });
     MessageList messages;
-    World world(messages, [&](QObject* owner) {
-        return std::make_unique<TimedPort>(peer, world.directory, owner);
-    });
+    World world(messages, [&] { return std::make_unique<TimedPort>(peer, world.directory); });
     world.listPort(peer.device());
 
     MainControlForm panel(world.services, nullptr);

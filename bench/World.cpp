@@ -3,7 +3,7 @@
 #include <fstream>
 #include <utility>
 
-#include "link/QtSerialPort.h"
+#include "link/serial/QtSerialPort.h"
 
 namespace zlt::bench {
 namespace {
@@ -23,8 +23,8 @@ World::World(Gate& gate, MakePort makePort)
                .programEnd = m_programEnd,
                .processes = m_processes,
                .ownFolder = {},
-               .makePort = makePort ? std::move(makePort) : [this](QObject* owner) {
-                   return std::make_unique<QtSerialPort>(directory, owner);
+               .makePort = makePort ? std::move(makePort) : [this] {
+                   return std::make_unique<QtSerialPort>(directory);
                }} {}
 
 void World::listPort(const std::string& device) {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "link/PortDirectory.h"
 #include "link/Services.h"
+#include "link/serial/PortDirectory.h"
 #include "platform_qt/ThreadWaits.h"
 
 namespace zlt::bench {
@@ -53,7 +53,7 @@ class NoHelp final : public HelpViewer {
 /// nothing else in it.
 class World {
  public:
-    using MakePort = std::function<std::unique_ptr<Port>(QObject* owner)>;
+    using MakePort = std::function<std::unique_ptr<Port>()>;
 
     static constexpr PortNumber port{1};
 

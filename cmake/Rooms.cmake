@@ -2,7 +2,6 @@
 
 add_library(zlt_settings INTERFACE)
 target_compile_features(zlt_settings INTERFACE cxx_std_20)
-target_include_directories(zlt_settings INTERFACE ${PROJECT_SOURCE_DIR})
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(zlt_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion
@@ -12,6 +11,9 @@ endif()
 target_compile_definitions(zlt_settings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
+if(ZLT_FUZZ)
+  target_compile_options(zlt_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(ZLT_SANITIZE)
   target_compile_options(zlt_settings INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -19,16 +21,31 @@ if(ZLT_SANITIZE)
 endif()
 
 # zlt_room(NAME [LINK libraries...] [SOURCES files...])
-# One static library for one folder; LINK names the rooms below it.
+# One static library for one folder; LINK names the libraries below it. Its headers are included as
+# "folder/File.h", and found only by those that link it: each library has an include folder of its
+# own, in the build, with a header for each of its headers that leads to the one in the source.
 function(zlt_room name)
   cmake_parse_arguments(ROOM "" "" "LINK;SOURCES" ${ARGN})
   add_library(${name} STATIC ${ROOM_SOURCES})
   target_link_libraries(${name} PUBLIC zlt_settings ${ROOM_LINK})
+  zlt_lend_headers(${name})
 endfunction()
 
-# zlt_qt_room(NAME ...): the same for a folder with Qt classes. A form's .ui stands beside its .cpp;
+# zlt_lend_headers(TARGET): the headers of the present folder, to TARGET and to all that link it.
+function(zlt_lend_headers target)
+  file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+  set(include_folder ${PROJECT_BINARY_DIR}/include/${target})
+  file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} *.h)
+  foreach(header IN LISTS headers)
+    file(CONFIGURE OUTPUT ${include_folder}/${folder}/${header}
+      CONTENT "#include \"${CMAKE_CURRENT_SOURCE_DIR}/${header}\"\n")
+  endforeach()
+  target_include_directories(${target} PUBLIC ${include_folder})
+endfunction()
+
+# zlt_forms(NAME ...): the same for a folder with Qt classes. A form's .ui stands beside its .cpp;
 # its header is made by a command of its own, so that the build knows who includes it.
-function(zlt_qt_room name)
+function(zlt_forms name)
   zlt_room(${name} ${ARGN})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   cmake_parse_arguments(ROOM "" "" "LINK;SOURCES" ${ARGN})

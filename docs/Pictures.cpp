@@ -15,14 +15,14 @@
 #include <memory>
 
 #include "app/SelectComForm.h"
-#include "link/SearchCom.h"
-#include "panel/MainControlForm.h"
+#include "app/SearchCom.h"
+#include "panel/forms/MainControlForm.h"
 #include "platform_qt/QtProcesses.h"
-#include "programs/ProgramEditor.h"
+#include "programs/forms/ProgramEditor.h"
 #include "support/FormDriver.h"
 #include "support/RealWorld.h"
 #include "support/SimulatedBus.h"
-#include "terminal/CommandLine.h"
+#include "terminal/forms/CommandLine.h"
 
 namespace zlt::pictures {
 namespace {

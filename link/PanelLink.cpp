@@ -5,9 +5,9 @@
 
 namespace zlt {
 
-PanelLink::PanelLink(const Services& services, LinkListener* listener, QObject* owner,
+PanelLink::PanelLink(const Services& services, LinkListener* listener,
                      std::function<void()> portNotTakenBack)
-    : ScreenLink(services, flavours::controlPanel, listener, owner),
+    : ScreenLink(services, flavours::controlPanel, listener),
       m_services(services),
       m_portNotTakenBack(std::move(portNotTakenBack)) {}
 

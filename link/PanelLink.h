@@ -11,7 +11,7 @@ namespace zlt {
 class PanelLink : public ScreenLink {
  public:
     /// `portNotTakenBack` is called when the port cannot be opened again behind a loan.
-    PanelLink(const Services& services, LinkListener* listener, QObject* owner,
+    PanelLink(const Services& services, LinkListener* listener,
               std::function<void()> portNotTakenBack);
 
     LinkHandOver handOver() const;

@@ -11,16 +11,15 @@ constexpr std::string_view noAnswer = "0";
 
 }  // namespace
 
-ScreenLink::ScreenLink(const Services& services, const Flavour& flavour, LinkListener* listener,
-                       QObject* owner)
+ScreenLink::ScreenLink(const Services& services, const Flavour& flavour, LinkListener* listener)
     : m_services(services),
       m_flavour(flavour),
       m_listener(listener),
-      m_port(services.makePort(owner)) {}
+      MSComm1(services.makePort()) {}
 
 bool ScreenLink::openPort() {
     m_lossReported = false;
-    return m_port->open(connection.port, connection.baudRate + ",N,8,1");
+    return MSComm1->open(connection.port, connection.baudRate + ",N,8,1");
 }
 
 void ScreenLink::takeOver(const LinkHandOver& handOver) {
@@ -40,7 +39,7 @@ void ScreenLink::setCommOK(bool connected) {
 }
 
 void ScreenLink::endProgram(int exitCode) {
-    m_port->close();
+    MSComm1->close();
     m_services.programEnd.endProgram(exitCode);
 }
 
@@ -62,7 +61,7 @@ void ScreenLink::sendAll(const std::vector<std::string>& commands) {
 }
 
 void ScreenLink::dropInput() {
-    for (char late = 0; m_port->read(late) == PortInput::character;) {
+    for (char late = 0; MSComm1->read(late) == PortInput::character;) {
     }
 }
 
@@ -71,12 +70,12 @@ ScreenLink::Exchanged ScreenLink::exchange(std::string_view command) {
     if (m_lossReported || (m_flavour.onlyWhileConnected && !m_commOk))
         return {std::string(noAnswer)};
 
-    if (!m_port->write(frameRequest(connection.deviceId, command)))
+    if (!MSComm1->write(frameRequest(connection.deviceId, command)))
         return {{}, &m_flavour.onPortLost, Ending::portLost};
     if (const auto wait = settlingWait(m_flavour.waits, command); wait.count() > 0)
         m_services.waits.sleep(wait);
 
-    const Reading reading = readReply(*m_port, {.end = m_flavour.endOfReply});
+    const Reading reading = readReply(*MSComm1, {.end = m_flavour.endOfReply});
     if (reading.ending == Ending::portLost)
         return {{}, &m_flavour.onPortLost, Ending::portLost};
     if (reading.ending == Ending::timedOut)
@@ -102,7 +101,7 @@ Ending ScreenLink::converse(const RawRequest& request) {
             fail(m_flavour.onPortLost, request.command, Ending::portLost);
         return Ending::portLost;
     };
-    if (!m_port->write(frameRequest(request.deviceId, request.command)))
+    if (!MSComm1->write(frameRequest(request.deviceId, request.command)))
         return lost();
     call(request.written);
     if (const auto wait = settlingWait(longProgramWaits, request.command); wait.count() > 0)
@@ -111,7 +110,7 @@ Ending ScreenLink::converse(const RawRequest& request) {
     if (!request.readsReply)
         return Ending::reply;
     const Reading reading =
-        readReply(*m_port, {.emptyReadsAllowed = request.emptyReadsAllowed}, request.character);
+        readReply(*MSComm1, {.emptyReadsAllowed = request.emptyReadsAllowed}, request.character);
     return reading.ending == Ending::portLost ? lost() : reading.ending;
 }
 
@@ -131,7 +130,7 @@ std::string ScreenLink::fail(const Reaction& reaction, std::string_view command,
         if (reaction.appended == Reaction::Appended::command)
             text += utf8FromLatin1(command);
         else if (reaction.appended == Reaction::Appended::portError)
-            text += m_port->errorText();
+            text += MSComm1->errorText();
         m_services.gate.message(text);
     }
 

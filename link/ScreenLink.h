@@ -49,10 +49,8 @@ struct LinkHandOver {
 /// One screen's link to its controller: the port it owns, the two flags and the exchange.
 class ScreenLink {
  public:
-    /// `listener` may be null, so may `owner`, the screen that the link belongs to. `flavour`,
-    /// `services` and `owner` outlive the link.
-    ScreenLink(const Services& services, const Flavour& flavour, LinkListener* listener,
-               QObject* owner = nullptr);
+    /// `listener` may be null. `flavour` and `services` outlive the link.
+    ScreenLink(const Services& services, const Flavour& flavour, LinkListener* listener);
 
     /// Sends one command to the addressed controller and returns its reply without header and
     /// carriage return, or "0" when there was none. Blocks until the exchange is over. Never
@@ -81,7 +79,7 @@ class ScreenLink {
     /// Opens the port with the connection's number and baud rate. False when that fails; the
     /// flags are the caller's to set.
     bool openPort();
-    void closePort() { m_port->close(); }
+    void closePort() { MSComm1->close(); }
 
     /// Closes the port and ends the program. Does not return.
     [[noreturn]] void endProgram(int exitCode);
@@ -109,7 +107,7 @@ class ScreenLink {
     const Services& m_services;
     const Flavour& m_flavour;
     LinkListener* m_listener;
-    std::unique_ptr<Port> m_port;
+    std::unique_ptr<Port> MSComm1;
     bool m_commOk = false;
     bool m_lossReported = false;
 };

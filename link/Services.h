@@ -12,8 +12,6 @@
 #include "platform/ProgramEnd.h"
 #include "platform/Waits.h"
 
-class QObject;
-
 namespace zlt {
 
 /// What every screen needs of the world outside. All of it outlives the screens.
@@ -27,8 +25,8 @@ struct Services {
     /// The folder of the executable, which holds the external tools' folder. Empty when its name
     /// is no valid text.
     std::filesystem::path ownFolder;
-    /// Makes the port object that a screen owns; `owner` is that screen, or null.
-    std::function<std::unique_ptr<Port>(QObject* owner)> makePort;
+    /// Makes the port object that a screen owns.
+    std::function<std::unique_ptr<Port>()> makePort;
 };
 
 }  // namespace zlt

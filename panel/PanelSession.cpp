@@ -19,8 +19,8 @@ constexpr std::string_view unknown = "???";
 
 }  // namespace
 
-PanelSession::PanelSession(const Services& services, PanelView& view, QObject* owner)
-    : link(services, this, owner, [this] { failLoad(); }), m_services(services), m_view(view) {}
+PanelSession::PanelSession(const Services& services, PanelView& view)
+    : link(services, this, [this] { failLoad(); }), m_services(services), m_view(view) {}
 
 // Load
 

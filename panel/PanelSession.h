@@ -11,8 +11,7 @@ namespace zlt {
 /// poll, probe, demo and device switch. Shows everything through the view.
 class PanelSession : private LinkListener {
  public:
-    /// `owner` is the panel's screen, for the port.
-    PanelSession(const Services& services, PanelView& view, QObject* owner);
+    PanelSession(const Services& services, PanelView& view);
 
     /// Opens the port, identifies the controller and reads once what does not change. False
     /// when that fails, which the operator has been told then: the poll must stay off.

@@ -14,11 +14,11 @@ constexpr std::string_view changeTitle = "Device ID";
 }  // namespace
 
 ParameterTransfer::ParameterTransfer(const Services& services, const LinkHandOver& handOver,
-                                     ParameterView& view, QObject* owner)
+                                     ParameterView& view)
     : m_services(services),
       m_view(view),
       m_firmware(handOver.firmware),
-      m_link(services, flavours::parameterSetup, nullptr, owner) {
+      m_link(services, flavours::parameterSetup, nullptr) {
     m_link.takeOver(handOver);
 }
 

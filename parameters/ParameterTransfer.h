@@ -11,9 +11,7 @@ namespace zlt {
 /// exchange has shown its message and cleared the connected flag; nothing is sent after it.
 class ParameterTransfer {
  public:
-    /// `owner` is the screen, for the port.
-    ParameterTransfer(const Services& services, const LinkHandOver& handOver, ParameterView& view,
-                      QObject* owner);
+    ParameterTransfer(const Services& services, const LinkHandOver& handOver, ParameterView& view);
 
     /// Opens the port where the caller's was open. What fails here is told by the upload.
     void openPort() { m_link.openHandedOverPort(); }

@@ -1,7 +1,5 @@
 #include "programs/ProgramState.h"
 
-#include "widgets/ReadOut.h"
-
 namespace zlt {
 
 std::optional<std::string_view> programStateText(std::int32_t code) {
@@ -17,13 +15,6 @@ std::optional<std::string_view> programStateText(std::int32_t code) {
         default:
             return std::nullopt;
     }
-}
-
-void showProgramState(ReadOut& readOut, std::string_view text) {
-    using Meaning = ReadOut::Meaning;
-    readOut.showState(text, text == programStateText(1)   ? Meaning::underWay
-                            : text == programStateText(4) ? Meaning::atFault
-                                                          : Meaning::atRest);
 }
 
 }  // namespace zlt

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "link/PortObstacle.h"
+#include "link/serial/PortObstacle.h"
 #include "support/World.h"
 
 namespace zlt::test {

@@ -11,15 +11,15 @@
 #include <memory>
 
 #include "app/SelectComForm.h"
-#include "link/SearchCom.h"
-#include "panel/MainControlForm.h"
-#include "parameters/SetupParameters.h"
-#include "programs/ViewCompiledForm.h"
-#include "programs/XThreadForm.h"
+#include "app/SearchCom.h"
+#include "panel/forms/MainControlForm.h"
+#include "parameters/forms/SetupParameters.h"
+#include "programs/forms/ViewCompiledForm.h"
+#include "programs/forms/XThreadForm.h"
 #include "support/FormDriver.h"
 #include "support/World.h"
-#include "terminal/TerminalForm.h"
-#include "terminal/VariableForm.h"
+#include "terminal/forms/TerminalForm.h"
+#include "terminal/forms/VariableForm.h"
 
 namespace zlt::test {
 namespace {

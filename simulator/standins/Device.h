@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "link/PortDirectory.h"
-#include "link/QtSerialPort.h"
+#include "link/serial/PortDirectory.h"
+#include "link/serial/QtSerialPort.h"
 #include "simulator/standins/Tool.h"
 
 namespace zlt::standins {

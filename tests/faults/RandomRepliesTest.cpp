@@ -6,11 +6,11 @@
 #include <QApplication>
 #include <random>
 
-#include "panel/MainControlForm.h"
-#include "parameters/SetupParameters.h"
-#include "programs/XThreadForm.h"
+#include "panel/forms/MainControlForm.h"
+#include "parameters/forms/SetupParameters.h"
+#include "programs/forms/XThreadForm.h"
 #include "support/World.h"
-#include "terminal/VariableForm.h"
+#include "terminal/forms/VariableForm.h"
 
 namespace zlt::test {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "tests/fuzz/Check.h"
+#include "Check.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     zlt::fuzz::check({reinterpret_cast<const char*>(data), size});

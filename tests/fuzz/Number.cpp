@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "platform/NumberConversion.h"
-#include "tests/fuzz/Check.h"
+#include "Check.h"
 
 namespace zlt::fuzz {
 namespace {

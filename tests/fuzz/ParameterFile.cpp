@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "platform/Lines.h"
-#include "tests/fuzz/Check.h"
+#include "Check.h"
 
 void zlt::fuzz::check(std::string_view input) {
     std::vector<FieldText> fields;

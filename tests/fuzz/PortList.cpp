@@ -2,7 +2,7 @@
 
 #include "link/PortList.h"
 
-#include "tests/fuzz/Check.h"
+#include "Check.h"
 
 void zlt::fuzz::check(std::string_view input) {
     const auto ports = parsePortList(input);

@@ -3,7 +3,7 @@
 
 #include "programs/ProgramText.h"
 
-#include "tests/fuzz/Check.h"
+#include "Check.h"
 
 namespace zlt::fuzz {
 namespace {

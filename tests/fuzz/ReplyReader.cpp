@@ -5,7 +5,7 @@
 
 #include "link/Exchange.h"
 #include "link/Framing.h"
-#include "tests/fuzz/Check.h"
+#include "Check.h"
 
 namespace zlt::fuzz {
 namespace {

@@ -4,7 +4,7 @@
 #include "link/Settings.h"
 
 #include "link/Values.h"
-#include "tests/fuzz/Check.h"
+#include "Check.h"
 
 void zlt::fuzz::check(std::string_view input) {
     const Settings read = readSettings(std::string(input));

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "tests/fuzz/Check.h"
+#include "Check.h"
 
 void zlt::fuzz::check(std::string_view input) {
     const std::string result(input);

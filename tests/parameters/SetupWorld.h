@@ -6,8 +6,8 @@
 #include <QLineEdit>
 #include <memory>
 
-#include "parameters/ChangeMark.h"
-#include "parameters/SetupParameters.h"
+#include "parameters/forms/ChangeMark.h"
+#include "parameters/forms/SetupParameters.h"
 #include "support/FormDriver.h"
 #include "support/World.h"
 

@@ -1,8 +1,8 @@
 #include <filesystem>
 
 #include "LoadedPanel.h"
-#include "programs/ProgramEditor.h"
-#include "programs/ProgramFrame.h"
+#include "programs/forms/ProgramEditor.h"
+#include "programs/forms/ProgramFrame.h"
 
 namespace zlt::test {
 namespace {

@@ -4,7 +4,7 @@
 #include <QGuiApplication>
 #include <QTest>
 
-#include "programs/ProgramEditor.h"
+#include "programs/forms/ProgramEditor.h"
 #include "programs/ProgramText.h"
 
 namespace zlt::test {

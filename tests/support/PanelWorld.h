@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/MainControlForm.h"
+#include "panel/forms/MainControlForm.h"
 #include "support/FormDriver.h"
 #include "support/World.h"
 

@@ -3,7 +3,7 @@
 #include <QTest>
 #include <fstream>
 
-#include "link/QtSerialPort.h"
+#include "link/serial/QtSerialPort.h"
 #include "platform_qt/ThreadWaits.h"
 #include "support/World.h"
 
@@ -12,9 +12,8 @@ namespace zlt::test {
 /// A world whose ports and waits are real: the port list leads to pseudo-terminals.
 struct RealWorld : World {
     ThreadWaits realWaits;
-    Services real = servicesWith(realWaits, [this](QObject* owner) {
-        return std::make_unique<QtSerialPort>(directory, owner);
-    });
+    Services real =
+        servicesWith(realWaits, [this] { return std::make_unique<QtSerialPort>(directory); });
 
     /// Leads COM1 to this device from now on.
     void listPort(const std::string& device) {

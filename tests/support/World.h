@@ -2,7 +2,7 @@
 
 #include <QTemporaryDir>
 
-#include "link/PortDirectory.h"
+#include "link/serial/PortDirectory.h"
 #include "platform_qt/QtFiles.h"
 #include "support/RecordingGate.h"
 #include "support/ScriptedBus.h"
@@ -45,7 +45,7 @@ struct World {
 
     /// The services of this world with these waits and ports.
     Services servicesWith(Waits& pauses, decltype(Services::makePort) makePort);
-    Services services = servicesWith(waits, [this](QObject*) { return bus.makePort(); });
+    Services services = servicesWith(waits, [this] { return bus.makePort(); });
 
     /// The reply table of a controller with this firmware, at rest.
     void answerAsController(const std::string& version = "V322");

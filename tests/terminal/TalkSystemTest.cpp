@@ -5,11 +5,11 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 
-#include "link/SearchCom.h"
+#include "app/SearchCom.h"
 #include "support/FormDriver.h"
 #include "support/RealWorld.h"
 #include "support/SimulatedBus.h"
-#include "terminal/VariableForm.h"
+#include "terminal/forms/VariableForm.h"
 
 namespace zlt::test {
 namespace {

@@ -9,8 +9,8 @@
 #include <QLineEdit>
 
 #include "support/PanelWorld.h"
-#include "terminal/TerminalForm.h"
-#include "terminal/Transcript.h"
+#include "terminal/forms/TerminalForm.h"
+#include "terminal/forms/Transcript.h"
 
 namespace zlt::test {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "support/FormDriver.h"
 #include "support/World.h"
-#include "terminal/VariableForm.h"
+#include "terminal/forms/VariableForm.h"
 
 namespace zlt::test {
 namespace {

@@ -1,0 +1,158 @@
+#include "link/serial/QtSerialPort.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <optional>
+#include <system_error>
+
+#include "link/serial/SerialHandle.h"
+#include "platform/NumberConversion.h"
+
+namespace zlt {
+namespace {
+
+/// Unread bytes of a line that babbles while nobody asks are kept up to here.
+constexpr qint64 unreadBytesKept = 64 * 1024;
+/// A line that takes no byte for so long is lost.
+constexpr int blockedOutputMs = 500;
+
+/// The system's own words for a device that went away.
+std::string inputOutputError() {
+    return std::make_error_code(std::errc::io_error).message();
+}
+
+std::string deviceBusy() {
+    return std::make_error_code(std::errc::device_or_resource_busy).message();
+}
+
+/// The baud rate of "9600,N,8,1"; nothing when it is no positive whole number or something
+/// else stands behind it.
+std::optional<qint32> baudRateOf(std::string_view settings) {
+    constexpr std::string_view lineFormat = ",N,8,1";
+    if (!settings.ends_with(lineFormat))
+        return std::nullopt;
+    settings.remove_suffix(lineFormat.size());
+    if (settings.find('.') != std::string_view::npos)
+        return std::nullopt;
+    const auto baudRate = parseInteger(settings);
+    return baudRate && *baudRate > 0 ? baudRate : std::nullopt;
+}
+
+}  // namespace
+
+QtSerialPort::QtSerialPort(PortDirectory& directory, QObject* owner)
+    : m_directory(directory), m_serial(owner) {
+    m_serial.setObjectName(QStringLiteral("MSComm1"));
+    m_serial.setReadBufferSize(unreadBytesKept);
+    // A port left open on an idle screen would otherwise spin after a hang-up.
+    QObject::connect(&m_serial, &QSerialPort::errorOccurred, &m_serial,
+                     [this](QSerialPort::SerialPortError error) {
+                         const bool harmless = error == QSerialPort::NoError ||
+                                               error == QSerialPort::TimeoutError ||
+                                               error == QSerialPort::UnsupportedOperationError;
+                         if (!harmless && m_serial.isOpen())
+                             lose(inputOutputError());
+                     });
+}
+
+bool QtSerialPort::open(PortNumber number, std::string_view settings) {
+    close();
+    const auto device = m_directory.device(number);
+    const auto baudRate = baudRateOf(settings);
+    m_errorText.clear();
+    if (!device)
+        m_errorText = "No device stands behind " + portText(number);
+    else if (!baudRate)
+        m_errorText = "The baud rate is not a positive whole number";
+    else
+        openDevice(*device, *baudRate);
+    m_directory.noteOpening(number, m_errorText);
+    return isOpen();
+}
+
+void QtSerialPort::openDevice(const std::string& device, qint32 baudRate) {
+    // One name for one device, so that the lock file of a link's target is met too.
+    const std::string path = canonicalDevice(device);
+    m_serial.setPortName(QFile::decodeName(path.c_str()));
+    m_serial.setDataBits(QSerialPort::Data8);
+    m_serial.setParity(QSerialPort::NoParity);
+    m_serial.setStopBits(QSerialPort::OneStop);
+    m_serial.setFlowControl(QSerialPort::NoFlowControl);
+    if (!m_serial.open(QIODevice::ReadWrite) || !m_serial.setBaudRate(baudRate))
+        return lose(heldByAnother(path) ? deviceBusy() : m_serial.errorString().toStdString());
+    if (!takeExclusively(m_serial.handle()))
+        return lose(deviceBusy());
+    askForLowLatency(m_serial.handle());
+    m_serial.setDataTerminalReady(false);  // a pseudo-terminal has no such line: no error
+    m_serial.clear();                      // what came before is no answer to anything
+}
+
+bool QtSerialPort::heldByAnother(const std::string& device) const {
+    // Qt calls another program's lock file a matter of permission too.
+    return m_serial.error() == QSerialPort::PermissionError && mayReadAndWrite(device);
+}
+
+void QtSerialPort::close() {
+    if (m_serial.isOpen())
+        m_serial.close();
+}
+
+void QtSerialPort::lose(std::string reason) {
+    m_errorText = std::move(reason);
+    close();
+}
+
+bool QtSerialPort::write(std::string_view bytes) {
+    if (!isOpen()) {
+        if (m_errorText.empty())
+            m_errorText = "The port is not open";
+        return false;
+    }
+    m_serial.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    QElapsedTimer sinceProgress;
+    sinceProgress.start();
+    for (qint64 left = m_serial.bytesToWrite(); isOpen() && left > 0;) {
+        // While the read buffer is full Qt's wait fails at once, for want of room to read into.
+        const bool written = m_serial.bytesAvailable() >= unreadBytesKept
+                                 ? m_serial.flush()
+                                 : m_serial.waitForBytesWritten(blockedOutputMs);
+        if (!isOpen())
+            break;
+        if (!written && m_serial.error() != QSerialPort::TimeoutError) {
+            lose(inputOutputError());
+            break;
+        }
+        const qint64 now = m_serial.bytesToWrite();
+        if (now < left)
+            sinceProgress.restart();
+        else if (sinceProgress.hasExpired(blockedOutputMs))
+            lose("The port takes no more characters");
+        left = now;
+    }
+    return isOpen();
+}
+
+PortInput QtSerialPort::read(char& character) {
+    if (!isOpen())
+        return PortInput::lost;
+    if (m_serial.bytesAvailable() == 0 && !waitForBytes(0))
+        return PortInput::lost;
+    return m_serial.read(&character, 1) == 1 ? PortInput::character : PortInput::nothing;
+}
+
+PortInput QtSerialPort::waitForInput(std::chrono::milliseconds time) {
+    if (!isOpen() || !waitForBytes(static_cast<int>(time.count())))
+        return PortInput::lost;
+    return m_serial.bytesAvailable() > 0 ? PortInput::character : PortInput::nothing;
+}
+
+bool QtSerialPort::waitForBytes(int milliseconds) {
+    if (m_serial.waitForReadyRead(milliseconds) || m_serial.bytesAvailable() > 0)
+        return true;
+    if (isOpen() && m_serial.error() == QSerialPort::TimeoutError)
+        return true;
+    lose(inputOutputError());
+    return false;
+}
+
+}  // namespace zlt

@@ -1,0 +1,40 @@
+#include "parameters/forms/ChangeMark.h"
+
+#include <QPainter>
+#include <algorithm>
+
+namespace zlt {
+
+ChangeMark::ChangeMark(QWidget* parent) : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void ChangeMark::showState(State state, const QString& reason) {
+    setToolTip(reason);
+    if (m_state == state)
+        return;
+    m_state = state;
+    update();
+}
+
+QSize ChangeMark::sizeHint() const {
+    const int side = fontMetrics().height() * 2 / 3;
+    return {side, side};
+}
+
+void ChangeMark::paintEvent(QPaintEvent*) {
+    if (m_state == State::same)
+        return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    constexpr qreal ring = 1.5;
+    const qreal side = std::min(width(), height()) - 2 * ring;
+    const QRectF circle((width() - side) / 2, (height() - side) / 2, side, side);
+    const bool differs = m_state == State::differs;
+    const QColor colour = palette().color(differs ? QPalette::Highlight : QPalette::WindowText);
+    painter.setPen(QPen(colour, ring));
+    painter.setBrush(differs ? QBrush(colour) : QBrush(Qt::NoBrush));
+    painter.drawEllipse(circle);
+}
+
+}  // namespace zlt

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "parameters/ParameterFiles.h"
+#include "parameters/ParameterTransfer.h"
+#include "parameters/forms/ParameterControl.h"
+#include "widgets/LinkedScreen.h"
+
+namespace Ui {
+class SetupParameters;
+}
+
+namespace zlt {
+
+/// The screen of the controller's parameter set: reads and writes it as a whole, stores it to
+/// flash, keeps it in files. Has the port to itself while it is open.
+class SetupParameters : public LinkedScreen, private ParameterView {
+    Q_OBJECT
+
+ public:
+    /// `handOver` is the calling screen's link; its port is closed by now.
+    SetupParameters(const Services& world, const LinkHandOver& handOver, QWidget* parent);
+    ~SetupParameters() override;
+
+    /// Opens the port and reads the set, before the screen is shown: its messages stand over
+    /// the calling screen. Part of the caller's handler; passes an end of the program on.
+    void Form_Load();
+
+ private:
+    void UploadPar_Click();
+    void DownloadPar_Click();
+    void SaveParameters_Click();
+    void OpenParameters_Click();
+    void SetSN_Click();
+    void Close_Click();
+
+    void closeScreen() override { Close_Click(); }
+    void connectHandlers();
+    void fillBoxes();
+    /// Runs a transfer under the busy cursor, with what it does told on the screen.
+    void work(void (ParameterTransfer::*transfer)());
+    ParameterControl& control(ParameterField field);
+    void compareAll();
+
+    ParameterValues values() const override;
+    void showField(ParameterField field, const std::string& text) override;
+    void disable(ParameterField field) override;
+    void showActivity(Activity activity) override;
+    void showDeviceCopy(const DeviceCopy& copy) override;
+
+    std::unique_ptr<Ui::SetupParameters> m_ui;
+    ParameterTransfer m_transfer;
+    ParameterFiles m_files;
+    std::vector<ParameterControl> m_controls;  ///< in the order of ParameterField
+};
+
+}  // namespace zlt

@@ -1,0 +1,73 @@
+#include "programs/forms/ProgramFrame.h"
+
+#include "programs/forms/ViewCompiledForm.h"
+#include "ui_ProgramFrame.h"
+#include "widgets/WireText.h"
+
+namespace zlt {
+
+ProgramFrame::ProgramFrame(QWidget* parent)
+    : QGroupBox(parent), m_ui(std::make_unique<Ui::ProgramFrame>()) {
+    m_ui->setupUi(this);
+    connect(m_ui->OrgProgram->document(), &QTextDocument::modificationChanged, this,
+            [this](bool modified) {
+                setTitle(modified ? tr("Program \u2013 not saved") : tr("Program"));
+            });
+}
+
+ProgramFrame::~ProgramFrame() = default;
+
+void ProgramFrame::connectTo(Handlers& handlers, const Services& services, ProgramActions& actions,
+                             ProgramTransfer& transfer) {
+    m_services = &services;
+    handlers.onClick(*m_ui->NewProg, [&](bool) { actions.NewProg_Click(); });
+    handlers.onClick(*m_ui->OpenProg, [&](bool) { actions.OpenProg_Click(); });
+    handlers.onClick(*m_ui->SaveProg, [&](bool) { actions.SaveProg_Click(); });
+    handlers.onClick(*m_ui->ViewCompiled, [&](bool) { actions.ViewCompiled_Click(); });
+    // The tools may take their time, and the screen stands still meanwhile.
+    const auto onLongClick = [&](QAbstractButton& button, std::function<void()> work) {
+        handlers.onClick(button, [work = std::move(work)](bool) {
+            const BusyCursor busy;
+            work();
+        });
+    };
+    onLongClick(*m_ui->CompileAll, [&] { actions.CompileAll_Click(); });
+    onLongClick(*m_ui->DownloadSAP, [&] { transfer.DownloadSAP_Click(); });
+    onLongClick(*m_ui->UploadSAP, [&] { transfer.UploadSAP_Click(); });
+    onLongClick(*m_ui->clearSpace, [&] { transfer.clearSpace_Click(); });
+}
+
+void ProgramFrame::focusProgram() {
+    m_ui->OrgProgram->setFocus(Qt::OtherFocusReason);
+}
+
+std::string ProgramFrame::program() const {
+    return m_ui->OrgProgram->program();
+}
+
+bool ProgramFrame::programEmpty() const {
+    return m_ui->OrgProgram->document()->isEmpty();
+}
+
+void ProgramFrame::setProgram(std::string_view text) {
+    m_ui->OrgProgram->setProgram(text);
+}
+
+void ProgramFrame::markSaved() {
+    m_ui->OrgProgram->document()->setModified(false);
+}
+
+void ProgramFrame::SelectEditorLine(int line) {
+    m_ui->OrgProgram->SelectEditorLine(line);
+}
+
+void ProgramFrame::showCompiledLines(std::string_view caption) {
+    m_ui->CompiledLines->setText(shownText(caption));
+}
+
+void ProgramFrame::showListing(std::string_view listing) {
+    ViewCompiledForm viewer(*m_services, listing, window());
+    viewer.showModal();
+}
+
+}  // namespace zlt

@@ -1,0 +1,97 @@
+#include "terminal/forms/TerminalForm.h"
+
+#include "platform/FileNames.h"
+#include "terminal/forms/AddressField.h"
+#include "ui_TerminalForm.h"
+#include "widgets/WireText.h"
+
+namespace zlt {
+
+TerminalForm::TerminalForm(const Services& world, const LinkHandOver& handedOver, QWidget* parent)
+    : LinkedScreen(world, parent),
+      m_ui(std::make_unique<Ui::TerminalForm>()),
+      m_link(services(), flavours::terminal, nullptr) {
+    m_ui->setupUi(this);
+    m_link.takeOver(handedOver);
+    teachManners();
+    connectHandlers();
+}
+
+TerminalForm::~TerminalForm() = default;
+
+void TerminalForm::connectHandlers() {
+    handlers.connect(m_ui->SendText, &CommandLine::entered, this, &TerminalForm::SendText_Enter);
+    handlers.connect(m_ui->SendText, &CommandLine::recalled, this, &TerminalForm::SendText_Recall);
+    handlers.connect(m_ui->SendText, &CommandLine::older, this, &TerminalForm::SendText_Older);
+    handlers.connect(m_ui->SendText, &CommandLine::newer, this, &TerminalForm::SendText_Newer);
+    handlers.onClick(*m_ui->Command2, [this](bool) { Command2_Click(); });
+    handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
+    connectAbort(*m_ui->stopBox, m_link.connection.deviceId, [this] { ISTOP_Press(); });
+}
+
+void TerminalForm::Form_Load() {
+    handlers.runWithinCaller([this] {
+        const BusyCursor busy;
+        m_ui->DeviceID->setText(shownText(m_link.connection.deviceId));
+        if (!m_link.PortReady)
+            services().gate.message("Communication port not open!");
+        m_link.openHandedOverPort();  // without it each command says so
+    });
+}
+
+void TerminalForm::showEvent(QShowEvent* event) {
+    Screen::showEvent(event);
+    m_ui->SendText->setFocus();
+}
+
+void TerminalForm::SendText_Enter() {
+    const std::string command = m_ui->SendText->command();
+    m_lastCommand = m_ui->SendText->text();
+    if (command.empty())
+        return;
+    m_ui->SendText->clear();
+    m_ui->SendText->repaint();
+    const auto address = readAddress(*m_ui->DeviceID, services().gate);
+    if (!address)
+        return;
+    m_history.add(m_lastCommand.toStdString());
+    talkInTranscript(m_link, *address, command, *m_ui->Pad);
+    m_ui->Pad->placeCaret();
+    m_ui->SendText->setFocus();
+}
+
+void TerminalForm::SendText_Recall() {
+    m_ui->SendText->setText(m_lastCommand);
+}
+
+void TerminalForm::SendText_Older() {
+    m_ui->SendText->setText(fromUtf8(m_history.older(m_ui->SendText->text().toStdString())));
+}
+
+void TerminalForm::SendText_Newer() {
+    m_ui->SendText->setText(fromUtf8(m_history.newer(m_ui->SendText->text().toStdString())));
+}
+
+void TerminalForm::Command2_Click() {
+    const auto name = chooseSaveName(
+        services().gate, {"Save Terminal Text As", "Terminal Text Files (*.txt)|*.txt", {}},
+        "No Program Name!");
+    if (!name)
+        return;
+    const auto failure = services().files.writeWhole(*name, savedTranscript(m_ui->Pad->text()));
+    services().gate.message(failure ? "The text could not be saved in " + utf8FromPath(*name) +
+                                          ": " + *failure
+                                    : "Save Done!");
+}
+
+void TerminalForm::ISTOP_Press() {
+    talkInTranscript(m_link, m_link.connection.deviceId, "ABORT", *m_ui->Pad);
+    m_ui->Pad->placeCaret();
+}
+
+void TerminalForm::Close_Click() {
+    m_link.closePort();
+    done(Accepted);
+}
+
+}  // namespace zlt

@@ -1,0 +1,60 @@
+#include "terminal/forms/Transcript.h"
+
+#include <QScrollBar>
+#include <QTextCursor>
+
+#include "widgets/CopiedText.h"
+#include "widgets/WireText.h"
+
+namespace zlt {
+
+Transcript::Transcript(QWidget* parent) : QPlainTextEdit(parent) {
+    setReadOnly(true);
+    setUndoRedoEnabled(false);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setTabChangesFocus(true);
+    setWordWrapMode(QTextOption::WrapAnywhere);
+    QFont font(QStringLiteral("Courier"));
+    font.setStyleHint(QFont::Monospace);
+    font.setFixedPitch(true);
+    setFont(font);
+}
+
+void Transcript::add(std::string_view text) {
+    m_text += text;
+    m_pending += text;
+    showPending();
+}
+
+void Transcript::grow(char character) {
+    m_text += character;
+    m_pending += character;
+    if (m_pace.due())
+        showPending();
+}
+
+void Transcript::showPending() {
+    // CR LF is one position in the widget.
+    std::erase(m_pending, '\r');
+    QTextCursor end(document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(shownText(m_pending));
+    m_pending.clear();
+    verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+    viewport()->repaint();
+}
+
+void Transcript::placeCaret() {
+    QTextCursor caret(document());
+    caret.movePosition(QTextCursor::End);
+    caret.movePosition(QTextCursor::PreviousCharacter);
+    caret.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    caret.setKeepPositionOnInsert(true);  // what comes next is no part of the selection
+    setTextCursor(caret);
+}
+
+QMimeData* Transcript::createMimeDataFromSelection() const {
+    return copiedText(textCursor());
+}
+
+}  // namespace zlt
