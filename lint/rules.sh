@@ -57,7 +57,7 @@ house_rules() {
         '\bon_[A-Za-z0-9]+_\w+\s*\(' $code
     forbid "Waits go through platform/Waits.h, so that a test need not wait." \
         'this_thread::sleep_|QThread::[mu]?sleep|\b(u|nano)sleep\s*\(' \
-        $code ':!platform_qt' ':!simulator' ':!bench' ':!tests' ':!fuzz'
+        $code ':!platform_qt' ':!simulator' ':!bench' ':!tests'
     forbid "No blanks at the end of a line, no tabs." '[ \t]+$|\t' ':!*corpus*'
     last_lines
     forbid "A path of one machine is of no use on another." \

@@ -10,8 +10,8 @@ namespace {
 using Answer = Commands::Answer;
 using Value = std::int64_t;
 
-constexpr Value lowest = std::numeric_limits<std::int32_t>::min();
-constexpr Value highest = std::numeric_limits<std::int32_t>::max();
+constexpr Value least = std::numeric_limits<std::int32_t>::min();
+constexpr Value most = std::numeric_limits<std::int32_t>::max();
 
 Answer ok(bool done = true) {
     return done ? Answer{"OK"} : Answer{};
@@ -139,10 +139,10 @@ const Commands::Plain Commands::plainTable[] = {
 const std::size_t Commands::plainCount = std::size(plainTable);
 
 const Commands::Numbered Commands::numberedTable[] = {
-    {"X", 0, lowest, highest, move},
+    {"X", 0, least, most, move},
     {"SSPD", 0, 1, 5000000, [](auto& c, Value v) { return ok(c.m_axis.changeSpeed(v)); }},
-    {"PX=", 0, lowest, highest, [](auto& c, Value v) { return c.m_axis.setCounter(v), ok(); }},
-    {"EX=", 0, lowest, highest, [](auto& c, Value v) { return c.m_axis.setEncoder(v), ok(); }},
+    {"PX=", 0, least, most, [](auto& c, Value v) { return c.m_axis.setCounter(v), ok(); }},
+    {"EX=", 0, least, most, [](auto& c, Value v) { return c.m_axis.setEncoder(v), ok(); }},
     {"EO=", 0, 0, 1, [](auto& c, Value v) { return c.m_axis.setEnabled(v != 0), ok(); }},
     {"MS=", 0, 1, 16, microstep},
     {"DB=", 0, 1, 5, [](auto& c, Value v) { return c.m_working.baudCode = v, ok(); }},
@@ -152,7 +152,7 @@ const Commands::Numbered Commands::numberedTable[] = {
     {"DO3=", 0, 0, 1, writeOutput<3>},
     {"LT=", 0, 0, 1, [](auto& c, Value v) { return c.m_latch = v, ok(); }},
     {"SYNC=", 0, 1, 3, [](auto& c, Value v) { return c.m_syncMode = v, ok(); }},
-    {"SYNP=", 0, lowest, highest, [](auto& c, Value v) { return c.m_syncPosition = v, ok(); }},
+    {"SYNP=", 0, least, most, [](auto& c, Value v) { return c.m_syncPosition = v, ok(); }},
     {"SR=", 0, 0, 3, runAll},
     {"SR0=", 0, 0, 3, run<0>},
     {"SR1=", 322, 0, 3, run<1>},
