@@ -32,7 +32,7 @@ control panel at its poll, and the start.
 
 Options parseOptions(const std::vector<std::string>& arguments) {
     Options options;
-    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument)
         if (*argument == "--help")
             options.help = true;
         else if (*argument == "--check")
@@ -47,7 +47,6 @@ Options parseOptions(const std::vector<std::string>& arguments) {
             options.firstPaint = *++argument;
         else
             throw std::invalid_argument("unknown option: " + *argument);
-    }
     return options;
 }
 

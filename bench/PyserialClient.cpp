@@ -38,12 +38,11 @@ void PyserialClient::runRound(long exchanges, Samples& samples) {
                 "installed, --python says for which interpreter");
     std::istringstream times(m_script.readLine().toStdString());
     long long taken = 0;
-    for (long number = -warmUps; times >> taken; ++number) {
+    for (long number = -warmUps; times >> taken; ++number)
         if (taken < 0)
             ++samples.lost;
         else if (number >= 0)
             samples.taken.emplace_back(taken);
-    }
 }
 
 }  // namespace zlt::bench

@@ -8,35 +8,6 @@ forbid() {
     return 0
 }
 
-# arrows PATHS : ROOMS: the files of PATHS include, of the project, only what is in ROOMS.
-arrows() {
-    local paths="" rooms=""
-    while [ "$1" != : ]; do paths="$paths $1"; shift; done
-    shift
-    rooms=$(IFS='|'; echo "$*")
-    # The word splitting of $paths is meant.
-    forbid "This file may include only files of: $* (as \"room/File.h\")." \
-        "^\s*#\s*include\s*\"(?!(?:$rooms)/|ui_\w+\.h\")" $paths
-}
-
-include_arrows() {
-    arrows platform : platform
-    arrows link ':!link/SearchCom.*' : platform link
-    arrows 'link/SearchCom.*' widgets : platform link widgets
-    arrows widgets : platform link widgets
-    local room
-    for room in programs parameters terminal; do
-        arrows $room : platform link widgets $room
-    done
-    arrows panel : platform link widgets programs parameters terminal panel
-    arrows platform_qt : platform platform_qt
-    arrows app : platform link widgets programs parameters terminal panel platform_qt app
-    arrows simulator ':!simulator/standins' : simulator
-    arrows simulator/standins : simulator/standins platform link
-    forbid "These rooms are plain C++, without Qt." '^\s*#\s*include\s*<Q' \
-        platform simulator ':!simulator/standins'
-}
-
 last_lines() {
     local file
     for file in $(git grep -Il '' -- ':!*corpus*'); do
@@ -57,12 +28,11 @@ house_rules() {
         '\bon_[A-Za-z0-9]+_\w+\s*\(' $code
     forbid "Waits go through platform/Waits.h, so that a test need not wait." \
         'this_thread::sleep_|QThread::[mu]?sleep|\b(u|nano)sleep\s*\(' \
-        $code ':!platform_qt' ':!simulator' ':!bench' ':!tests' ':!fuzz'
+        $code ':!platform_qt' ':!simulator' ':!bench' ':!tests'
     forbid "No blanks at the end of a line, no tabs." '[ \t]+$|\t' ':!*corpus*'
     last_lines
     forbid "A path of one machine is of no use on another." \
         '(?<![\w.$}/])/(home|root|work|Users)/\w' ':!lint'
-    include_arrows
     set +f
     return $broken
 }

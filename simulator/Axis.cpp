@@ -5,22 +5,21 @@
 #include <utility>
 
 namespace zlt::sim {
-
 namespace {
 
-constexpr unsigned kNegativeLimitError = 64;
-constexpr unsigned kPositiveLimitError = 128;
+constexpr unsigned negativeLimitError = 64;
+constexpr unsigned positiveLimitError = 128;
 
 unsigned limitError(int sign) {
-    return sign < 0 ? kNegativeLimitError : kPositiveLimitError;
+    return sign < 0 ? negativeLimitError : positiveLimitError;
 }
 
-// The counters of the controller are 32 bits wide and run over at their ends.
+/// The counters of the controller are 32 bits wide and run over at their ends.
 std::int64_t asCounter(std::int64_t value) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
 }
 
-// Searches for an edge slowly once the fast approach is over.
+/// The speed in which an edge is looked for once the fast approach is over.
 double searchSpeed(const Ramp& ramp) {
     return std::max(1.0, static_cast<double>(ramp.speed) / 4);
 }
@@ -40,55 +39,51 @@ void Axis::start(std::vector<Stage> stages, const Ramp& ramp) {
 
 bool Axis::jog(Direction direction, const Ramp& ramp) {
     const int sign = static_cast<int>(direction);
-    if (!mayStart(sign, ramp)) {
+    if (!mayStart(sign, ramp))
         return false;
-    }
-    start({{Until::Stopped, sign, static_cast<double>(ramp.speed)}}, ramp);
+    start({{Until::stopped, sign, static_cast<double>(ramp.speed)}}, ramp);
     return true;
 }
 
 bool Axis::moveTo(std::int64_t counter, const Ramp& ramp) {
     const auto target = static_cast<double>(counter + m_counterOffset);
     const int sign = target < m_position ? -1 : 1;
-    if (!mayStart(sign, ramp)) {
+    if (!mayStart(sign, ramp))
         return false;
-    }
-    if (target != m_position) {
-        start({{Until::Target, sign, static_cast<double>(ramp.speed), target}}, ramp);
-    }
+    if (target != m_position)
+        start({{Until::target, sign, static_cast<double>(ramp.speed), target}}, ramp);
     return true;
 }
 
 bool Axis::home(Homing kind, Direction direction, const Ramp& ramp, std::int64_t correction) {
     const int sign = static_cast<int>(direction);
-    if (!mayStart(sign, ramp)) {
+    if (!mayStart(sign, ramp))
         return false;
-    }
     const auto fast = static_cast<double>(ramp.speed);
     const double slow = searchSpeed(ramp);
     const auto back = static_cast<double>(correction);
-    const Stage returnStage{Until::Target, -sign, slow};
+    const Stage returnStage{Until::target, -sign, slow};
     switch (kind) {
-        case Homing::HomeSwitch:
-            start({{Until::Home, sign, fast, 0, false, true}}, ramp);
+        case Homing::homeSwitch:
+            start({{Until::home, sign, fast, 0, false, true}}, ramp);
             break;
-        case Homing::HomeSwitchLowSpeed:
-            start({{Until::Home, sign, fast, 0, false, false, back},
+        case Homing::homeSwitchLowSpeed:
+            start({{Until::home, sign, fast, 0, false, false, back},
                    returnStage,
-                   {Until::Home, sign, slow, 0, true, true}},
+                   {Until::home, sign, slow, 0, true, true}},
                   ramp);
             break;
-        case Homing::Limit: {
+        case Homing::limit: {
             Stage last = returnStage;
             last.zero = true;
-            start({{Until::Limit, sign, fast, 0, true, false, back}, last}, ramp);
+            start({{Until::limit, sign, fast, 0, true, false, back}, last}, ramp);
             break;
         }
-        case Homing::HomeSwitchAndIndex:
-            start({{Until::Home, sign, fast}, {Until::Index, sign, slow, 0, true, true}}, ramp);
+        case Homing::homeSwitchAndIndex:
+            start({{Until::home, sign, fast}, {Until::index, sign, slow, 0, true, true}}, ramp);
             break;
-        case Homing::Index:
-            start({{Until::Index, sign, slow, 0, true, true}}, ramp);
+        case Homing::index:
+            start({{Until::index, sign, slow, 0, true, true}}, ramp);
             break;
     }
     return true;
@@ -97,7 +92,7 @@ bool Axis::home(Homing kind, Direction direction, const Ramp& ramp, std::int64_t
 void Axis::stop() {
     if (moving()) {
         m_stages.resize(1, m_stages.front());
-        m_stages.front().until = Until::Stopped;
+        m_stages.front().until = Until::stopped;
         m_stopping = true;
     }
 }
@@ -107,17 +102,15 @@ void Axis::abort() {
 }
 
 bool Axis::changeSpeed(std::int64_t speed) {
-    if (!moving() || m_stopping || speed <= 0) {
+    if (!moving() || m_stopping || speed <= 0)
         return false;
-    }
     m_stages.front().speed = static_cast<double>(speed);
     return true;
 }
 
 void Axis::setEnabled(bool enabled) {
-    if (!enabled) {
+    if (!enabled)
         halt();
-    }
     m_enabled = enabled;
 }
 

@@ -5,16 +5,15 @@
 #include <utility>
 
 namespace zlt::sim {
-
 namespace {
 
-// A client that asks without listening is not answered beyond this many bytes.
-constexpr std::size_t kMostOutgoing = 65536;
-// Babble at full speed would keep a core busy on an unpaced line.
-constexpr Time kBabblePause = std::chrono::microseconds(300);
-// As with a real line, a client that writes faster than the wire is held up by its own buffer.
-constexpr Time kLongestBacklog = std::chrono::milliseconds(250);
-constexpr int kBitsPerByte = 10;  // start, eight, stop
+/// A client that asks without listening is not answered beyond this many bytes.
+constexpr std::size_t mostOutgoing = 65536;
+/// Babble at full speed would keep a core busy on an unpaced line.
+constexpr Time babblePause = std::chrono::microseconds(300);
+/// As with a real line, a client that writes faster than the wire is held up by its own buffer.
+constexpr Time longestBacklog = std::chrono::milliseconds(250);
+constexpr int bitsPerByte = 10;  // start, eight, stop
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
@@ -34,21 +33,18 @@ std::optional<RequestReader::Request> RequestReader::take(char byte) {
         m_started = true;
         return {};
     }
-    if (!m_started) {
+    if (!m_started)
         return {};
-    }
     if (byte != '\r') {
         m_text += byte;
-        if (m_text.size() > kLongestRequest) {
+        if (m_text.size() > longestRequest)
             reset();
-        }
         return {};
     }
     const std::string text = std::exchange(m_text, {});
     m_started = false;
-    if (text.size() < 2 || !isDigit(text[0]) || !isDigit(text[1])) {
+    if (text.size() < 2 || !isDigit(text[0]) || !isDigit(text[1]))
         return {};
-    }
     return Request{(text[0] - '0') * 10 + (text[1] - '0'), text.substr(2)};
 }
 
@@ -61,22 +57,21 @@ Bus::Bus(std::vector<Controller> controllers, bool paced)
     : m_controllers(std::move(controllers)), m_paced(paced) {}
 
 Time Bus::byteTime(long baud) const {
-    return m_paced && baud > 0 ? Time(std::chrono::seconds(kBitsPerByte)) / baud : Time{0};
+    return m_paced && baud > 0 ? Time(std::chrono::seconds(bitsPerByte)) / baud : Time{0};
 }
 
 void Bus::receive(std::string_view bytes, long baud, Time now) {
     m_requestEnd = std::max(m_requestEnd, now);
     for (const char byte : bytes) {
         m_requestEnd += byteTime(baud);
-        if (const auto request = m_reader.take(byte)) {
+        if (const auto request = m_reader.take(byte))
             serve(*request, baud, now);
-        }
     }
 }
 
 std::optional<Time> Bus::deafUntil(Time now) const {
     const Time backlog = m_requestEnd - now;
-    return backlog > kLongestBacklog ? std::optional{m_requestEnd - kLongestBacklog} : std::nullopt;
+    return backlog > longestBacklog ? std::optional{m_requestEnd - longestBacklog} : std::nullopt;
 }
 
 void Bus::serve(const RequestReader::Request& request, long baud, Time now) {
@@ -87,13 +82,11 @@ void Bus::serve(const RequestReader::Request& request, long baud, Time now) {
     }
     for (Controller& controller : m_controllers) {
         const bool broadcast = request.id == 0;
-        if (controller.baud() != baud || (!broadcast && controller.id() != request.id)) {
+        if (controller.baud() != baud || (!broadcast && controller.id() != request.id))
             continue;
-        }
         const std::string answer = controller.execute(request.command, m_requestEnd);
-        if (broadcast || m_faults.silent) {
+        if (broadcast || m_faults.silent)
             continue;
-        }
         const std::string header = controller.namesItselfInReplies() ? replyHeader(controller) : "";
         send(spoiled(m_faults, request.command, header, answer, m_random), baud,
              m_requestEnd + m_faults.delay);
@@ -101,13 +94,11 @@ void Bus::serve(const RequestReader::Request& request, long baud, Time now) {
 }
 
 void Bus::send(std::string_view bytes, long baud, Time earliest) {
-    if (m_outgoing.size() + bytes.size() > kMostOutgoing) {
+    if (m_outgoing.size() + bytes.size() > mostOutgoing)
         return;
-    }
     const Time start = std::max(earliest, m_lineFree);
-    if (m_listener) {
+    if (m_listener)
         m_listener(start, true, bytes);
-    }
     const Time pause = std::max(byteTime(baud), m_faults.drip);
     Time when = start + byteTime(baud);
     for (const char byte : bytes) {
@@ -125,19 +116,17 @@ std::string Bus::take(long baud, Time now) {
     }
     if (m_faults.babble && m_nextBabble <= now) {
         bytes += 'A';
-        m_nextBabble = now + std::max({byteTime(baud), kBabblePause, m_faults.drip});
+        m_nextBabble = now + std::max({byteTime(baud), babblePause, m_faults.drip});
     }
     return bytes;
 }
 
 std::optional<Time> Bus::nextDue() const {
     std::optional<Time> due;
-    if (!m_outgoing.empty()) {
+    if (!m_outgoing.empty())
         due = m_outgoing.front().when;
-    }
-    if (m_faults.babble) {
+    if (m_faults.babble)
         due = std::min(due.value_or(m_nextBabble), m_nextBabble);
-    }
     return due;
 }
 
@@ -148,9 +137,8 @@ void Bus::reset() {
 }
 
 void Bus::advance(Time now) {
-    for (Controller& controller : m_controllers) {
+    for (Controller& controller : m_controllers)
         controller.advance(now);
-    }
 }
 
 bool Bus::busy() const {

@@ -5,14 +5,13 @@
 #include "simulator/Controller.h"
 
 namespace zlt::sim {
-
 namespace {
 
 using Answer = Commands::Answer;
 using Value = std::int64_t;
 
-constexpr Value kLowest = std::numeric_limits<std::int32_t>::min();
-constexpr Value kHighest = std::numeric_limits<std::int32_t>::max();
+constexpr Value least = std::numeric_limits<std::int32_t>::min();
+constexpr Value most = std::numeric_limits<std::int32_t>::max();
 
 Answer ok(bool done = true) {
     return done ? Answer{"OK"} : Answer{};
@@ -32,7 +31,7 @@ Answer Commands::jog(Controller& c) {
 template <Homing kind, Direction direction>
 Answer Commands::home(Controller& c) {
     const Parameters& p = c.m_working;
-    const Value correction = kind == Homing::Limit ? p.limitCorrection : p.homeCorrection;
+    const Value correction = kind == Homing::limit ? p.limitCorrection : p.homeCorrection;
     return ok(c.m_axis.home(kind, direction, c.ramp(), correction));
 }
 
@@ -64,9 +63,8 @@ Answer Commands::run(Controller& c, Value code) {
 }
 
 Answer Commands::current(Controller& c) {
-    if (!c.m_axis.enabled()) {
+    if (!c.m_axis.enabled())
         return number(0);
-    }
     return number(c.m_axis.moving() ? c.m_working.runCurrent : c.m_working.idleCurrent);
 }
 
@@ -81,9 +79,8 @@ Answer Commands::store(Controller& c) {
 }
 
 Answer Commands::clearProgram(Controller& c) {
-    if (c.m_program.active()) {
+    if (c.m_program.active())
         return {};
-    }
     c.m_program.store().clear();
     return ok();
 }
@@ -91,7 +88,7 @@ Answer Commands::clearProgram(Controller& c) {
 using enum Homing;
 using enum Direction;
 
-const Commands::Plain Commands::kPlain[] = {
+const Commands::Plain Commands::plainTable[] = {
     {"VER", 0, [](auto& c) { return Answer{"V" + std::to_string(c.m_firmware)}; }},
     {"ID", 0, [](auto& c) { return Answer{c.m_product}; }},
     {"DB", 0, [](auto& c) { return number(codeOfBaud(c.m_baud)); }},
@@ -108,18 +105,18 @@ const Commands::Plain Commands::kPlain[] = {
     {"CLR", 0, [](auto& c) { return c.m_axis.clearErrors(), c.m_program.clearErrors(), ok(); }},
     {"STOP", 0, [](auto& c) { return c.m_axis.stop(), ok(); }},
     {"ABORT", 0, [](auto& c) { return c.m_axis.abort(), ok(); }},
-    {"J+", 0, jog<Plus>},
-    {"J-", 0, jog<Minus>},
-    {"H+", 0, home<HomeSwitch, Plus>},
-    {"H-", 0, home<HomeSwitch, Minus>},
-    {"HL+", 322, home<HomeSwitchLowSpeed, Plus>},
-    {"HL-", 322, home<HomeSwitchLowSpeed, Minus>},
-    {"L+", 322, home<Limit, Plus>},
-    {"L-", 322, home<Limit, Minus>},
-    {"ZH+", 0, home<HomeSwitchAndIndex, Plus>},
-    {"ZH-", 0, home<HomeSwitchAndIndex, Minus>},
-    {"Z+", 0, home<Index, Plus>},
-    {"Z-", 0, home<Index, Minus>},
+    {"J+", 0, jog<plus>},
+    {"J-", 0, jog<minus>},
+    {"H+", 0, home<homeSwitch, plus>},
+    {"H-", 0, home<homeSwitch, minus>},
+    {"HL+", 322, home<homeSwitchLowSpeed, plus>},
+    {"HL-", 322, home<homeSwitchLowSpeed, minus>},
+    {"L+", 322, home<limit, plus>},
+    {"L-", 322, home<limit, minus>},
+    {"ZH+", 0, home<homeSwitchAndIndex, plus>},
+    {"ZH-", 0, home<homeSwitchAndIndex, minus>},
+    {"Z+", 0, home<index, plus>},
+    {"Z-", 0, home<index, minus>},
     {"DO", 317, readOutput<1>},
     {"DO1", 0, readOutput<1>},
     {"DO2", 0, readOutput<2>},
@@ -139,13 +136,13 @@ const Commands::Plain Commands::kPlain[] = {
     {"SAPN", 0, [](auto& c) { return number(std::ssize(c.m_program.store().lines())); }},
     {"SAPC", 0, clearProgram},
 };
-const std::size_t Commands::kPlainCount = std::size(kPlain);
+const std::size_t Commands::plainCount = std::size(plainTable);
 
-const Commands::Numbered Commands::kNumbered[] = {
-    {"X", 0, kLowest, kHighest, move},
+const Commands::Numbered Commands::numberedTable[] = {
+    {"X", 0, least, most, move},
     {"SSPD", 0, 1, 5000000, [](auto& c, Value v) { return ok(c.m_axis.changeSpeed(v)); }},
-    {"PX=", 0, kLowest, kHighest, [](auto& c, Value v) { return c.m_axis.setCounter(v), ok(); }},
-    {"EX=", 0, kLowest, kHighest, [](auto& c, Value v) { return c.m_axis.setEncoder(v), ok(); }},
+    {"PX=", 0, least, most, [](auto& c, Value v) { return c.m_axis.setCounter(v), ok(); }},
+    {"EX=", 0, least, most, [](auto& c, Value v) { return c.m_axis.setEncoder(v), ok(); }},
     {"EO=", 0, 0, 1, [](auto& c, Value v) { return c.m_axis.setEnabled(v != 0), ok(); }},
     {"MS=", 0, 1, 16, microstep},
     {"DB=", 0, 1, 5, [](auto& c, Value v) { return c.m_working.baudCode = v, ok(); }},
@@ -155,22 +152,21 @@ const Commands::Numbered Commands::kNumbered[] = {
     {"DO3=", 0, 0, 1, writeOutput<3>},
     {"LT=", 0, 0, 1, [](auto& c, Value v) { return c.m_latch = v, ok(); }},
     {"SYNC=", 0, 1, 3, [](auto& c, Value v) { return c.m_syncMode = v, ok(); }},
-    {"SYNP=", 0, kLowest, kHighest, [](auto& c, Value v) { return c.m_syncPosition = v, ok(); }},
+    {"SYNP=", 0, least, most, [](auto& c, Value v) { return c.m_syncPosition = v, ok(); }},
     {"SR=", 0, 0, 3, runAll},
     {"SR0=", 0, 0, 3, run<0>},
     {"SR1=", 322, 0, 3, run<1>},
 };
-const std::size_t Commands::kNumberedCount = std::size(kNumbered);
+const std::size_t Commands::numberedCount = std::size(numberedTable);
 
 Answer Commands::microstep(Controller& c, Value v) {
     const bool known = v == 1 || v == 2 || v == 4 || v == 16;
-    if (known) {
+    if (known)
         c.m_working.microstep = v;
-    }
     return ok(known);
 }
 
-// The program as a whole is thread 0 alone where the firmware has no second thread.
+/// The program as a whole is thread 0 alone where the firmware has no second thread.
 Answer Commands::runAll(Controller& c, Value code) {
     return c.m_firmware < 322 ? run<0>(c, code)
                               : ok(c.m_program.commandAll(static_cast<int>(code), c.m_now));

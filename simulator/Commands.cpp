@@ -9,47 +9,41 @@
 namespace zlt::sim {
 
 std::optional<std::int64_t> wholeNumber(std::string_view text) {
-    if (text.starts_with('+') && text.find('-') == std::string_view::npos) {
+    if (text.starts_with('+') && text.find('-') == std::string_view::npos)
         text.remove_prefix(1);
-    }
     std::int32_t value = 0;
     const char* end = text.data() + text.size();
     const auto [stopped, error] = std::from_chars(text.data(), end, value);
-    if (text.empty() || error != std::errc{} || stopped != end) {
+    if (text.empty() || error != std::errc{} || stopped != end)
         return {};
-    }
     return value;
 }
 
 Commands::Answer Commands::execute(Controller& controller, std::string_view command) {
-    for (const auto part : {&plain, &parameter, &variable, &deviceName, &programLine, &numbered}) {
-        if (auto answer = part(controller, command)) {
+    for (const auto part : {&plain, &parameter, &variable, &deviceName, &programLine, &numbered})
+        if (auto answer = part(controller, command))
             return answer;
-        }
-    }
     return {};
 }
 
 Commands::Answer Commands::plain(Controller& controller, std::string_view command) {
-    for (std::size_t i = 0; i < kPlainCount; ++i) {
-        if (kPlain[i].text == command) {
-            return controller.m_firmware >= kPlain[i].firmware ? kPlain[i].act(controller)
-                                                               : Answer{};
+    for (std::size_t i = 0; i < plainCount; ++i) {
+        if (plainTable[i].text == command) {
+            return controller.m_firmware >= plainTable[i].firmware ? plainTable[i].act(controller)
+                                                                   : Answer{};
         }
     }
     return {};
 }
 
 Commands::Answer Commands::numbered(Controller& controller, std::string_view command) {
-    for (std::size_t i = 0; i < kNumberedCount; ++i) {
-        const Numbered& row = kNumbered[i];
-        if (!command.starts_with(row.text) || controller.m_firmware < row.firmware) {
+    for (std::size_t i = 0; i < numberedCount; ++i) {
+        const Numbered& row = numberedTable[i];
+        if (!command.starts_with(row.text) || controller.m_firmware < row.firmware)
             continue;
-        }
         const auto value = wholeNumber(command.substr(row.text.size()));
-        if (value && *value >= row.lowest && *value <= row.highest) {
+        if (value && *value >= row.lowest && *value <= row.highest)
             return row.act(controller, *value);
-        }
     }
     return {};
 }
@@ -58,39 +52,33 @@ Commands::Answer Commands::parameter(Controller& controller, std::string_view co
     const auto equals = command.find('=');
     const auto name = command.substr(0, equals);
     for (const ParameterRow& row : parameterRows()) {
-        if (row.name != name || controller.m_firmware < row.firmware) {
+        if (row.name != name || controller.m_firmware < row.firmware)
             continue;
-        }
         std::int64_t& field = controller.m_working.*row.field;
-        if (equals == std::string_view::npos) {
+        if (equals == std::string_view::npos)
             return std::to_string(field);
-        }
         const auto value = wholeNumber(command.substr(equals + 1));
         if (!value || *value < row.lowest || *value > row.highest ||
-            (row.onlyWhileStill && controller.m_axis.moving())) {
+            (row.onlyWhileStill && controller.m_axis.moving()))
             return {};
-        }
         field = *value;
         return "OK";
     }
     return {};
 }
 
-// "V0" to "V31" and "V0=" to "V31=", without leading zeros.
+/// "V0" to "V31" and "V0=" to "V31=", without leading zeros.
 Commands::Answer Commands::variable(Controller& controller, std::string_view command) {
     const auto equals = command.find('=');
     const auto name = command.substr(0, equals);
     for (std::size_t i = 0; i < controller.m_variables.size(); ++i) {
-        if (name != "V" + std::to_string(i)) {
+        if (name != "V" + std::to_string(i))
             continue;
-        }
-        if (equals == std::string_view::npos) {
+        if (equals == std::string_view::npos)
             return std::to_string(controller.m_variables[i]);
-        }
         const auto value = wholeNumber(command.substr(equals + 1));
-        if (!value) {
+        if (!value)
             return {};
-        }
         controller.m_variables[i] = *value;
         return "OK";
     }
@@ -103,28 +91,25 @@ Commands::Answer Commands::deviceName(Controller& controller, std::string_view c
         std::snprintf(name, sizeof name, "ZLD%02d", controller.m_id);
         return name;
     }
-    constexpr std::string_view kWrite = "DN=ZLD";
-    if (!command.starts_with(kWrite) || command.size() != kWrite.size() + 2 ||
-        command.find_first_not_of("0123456789", kWrite.size()) != std::string_view::npos ||
-        command.ends_with("00")) {
+    constexpr std::string_view setting = "DN=ZLD";
+    if (!command.starts_with(setting) || command.size() != setting.size() + 2 ||
+        command.find_first_not_of("0123456789", setting.size()) != std::string_view::npos ||
+        command.ends_with("00"))
         return {};
-    }
-    controller.m_working.id = *wholeNumber(command.substr(kWrite.size()));
+    controller.m_working.id = *wholeNumber(command.substr(setting.size()));
     return "OK";
 }
 
-// "SAPW<line>=<text>" writes a line of the program memory, "SAPR<line>" reads one.
+/// "SAPW<line>=<text>" writes a line of the program memory, "SAPR<line>" reads one.
 Commands::Answer Commands::programLine(Controller& controller, std::string_view command) {
     const bool write = command.starts_with("SAPW");
-    if (!write && !command.starts_with("SAPR")) {
+    if (!write && !command.starts_with("SAPR"))
         return {};
-    }
     command.remove_prefix(4);
     const auto equals = write ? command.find('=') : command.size();
     const auto line = wholeNumber(command.substr(0, equals));
-    if (!line || *line < 0 || equals == std::string_view::npos) {
+    if (!line || *line < 0 || equals == std::string_view::npos)
         return {};
-    }
     auto& store = controller.m_program.store();
     const auto index = static_cast<std::size_t>(*line);
     if (write) {

@@ -12,16 +12,18 @@ namespace zlt::sim {
 
 class Controller;
 
-// The command vocabulary: tables of command, oldest firmware that knows it, and what it does.
+/// The command vocabulary: tables of command, oldest firmware that knows it, and what it does.
 struct Commands {
-    using Answer = std::optional<std::string>;  // nothing: refused
+    using Answer = std::optional<std::string>;  ///< empty: refused
 
-    struct Plain {  // the whole command
+    /// A command that is one fixed text.
+    struct Plain {
         std::string_view text;
         int firmware;
         Answer (*act)(Controller&);
     };
-    struct Numbered {  // a text with a whole number behind it
+    /// A command that is a text followed by a whole number.
+    struct Numbered {
         std::string_view text;
         int firmware;
         std::int64_t lowest;
@@ -29,6 +31,7 @@ struct Commands {
         Answer (*act)(Controller&, std::int64_t);
     };
 
+    /// Carries out one command, without its framing.
     static Answer execute(Controller& controller, std::string_view command);
 
  private:
@@ -60,13 +63,13 @@ struct Commands {
     static Answer store(Controller& controller);
     static Answer clearProgram(Controller& controller);
 
-    static const Plain kPlain[];
-    static const std::size_t kPlainCount;
-    static const Numbered kNumbered[];
-    static const std::size_t kNumberedCount;
+    static const Plain plainTable[];
+    static const std::size_t plainCount;
+    static const Numbered numberedTable[];
+    static const std::size_t numberedCount;
 };
 
-// A decimal whole number of 32 bits with an optional sign and nothing else; nothing otherwise.
+/// A decimal whole number of 32 bits with an optional sign and nothing else; nothing otherwise.
 std::optional<std::int64_t> wholeNumber(std::string_view text);
 
 }  // namespace zlt::sim

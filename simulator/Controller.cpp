@@ -5,18 +5,16 @@
 #include "simulator/Commands.h"
 
 namespace zlt::sim {
-
 namespace {
 
-// The variables from here on are kept in flash the moment they are written.
-constexpr std::size_t kFirstKeptVariable = 16;
-constexpr std::size_t kLongestEcho = 32;
+/// The variables from here on are kept in flash the moment they are written.
+constexpr std::size_t firstKeptVariable = 16;
+constexpr std::size_t longestEcho = 32;
 
 std::string refusal(std::string_view command) {
     std::string text = "?";
-    for (const char c : command.substr(0, kLongestEcho)) {
+    for (const char c : command.substr(0, longestEcho))
         text += c >= ' ' && c <= '~' ? c : '.';
-    }
     return text;
 }
 
@@ -51,10 +49,9 @@ void Controller::powerCycle(Time now) {
     advance(now);
     m_working = m_flash;
     m_id = static_cast<int>(m_flash.id);
-    if (const long baud = baudOfCode(m_flash.baudCode); baud != 0) {
+    if (const long baud = baudOfCode(m_flash.baudCode); baud != 0)
         m_baud = baud;
-    }
-    std::fill_n(m_variables.begin(), kFirstKeptVariable, 0);
+    std::fill_n(m_variables.begin(), firstKeptVariable, 0);
     m_axis.powerUp();
     m_incremental = false;
     m_latch = 0;
@@ -63,11 +60,9 @@ void Controller::powerCycle(Time now) {
     m_syncOn = false;
     m_outputs = m_firmware >= 322 ? static_cast<unsigned>(m_flash.outputsAtBoot) : 0;
     m_program.powerUp();
-    for (int thread = 0; thread < (m_firmware >= 322 ? 2 : 1); ++thread) {
-        if ((m_flash.bootFlags >> thread & 1) != 0) {
+    for (int thread = 0; thread < (m_firmware >= 322 ? 2 : 1); ++thread)
+        if ((m_flash.bootFlags >> thread & 1) != 0)
             m_program.command(thread, 1, m_now);
-        }
-    }
 }
 
 void Controller::replaceId(int id) {
@@ -86,11 +81,10 @@ bool Controller::syncCondition() const {
     }
 }
 
-// The synchronisation output is the first digital output: while it is on, the position rules it.
+/// The synchronisation output is the first digital output: while it is on, the position rules it.
 unsigned Controller::outputs() const {
-    if (!m_syncOn) {
+    if (!m_syncOn)
         return m_outputs;
-    }
     return (m_outputs & ~1U) | (syncCondition() ? 1U : 0U);
 }
 

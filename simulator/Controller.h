@@ -12,37 +12,37 @@
 
 namespace zlt::sim {
 
-// What a controller is when it leaves the factory.
+/// What a controller is when it leaves the factory.
 struct ControllerSetup {
-    int id = 1;          // 1 to 99
-    int firmware = 322;  // "VER" answers "V" and this
+    int id = 1;          ///< 1 to 99
+    int firmware = 322;  ///< "VER" answers "V" and this
     long baud = 9600;
-    std::string product = "ZLT-R-NX-42";  // what "ID" answers
+    std::string product = "ZLT-R-NX-42";  ///< what "ID" answers
     bool nameInReplies = false;
     AxisLayout layout = {};
 };
 
-// One simulated controller: it knows nothing of bytes and lines, only commands and answers.
+/// One simulated controller: it knows nothing of bytes and lines, only commands and answers.
 class Controller {
  public:
     explicit Controller(const ControllerSetup& setup);
 
-    // Carries out a command without its framing and gives the answer without its end. Settings
-    // answer "OK"; what is unknown, malformed, refused, or missing in this firmware answers "?"
-    // and the command.
+    /// Carries out a command without its framing and gives the answer without its end. Settings
+    /// answer "OK"; what is unknown, malformed, refused, or missing in this firmware answers "?"
+    /// and the command.
     std::string execute(std::string_view command, Time now);
-    // Lets time pass for the axis and the program.
+    /// Lets time pass for the axis and the program.
     void advance(Time now);
-    // Off and on again: the flash copy becomes the working copy.
+    /// Off and on again: the flash copy becomes the working copy.
     void powerCycle(Time now);
 
     [[nodiscard]] int id() const { return m_id; }
     [[nodiscard]] long baud() const { return m_baud; }
     [[nodiscard]] int firmware() const { return m_firmware; }
     [[nodiscard]] bool namesItselfInReplies() const { return m_working.nameInReplies != 0; }
-    // Whether something happens by itself: the axis moves or the program runs.
+    /// Whether something happens by itself: the axis moves or the program runs.
     [[nodiscard]] bool busy() const { return m_axis.moving() || m_program.active(); }
-    // Changes of hand, as if another controller had been wired in; flash included.
+    /// As if another controller had been wired in, with its own flash.
     void replaceId(int id);
     void replaceFirmware(int firmware) { m_firmware = firmware; }
 

@@ -17,7 +17,7 @@ Options (those of a port belong to the last --port before them):
                          baud=RATE         9600 19200 38400 57600 115200; it is deaf
                                            to a client that has set another rate
                          product=TEXT      what "ID" answers
-                         rt=0|1            "#" and the digits in front of each reply
+                         rt=0|1            "#" and the digits before each reply
                          limits=LOW:HIGH   limit switches, pulses (-20000:20000)
                          home=N            home switch, pulses (-2000)
                          home-width=N      its width, pulses (200)
@@ -31,13 +31,13 @@ Options (those of a port belong to the last --port before them):
 Lines on standard input: [NAME] WORD..., without NAME for all ports. A wrong line is
 reported on standard error.
   silent | speak       answer no more | answer again
-  delay N              wait N ms in front of each answer; 0 ends it
+  delay N              wait N ms before each answer; 0 ends it
   drip N               wait N ms between bytes; 0 ends it
   babble on|off        a stream of bytes without an end
   garbage on|off       random bytes for answers, with and without an end
   empty on|off         answers that are only a carriage return
   partial on|off       the first half of each answer, without an end
-  stray TEXT           leave TEXT behind after each answer; none ends it
+  stray TEXT           send TEXT after each answer; none ends it
   answer CMD=TEXT      answer TEXT to CMD; CMD alone ends it; where CMD holds an "="
                        write "answer CMD->TEXT". TEXT may hold \r \n \0 \\ \xHH
   normal               end all of the above
@@ -60,11 +60,11 @@ The controllers:
   DO is the first output, DO1; with SYNO the position rules it (SYNC 1 =, 2 <, 3 >).
   H stops by its ramp and is zero at the home switch; HL goes back by HCA pulses and
   comes again at a quarter of the speed; L goes back from the limit by LCA pulses and is
-  zero there; ZH looks for the next index mark behind the home switch; Z for the next
+  zero there; ZH looks for the next index mark past the home switch; Z for the next
   index mark. DL=1 lets moves pass the limits. SCV is kept, but the ramp stays straight.
-  A program without lines goes to error (4) when it is run; CLR or SR=0 mend it.
+  A program without lines goes to error (4) when it is run; CLR or SR=0 clear it.
   A program is text: a line a step each 20 ms, from the top again after the last; it
-  stops at a line END. The part of thread 1 begins at a line PRG 1. No line acts.
+  stops at a line END. The part of thread 1 begins at a line PRG 1. Other lines do nothing.
   Program memory over the bus, kept without STORE, not while a thread is active:
     SAPN         number of lines
     SAPC         clear

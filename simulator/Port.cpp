@@ -8,7 +8,6 @@
 #include "simulator/Text.h"
 
 namespace zlt::sim {
-
 namespace {
 
 std::vector<Controller> makeControllers(const PortOptions& options) {
@@ -19,33 +18,28 @@ std::vector<Controller> makeControllers(const PortOptions& options) {
 
 Port::Port(const PortOptions& options)
     : m_name(options.name), m_bus(makeControllers(options), options.paced) {
-    if (!options.link.empty()) {
+    if (!options.link.empty())
         m_link.emplace(options.link);
-    }
-    for (const std::string& fault : options.faults) {
-        if (const std::string wrong = command(fault, Time{0}); !wrong.empty()) {
+    for (const std::string& fault : options.faults)
+        if (const std::string wrong = command(fault, Time{0}); !wrong.empty())
             throw std::invalid_argument("--fault " + fault + ": " + wrong);
-        }
-    }
 }
 
 void Port::plug() {
     m_bus.reset();
     m_terminal.open(m_bus.controllers().front().baud());
-    if (m_link) {
+    if (m_link)
         m_link->pointTo(m_terminal.path());
-    }
     std::cout << m_name << '=' << m_terminal.path() << std::endl;
 }
 
 void Port::transfer(Time now) {
-    if (!m_terminal.isOpen()) {
+    if (!m_terminal.isOpen())
         return;
-    }
     const bool changed = m_terminal.clientChanged();
     if (changed) {
         if (m_bus.deafUntil(now)) {
-            // Left over from a flood whose author has gone.
+            // The rest of what the last client wrote faster than the wire.
             m_terminal.read();
         }
         m_bus.reset();
@@ -54,26 +48,22 @@ void Port::transfer(Time now) {
     // One piece at a time, so that a client that never stops cannot starve the rest.
     if (!m_bus.deafUntil(now)) {
         const std::string bytes = m_terminal.read();
-        if (!bytes.empty() && !changed && !m_terminal.hasClient()) {
+        if (!bytes.empty() && !changed && !m_terminal.hasClient())
             m_terminal.presumeClient();
-        }
         m_bus.receive(bytes, baud, now);
     }
     // Without a client what is sent goes nowhere; kept, it would meet the next one.
     const std::string bytes = m_bus.take(baud, now);
-    if (m_terminal.hasClient()) {
+    if (m_terminal.hasClient())
         m_terminal.write(bytes);
-    }
 }
 
 std::optional<Time> Port::nextDue(Time now) const {
-    if (!m_terminal.isOpen() || !m_terminal.hasClient()) {
+    if (!m_terminal.isOpen() || !m_terminal.hasClient())
         return {};
-    }
     auto due = m_bus.nextDue();
-    if (const auto deaf = m_bus.deafUntil(now)) {
+    if (const auto deaf = m_bus.deafUntil(now))
         due = std::min(due.value_or(*deaf), *deaf);
-    }
     return due;
 }
 
@@ -83,25 +73,23 @@ bool Port::listening(Time now) const {
 
 std::string Port::command(std::string_view line, Time now) {
     bool known = false;
-    if (std::string wrong = m_bus.faults().apply(line, known); known) {
+    if (std::string wrong = m_bus.faults().apply(line, known); known)
         return wrong;
-    }
     const auto [word, rest] = firstWord(line);
-    if (word == "hangup") {
+    if (word == "hangup")
         hangUp();
-    } else if (word == "plug") {
+    else if (word == "plug")
         plug();
-    } else if (word == "power") {
+    else if (word == "power")
         return powerCycle(rest, now);
-    } else if (word == "id") {
+    else if (word == "id")
         return changeId(rest);
-    } else if (word == "firmware") {
+    else if (word == "firmware")
         return changeFirmware(rest);
-    } else if (word == "pace" || word == "unpaced") {
+    else if (word == "pace" || word == "unpaced")
         m_bus.setPaced(word == "pace");
-    } else {
+    else
         return "no such word; --help lists them";
-    }
     return "";
 }
 
@@ -117,15 +105,13 @@ Controller* Port::find(std::string_view id) {
 std::string Port::powerCycle(std::string_view rest, Time now) {
     if (!rest.empty()) {
         Controller* one = find(rest);
-        if (one == nullptr) {
+        if (one == nullptr)
             return "no such controller";
-        }
         one->powerCycle(now);
         return "";
     }
-    for (Controller& controller : m_bus.controllers()) {
+    for (Controller& controller : m_bus.controllers())
         controller.powerCycle(now);
-    }
     return "";
 }
 
@@ -133,9 +119,8 @@ std::string Port::changeId(std::string_view rest) {
     const auto [from, to] = firstWord(rest);
     Controller* controller = find(from);
     const auto id = wholeNumber(to);
-    if (controller == nullptr || !id || *id < 1 || *id > 99) {
+    if (controller == nullptr || !id || *id < 1 || *id > 99)
         return "give the controller's address and a new one, 1 to 99";
-    }
     controller->replaceId(static_cast<int>(*id));
     return "";
 }
@@ -144,14 +129,11 @@ std::string Port::changeFirmware(std::string_view rest) {
     const auto [first, second] = firstWord(rest);
     const auto firmware = wholeNumber(second.empty() ? first : second);
     Controller* one = second.empty() ? nullptr : find(first);
-    if (!firmware || *firmware < 100 || *firmware > 999 || (!second.empty() && one == nullptr)) {
+    if (!firmware || *firmware < 100 || *firmware > 999 || (!second.empty() && one == nullptr))
         return "give a number, 100 to 999, or a controller's address and the number";
-    }
-    for (Controller& controller : m_bus.controllers()) {
-        if (one == nullptr || one == &controller) {
+    for (Controller& controller : m_bus.controllers())
+        if (one == nullptr || one == &controller)
             controller.replaceFirmware(static_cast<int>(*firmware));
-        }
-    }
     return "";
 }
 

@@ -5,8 +5,8 @@
 
 namespace zlt::sim {
 
-// A symbolic link that goes away with the object. An older link of that name is replaced, a file
-// is not. Throws std::system_error.
+/// A symbolic link that goes away with the object. An older link of that name is replaced, a file
+/// is not. Throws std::system_error.
 class PortLink {
  public:
     explicit PortLink(std::string name) : m_name(std::move(name)) {}
@@ -15,7 +15,7 @@ class PortLink {
     PortLink& operator=(PortLink&&) = delete;
 
     void pointTo(const std::string& target);
-    // Takes the link away, unless somebody else has pointed it elsewhere in the meantime.
+    /// Takes the link away, unless somebody else has pointed it elsewhere in the meantime.
     void remove();
 
  private:

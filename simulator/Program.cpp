@@ -4,30 +4,26 @@
 #include <utility>
 
 namespace zlt::sim {
-
 namespace {
 
-constexpr Time kLineTime = std::chrono::milliseconds(20);
+constexpr Time lineTime = std::chrono::milliseconds(20);
 
 std::string_view trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) {
+    if (first == std::string_view::npos)
         return {};
-    }
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
 }  // namespace
 
 bool ProgramStore::write(std::size_t line, std::string_view text) {
-    if (line > m_lines.size() || line >= kMaximumLines || text.size() > kMaximumLineLength) {
+    if (line > m_lines.size() || line >= maximumLines || text.size() > maximumLineLength)
         return false;
-    }
-    if (line == m_lines.size()) {
+    if (line == m_lines.size())
         m_lines.emplace_back(text);
-    } else {
+    else
         m_lines[line] = text;
-    }
     return true;
 }
 
@@ -41,29 +37,26 @@ std::pair<std::size_t, std::size_t> ProgramStore::part(int thread) const {
 bool ProgramThread::command(int code, Time now, std::pair<std::size_t, std::size_t> part) {
     switch (code) {
         case 0:
-            m_state = ThreadState::Idle;
+            m_state = ThreadState::idle;
             m_line = part.first;
             return true;
         case 1:
-            if (m_state == ThreadState::Running) {
+            if (m_state == ThreadState::running)
                 return true;
-            }
             m_line = part.first;
-            m_due = now + kLineTime;
-            m_state = part.first == part.second ? ThreadState::Errored : ThreadState::Running;
+            m_due = now + lineTime;
+            m_state = part.first == part.second ? ThreadState::errored : ThreadState::running;
             return true;
         case 2:
-            if (m_state != ThreadState::Running) {
+            if (m_state != ThreadState::running)
                 return false;
-            }
-            m_state = ThreadState::Paused;
+            m_state = ThreadState::paused;
             return true;
         case 3:
-            if (m_state != ThreadState::Paused) {
+            if (m_state != ThreadState::paused)
                 return false;
-            }
-            m_state = ThreadState::Running;
-            m_due = now + kLineTime;
+            m_state = ThreadState::running;
+            m_due = now + lineTime;
             return true;
         default:
             return false;
@@ -73,25 +66,23 @@ bool ProgramThread::command(int code, Time now, std::pair<std::size_t, std::size
 void ProgramThread::advance(Time now, const ProgramStore& store,
                             std::pair<std::size_t, std::size_t> part) {
     const auto count = static_cast<Time::rep>(part.second - part.first);
-    if (m_state == ThreadState::Running && count > 0 && now - m_due > kLineTime * count) {
-        // Nobody looked for longer than a whole round: leave out rounds that change nothing,
-        // but walk one, which finds an "END" on the way.
-        m_due = now - (now - m_due) % (kLineTime * count) - kLineTime * count;
+    if (m_state == ThreadState::running && count > 0 && now - m_due > lineTime * count) {
+        // More than a whole round has passed since the last call: the rounds that change nothing
+        // are left out but for one, which finds an "END" on the way.
+        m_due = now - (now - m_due) % (lineTime * count) - lineTime * count;
     }
-    while (m_state == ThreadState::Running && m_due <= now) {
-        m_due += kLineTime;
-        if (trimmed(store.lines()[m_line]) == "END") {
-            m_state = ThreadState::Idle;
-        } else if (++m_line >= part.second) {
+    while (m_state == ThreadState::running && m_due <= now) {
+        m_due += lineTime;
+        if (trimmed(store.lines()[m_line]) == "END")
+            m_state = ThreadState::idle;
+        else if (++m_line >= part.second)
             m_line = part.first;
-        }
     }
 }
 
 void ProgramThread::clearError() {
-    if (m_state == ThreadState::Errored) {
-        m_state = ThreadState::Idle;
-    }
+    if (m_state == ThreadState::errored)
+        m_state = ThreadState::idle;
 }
 
 bool Program::command(int thread, int code, Time now) {
@@ -110,9 +101,8 @@ bool Program::commandAll(int code, Time now) {
 }
 
 void Program::advance(Time now) {
-    for (int i = 0; i < 2; ++i) {
+    for (int i = 0; i < 2; ++i)
         m_threads[static_cast<std::size_t>(i)].advance(now, m_store, m_store.part(i));
-    }
 }
 
 void Program::powerUp() {
@@ -121,14 +111,13 @@ void Program::powerUp() {
 }
 
 void Program::clearErrors() {
-    for (auto& thread : m_threads) {
+    for (auto& thread : m_threads)
         thread.clearError();
-    }
 }
 
 bool Program::active() const {
     return std::any_of(m_threads.begin(), m_threads.end(), [](const auto& t) {
-        return t.state() == ThreadState::Running || t.state() == ThreadState::Paused;
+        return t.state() == ThreadState::running || t.state() == ThreadState::paused;
     });
 }
 

@@ -14,7 +14,6 @@
 #include <utility>
 
 namespace zlt::sim {
-
 namespace {
 
 struct Speed {
@@ -22,7 +21,7 @@ struct Speed {
     speed_t code;
 };
 
-constexpr std::array kSpeeds{
+constexpr std::array speeds{
     Speed{1200, B1200},   Speed{2400, B2400},     Speed{4800, B4800},
     Speed{9600, B9600},   Speed{19200, B19200},   Speed{38400, B38400},
     Speed{57600, B57600}, Speed{115200, B115200}, Speed{230400, B230400},
@@ -33,9 +32,8 @@ constexpr std::array kSpeeds{
 }
 
 void closeFile(int& file) {
-    if (file >= 0) {
+    if (file >= 0)
         ::close(std::exchange(file, -1));
-    }
 }
 
 }  // namespace
@@ -49,28 +47,22 @@ void PseudoTerminal::open(long baud) {
     m_master = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
     std::array<char, 128> name{};
     if (m_master < 0 || ::grantpt(m_master) != 0 || ::unlockpt(m_master) != 0 ||
-        ::ptsname_r(m_master, name.data(), name.size()) != 0) {
+        ::ptsname_r(m_master, name.data(), name.size()) != 0)
         fail("cannot make a pseudo-terminal");
-    }
     m_path = name.data();
     m_slave = ::open(m_path.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     termios settings{};
-    if (m_slave < 0 || ::tcgetattr(m_slave, &settings) != 0) {
+    if (m_slave < 0 || ::tcgetattr(m_slave, &settings) != 0)
         fail(m_path);
-    }
     ::cfmakeraw(&settings);
-    for (const Speed& speed : kSpeeds) {
-        if (speed.baud == baud) {
+    for (const Speed& speed : speeds)
+        if (speed.baud == baud)
             ::cfsetspeed(&settings, speed.code);
-        }
-    }
-    if (::tcsetattr(m_slave, TCSANOW, &settings) != 0) {
+    if (::tcsetattr(m_slave, TCSANOW, &settings) != 0)
         fail(m_path);
-    }
     m_watch = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-    if (m_watch < 0 || ::inotify_add_watch(m_watch, m_path.c_str(), IN_OPEN | IN_CLOSE) < 0) {
+    if (m_watch < 0 || ::inotify_add_watch(m_watch, m_path.c_str(), IN_OPEN | IN_CLOSE) < 0)
         fail("cannot watch " + m_path);
-    }
 }
 
 void PseudoTerminal::hangUp() {
@@ -90,26 +82,21 @@ std::string PseudoTerminal::read() {
 void PseudoTerminal::write(std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t count = ::write(m_master, bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR) {
+        if (count < 0 && errno == EINTR)
             continue;
-        }
-        if (count <= 0) {
+        if (count <= 0)
             return;
-        }
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
 }
 
 long PseudoTerminal::baud() const {
     termios settings{};
-    if (::tcgetattr(m_master, &settings) != 0) {
+    if (::tcgetattr(m_master, &settings) != 0)
         return 0;
-    }
-    for (const Speed& speed : kSpeeds) {
-        if (speed.code == ::cfgetospeed(&settings)) {
+    for (const Speed& speed : speeds)
+        if (speed.code == ::cfgetospeed(&settings))
             return speed.baud;
-        }
-    }
     return 0;
 }
 

@@ -18,12 +18,11 @@
 #include "simulator/Text.h"
 
 namespace zlt::sim {
-
 namespace {
 
-constexpr std::size_t kLongestLine = 4096;
-// While something moves it is brought up to date now and then, so that nothing piles up.
-constexpr Time kBusyInterval = std::chrono::milliseconds(200);
+constexpr std::size_t longestLine = 4096;
+/// While something moves it is brought up to date now and then, so that nothing piles up.
+constexpr Time busyInterval = std::chrono::milliseconds(200);
 
 Time monotonicNow() {
     return std::chrono::steady_clock::now().time_since_epoch();
@@ -32,12 +31,10 @@ Time monotonicNow() {
 int openSignals() {
     sigset_t set;
     sigemptyset(&set);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
         sigaddset(&set, signal);
-    }
-    if (::sigprocmask(SIG_BLOCK, &set, nullptr) != 0) {
+    if (::sigprocmask(SIG_BLOCK, &set, nullptr) != 0)
         throw std::system_error(errno, std::generic_category(), "signals");
-    }
     ::signal(SIGPIPE, SIG_IGN);
     return ::signalfd(-1, &set, SFD_NONBLOCK | SFD_CLOEXEC);
 }
@@ -48,9 +45,8 @@ Simulator::Simulator(const Options& options)
     : m_untilInputCloses(options.untilInputCloses), m_signals(openSignals()) {
     // The default lets waits end 50 microseconds late, half a byte at the highest rate.
     ::prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
-    if (!options.logFile.empty()) {
+    if (!options.logFile.empty())
         m_log.emplace(options.logFile, monotonicNow());
-    }
     for (const PortOptions& each : options.ports) {
         Port& port = m_ports.emplace_back(each);
         if (m_log) {
@@ -63,16 +59,14 @@ Simulator::Simulator(const Options& options)
 }
 
 Simulator::~Simulator() {
-    if (m_signals >= 0) {
+    if (m_signals >= 0)
         ::close(m_signals);
-    }
 }
 
 void Simulator::run() {
     while (!m_ended) {
-        for (Port& port : m_ports) {
+        for (Port& port : m_ports)
             port.transfer(monotonicNow());
-        }
         wait();
     }
 }
@@ -83,11 +77,10 @@ std::optional<Time> Simulator::nextDue(Time now) {
         auto next = port.nextDue(now);
         if (port.bus().busy()) {
             port.bus().advance(now);
-            next = std::min(next.value_or(now + kBusyInterval), now + kBusyInterval);
+            next = std::min(next.value_or(now + busyInterval), now + busyInterval);
         }
-        if (next) {
+        if (next)
             due = std::min(due.value_or(*next), *next);
-        }
     }
     return due;
 }
@@ -106,23 +99,19 @@ void Simulator::wait() {
         const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(left);
         timeout = {seconds.count(), (left - seconds).count()};
     }
-    if (::ppoll(files.data(), files.size(), due ? &timeout : nullptr, nullptr) <= 0) {
+    if (::ppoll(files.data(), files.size(), due ? &timeout : nullptr, nullptr) <= 0)
         return;
-    }
-    if (files[0].revents != 0) {
+    if (files[0].revents != 0)
         m_ended = true;
-    }
-    if (files[1].revents != 0) {
+    if (files[1].revents != 0)
         readInput();
-    }
 }
 
 void Simulator::readInput() {
     std::array<char, 4096> buffer{};
     const ssize_t count = ::read(STDIN_FILENO, buffer.data(), buffer.size());
-    if (count < 0 && (errno == EINTR || errno == EAGAIN)) {
+    if (count < 0 && (errno == EINTR || errno == EAGAIN))
         return;
-    }
     if (count <= 0) {
         m_inputOpen = false;
         m_ended = m_ended || m_untilInputCloses;
@@ -135,9 +124,8 @@ void Simulator::readInput() {
         m_input.erase(0, end + 1);
         consoleLine(line);
     }
-    if (m_input.size() > kLongestLine) {
+    if (m_input.size() > longestLine)
         m_input.clear();
-    }
 }
 
 void Simulator::consoleLine(std::string_view line) {
@@ -154,18 +142,16 @@ void Simulator::consoleLine(std::string_view line) {
     const bool one = std::any_of(m_ports.begin(), m_ports.end(),
                                  [&](const Port& port) { return port.name() == name; });
     for (Port& port : m_ports) {
-        if (one && port.name() != name) {
+        if (one && port.name() != name)
             continue;
-        }
         std::string wrong;
         try {
             wrong = port.command(one ? rest : line, monotonicNow());
         } catch (const std::exception& error) {
             wrong = error.what();
         }
-        if (!wrong.empty()) {
+        if (!wrong.empty())
             std::cerr << "zlt-sim: " << line << ": " << wrong << std::endl;
-        }
     }
 }
 

@@ -11,17 +11,17 @@
 
 namespace zlt::sim {
 
-// The whole program: its ports, its console and the loop that waits for either.
+/// The whole program: its ports, its console and the loop that waits for either.
 class Simulator {
  public:
-    // Makes the ports and prints their paths. Throws std::system_error or std::invalid_argument.
+    /// Makes the ports and prints their paths. Throws std::system_error or std::invalid_argument.
     explicit Simulator(const Options& options);
     ~Simulator();
     Simulator(const Simulator&) = delete;
     Simulator& operator=(const Simulator&) = delete;
 
-    // Serves until it is told to end: by SIGINT, SIGTERM, SIGHUP, "quit", or the end of standard
-    // input where that was asked for.
+    /// Serves until it is told to end: by SIGINT, SIGTERM, SIGHUP, "quit", or the end of standard
+    /// input where that was asked for.
     void run();
 
  private:
@@ -30,7 +30,7 @@ class Simulator {
     void readInput();
     void consoleLine(std::string_view line);
 
-    std::deque<Port> m_ports;  // a deque: a port stays where it was made
+    std::deque<Port> m_ports;  ///< a deque: a port stays where it was made
     std::optional<TrafficLog> m_log;
     bool m_untilInputCloses;
     bool m_inputOpen = true;

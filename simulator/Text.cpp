@@ -46,18 +46,16 @@ std::string escaped(std::string_view bytes) {
 }
 
 std::pair<std::string_view, std::string_view> firstWord(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r\n";
-    const auto begin = text.find_first_not_of(kBlanks);
-    if (begin == std::string_view::npos) {
+    constexpr std::string_view blanks = " \t\r\n";
+    const auto begin = text.find_first_not_of(blanks);
+    if (begin == std::string_view::npos)
         return {};
-    }
     text.remove_prefix(begin);
-    const auto end = text.find_first_of(kBlanks);
-    if (end == std::string_view::npos) {
+    const auto end = text.find_first_of(blanks);
+    if (end == std::string_view::npos)
         return {text, {}};
-    }
     auto rest = text.substr(end);
-    const auto next = rest.find_first_not_of(kBlanks);
+    const auto next = rest.find_first_not_of(blanks);
     rest.remove_prefix(next == std::string_view::npos ? rest.size() : next);
     const auto last = rest.find_last_not_of("\r\n");
     return {text.substr(0, end), rest.substr(0, last == std::string_view::npos ? 0 : last + 1)};

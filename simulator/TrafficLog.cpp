@@ -10,9 +10,8 @@ namespace zlt::sim {
 
 TrafficLog::TrafficLog(const std::string& file, Time start)
     : m_file(file, std::ios::trunc), m_start(start) {
-    if (!m_file) {
+    if (!m_file)
         throw std::system_error(errno, std::generic_category(), file);
-    }
 }
 
 void TrafficLog::write(Time when, std::string_view port, bool outgoing, std::string_view bytes) {

@@ -8,11 +8,11 @@
 
 namespace zlt::sim {
 
-// A file with one line for each request and answer: seconds since the start, port, direction,
-// bytes.
+/// A file with one line for each request and answer: seconds since the start, port, direction,
+/// bytes.
 class TrafficLog {
  public:
-    // Replaces the file. Throws std::system_error when it cannot be written.
+    /// Replaces the file. Throws std::system_error when it cannot be written.
     TrafficLog(const std::string& file, Time start);
 
     void write(Time when, std::string_view port, bool outgoing, std::string_view bytes);

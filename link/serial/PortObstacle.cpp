@@ -1,9 +1,9 @@
 #include "link/serial/PortObstacle.h"
 
 #include <QtGlobal>
-#include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <string>
-#include <system_error>
 
 #include "link/serial/SerialHandle.h"
 
@@ -22,20 +22,37 @@ namespace {
 
 #ifdef Q_OS_UNIX
 
-/// Whether a character device is a terminal, by what Linux's sysfs files it under. The slave
-/// ends of pseudo-terminals (major numbers 136 to 143) are not listed there.
+#ifdef Q_OS_LINUX
+/// A line of /proc/tty/drivers: "usbserial            /dev/ttyUSB   188 0-511 serial" (the name in
+/// front may hold blanks). Whether the driver has this device.
+bool drives(const std::string& line, dev_t device) {
+    const auto path = line.find(" /dev/");
+    if (path == std::string::npos)
+        return false;
+    std::istringstream fields(line.substr(path));
+    std::string prefix;
+    unsigned kind = 0, first = 0;
+    fields >> prefix >> kind >> first;
+    unsigned last = first;
+    if (fields.peek() == '-')
+        fields.ignore() >> last;
+    return kind == major(device) && first <= minor(device) && minor(device) <= last;
+}
+#endif
+
+/// Whether a character device is a terminal, by what the kernel says of its number: to open it
+/// and ask would raise its lines.
 bool isTerminal(const struct stat& status) {
     if (!S_ISCHR(status.st_mode))
         return false;
 #ifdef Q_OS_LINUX
-    const unsigned kind = major(status.st_rdev);
-    if (kind >= 136 && kind <= 143)
+    std::ifstream drivers("/proc/tty/drivers");
+    if (!drivers)
         return true;
-    const auto place = "/sys/dev/char/" + std::to_string(kind) + ":" +
-                       std::to_string(minor(status.st_rdev)) + "/subsystem";
-    std::error_code unknown;
-    const auto subsystem = std::filesystem::read_symlink(place, unknown);
-    return unknown || subsystem.filename() == "tty";
+    for (std::string line; std::getline(drivers, line);)
+        if (drives(line, status.st_rdev))
+            return true;
+    return false;
 #else
     return true;
 #endif

@@ -7,21 +7,17 @@
 #include "simulator/standins/Listing.h"
 
 namespace zlt::standins {
-
 namespace {
 
 Device openDevice(const Tool& tool) {
-    for (const char* key : {"LIN", "COM", "POR", "BAU", "DEV", "FIL", "MOD"}) {
+    for (const char* key : {"LIN", "COM", "POR", "BAU", "DEV", "FIL", "MOD"})
         static_cast<void>(tool.value(key));
-    }
     const auto port = parseInteger(tool.value("POR"));
-    if (!port) {
+    if (!port)
         throw Failure("POR is not a port number.");
-    }
     const std::string& id = tool.value("DEV");
-    if (id.size() != 2 || id.find_first_not_of("0123456789") != std::string::npos) {
+    if (id.size() != 2 || id.find_first_not_of("0123456789") != std::string::npos)
         throw Failure("DEV is not a device number of two digits.");
-    }
     return {PortNumber{*port}, tool.value("BAU"), id};
 }
 
@@ -51,7 +47,6 @@ Lines upload(const Tool& tool) {
 }
 
 }  // namespace
-
 }  // namespace zlt::standins
 
 int main(int argc, char** argv) {
@@ -60,12 +55,10 @@ int main(int argc, char** argv) {
     Tool tool("stand-in downloader", "sa_download_upload_setup.txt", "DownloadOut.txt");
     return tool.run([&tool] {
         const std::string& operation = tool.value("OPE");
-        if (operation == "DOWNLOAD") {
+        if (operation == "DOWNLOAD")
             return download(tool);
-        }
-        if (operation == "CLEAR") {
+        if (operation == "CLEAR")
             return clear(tool);
-        }
         if (operation == "UPLOAD") {
             tool.writeResultTo("UploadOut.txt");
             return upload(tool);

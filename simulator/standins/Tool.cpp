@@ -7,14 +7,12 @@
 #include "platform/Lines.h"
 
 namespace zlt::standins {
-
 namespace {
 
 std::string withoutBlanksAround(std::string_view text) {
     const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) {
+    if (first == std::string_view::npos)
         return {};
-    }
     return std::string(text.substr(first, text.find_last_not_of(" \t") - first + 1));
 }
 
@@ -46,30 +44,25 @@ int Tool::run(const std::function<Lines()>& work) {
 }
 
 void Tool::readSetup() {
-    for (const std::string& line : read(m_setupFile)) {
-        if (const auto colon = line.find(':'); colon != std::string::npos) {
+    for (const std::string& line : read(m_setupFile))
+        if (const auto colon = line.find(':'); colon != std::string::npos)
             m_setup[line.substr(0, colon)] = withoutBlanksAround(line.substr(colon + 1));
-        }
-    }
 }
 
 const std::string& Tool::value(const std::string& key) const {
     const auto found = m_setup.find(key);
-    if (found == m_setup.end() || found->second.empty()) {
+    if (found == m_setup.end() || found->second.empty())
         throw Failure(m_setupFile + " gives no value for " + key + ".");
-    }
     return found->second;
 }
 
 Lines Tool::read(const std::string& file) const {
     // A folder can be opened like a file, and fails only when it is read.
-    if (std::error_code error; !std::filesystem::is_regular_file(m_folder / file, error)) {
+    if (std::error_code error; !std::filesystem::is_regular_file(m_folder / file, error))
         throw Failure("there is no file " + file + ".");
-    }
     std::ifstream stream(m_folder / file, std::ios::binary);
-    if (!stream) {
+    if (!stream)
         throw Failure(file + " cannot be read.");
-    }
     return splitLines(std::string(std::istreambuf_iterator<char>(stream), {}));
 }
 
@@ -85,9 +78,8 @@ Lines Tool::failed(std::string_view reason, const Lines& further) const {
 
 bool Tool::write(const Lines& lines) const {
     std::ofstream file(m_folder / m_resultFile, std::ios::binary);
-    for (const std::string& line : lines) {
+    for (const std::string& line : lines)
         file << line << "\r\n";
-    }
     file.close();
     return file.good();
 }

@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A bus and the answers that are through at once.
+/// A bus and the answers that are through at once.
 struct Unpaced {
     Bus bus{{Controller({.id = 1}), Controller({.id = 2, .nameInReplies = true}),
              Controller({.id = 3, .baud = 19200})},
@@ -27,7 +27,7 @@ struct Unpaced {
     }
 };
 
-TEST(Bus, answersTheRequestsAmongOtherBytes) {
+TEST(Bus, AnswersTheRequestsAmongOtherBytes) {
     using namespace std::string_literals;
     const std::pair<std::string, std::string> table[] = {{"\0\xFF\r\n@01DN\r\n"s, "ZLD01\r"},
                                                          {"@01P@01DN\r", "ZLD01\r"},
@@ -37,22 +37,21 @@ TEST(Bus, answersTheRequestsAmongOtherBytes) {
                                                          {"@00EO=0\r", ""},
                                                          {"@01EO\r@02EO\r", "0\r#020\r"}};
     Unpaced line;
-    for (const auto& [bytes, answer] : table) {
+    for (const auto& [bytes, answer] : table)
         EXPECT_EQ(line.ask(bytes), answer) << bytes;
-    }
     EXPECT_EQ(line.ask("@03EO\r", 19200), "1\r") << "it could not hear the broadcast";
 }
 
-TEST(Bus, bytesTakeTheirTimeOnTheWire) {
+TEST(Bus, TakesTheTimeOfTheWire) {
     Bus bus({Controller({})}, true);
-    constexpr Time kByte = Time(1s) / 960;
+    constexpr Time byte = Time(1s) / 960;
     bus.receive("@01EO\r", 9600, 1s);
-    EXPECT_EQ(bus.nextDue(), 1s + 7 * kByte) << "six bytes there, one back";
-    EXPECT_EQ(bus.take(9600, 1s + 7 * kByte), "1");
-    EXPECT_EQ(bus.take(9600, 1s + 8 * kByte), "\r");
+    EXPECT_EQ(bus.nextDue(), 1s + 7 * byte) << "six bytes there, one back";
+    EXPECT_EQ(bus.take(9600, 1s + 7 * byte), "1");
+    EXPECT_EQ(bus.take(9600, 1s + 8 * byte), "\r");
 }
 
-TEST(Bus, eachFaultSpoilsTheAnswerInItsWay) {
+TEST(Bus, SpoilsTheAnswerByEachFaultInItsWay) {
     const std::pair<std::string, std::string> table[] = {
         {"silent", ""},
         {"empty on", "\r"},
@@ -69,7 +68,7 @@ TEST(Bus, eachFaultSpoilsTheAnswerInItsWay) {
     }
 }
 
-TEST(Bus, delayAndDripAreMatterOfTime) {
+TEST(Bus, DelaysAndDripsByTheClock) {
     Unpaced line;
     line.misbehave("delay 150");
     line.misbehave("drip 80");
@@ -79,13 +78,12 @@ TEST(Bus, delayAndDripAreMatterOfTime) {
     EXPECT_EQ(line.bus.take(9600, 230ms), "\r");
 }
 
-TEST(Bus, garbageIsAnyByteWithAndWithoutAnEnd) {
+TEST(Bus, SendsAnyByteAsGarbageWithAndWithoutAnEnd) {
     Unpaced line;
     line.misbehave("garbage on");
     std::string all;
-    for (int i = 0; i < 500; ++i) {
+    for (int i = 0; i < 500; ++i)
         all += line.ask("@01DN\r");
-    }
     const auto ended = std::count(all.begin(), all.end(), '\r');
     EXPECT_TRUE(ended > 100 && ended < 400) << ended;
     EXPECT_EQ(std::set<char>(all.begin(), all.end()).size(), 256U);

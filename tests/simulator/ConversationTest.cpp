@@ -12,9 +12,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// The answers to commands that are all sent at one moment; both are parted by semicolons.
-// "power" is no command but turns the controller off and on, and gives its address and rate;
-// "firmware" and a number changes that.
+/// The answers to commands that are all sent at one moment; both are parted by semicolons.
+/// "power" is no command but turns the controller off and on, and gives its address and rate;
+/// "firmware" and a number changes that.
 std::string answersTo(Controller& controller, std::string commands, Time now) {
     std::string answers;
     for (commands += ';'; !commands.empty(); commands.erase(0, commands.find(';') + 1)) {
@@ -39,7 +39,7 @@ struct Moment {
     std::string answers;
 };
 
-const std::pair<std::string, std::vector<Moment>> kConversations[] = {
+const std::pair<std::string, std::vector<Moment>> conversations[] = {
     {"queries and settings",
      {{0, "DN;VER;ID;HSPD;HSPD=2500;HSPD", "ZLD01;V322;ZLT-R-NX-42;1000;OK;2500"},
       {0, "MS=8;MS=4;MS;POL=32;V31=-5;V31;V32", "?MS=8;OK;4;?POL=32;OK;-5;?V32"},
@@ -67,6 +67,10 @@ const std::pair<std::string, std::vector<Moment>> kConversations[] = {
       {26000, "MST;CLR;MST;J+", "128;OK;0;OK"},
       {27000, "MST;DL=1;CLR;X20500", "144;OK;OK;OK"},
       {30000, "PX;MST", "20500;16"}}},
+    {"an output is as it was set, but the first is ruled by the position while told so",
+     {{0, "DO2=1;DO1;DO2;DO3;DO2=0;DO2", "OK;0;1;0;OK;0"},
+      {0, "DO=1;DO;DO=0;SYNC=2;SYNO", "OK;1;OK;OK;OK"},
+      {0, "DO1;PX=-1;DO1;SYNF;DO1", "0;OK;1;OK;0"}}},
     {"only what was stored survives a power cycle",
      {{0, "CURR=700;DN=ZLD07;RT=1;DB=3;STORE;DN;DB", "OK;OK;OK;OK;OK;ZLD01;1"},
       {0, "CURI=900;V15=1;V16=2;X500", "OK;OK;OK;OK"},
@@ -87,16 +91,15 @@ const std::pair<std::string, std::vector<Moment>> kConversations[] = {
       {86'400'000, "power;SASTAT0;SASTAT1;DO1;DO2;DO3", "1@9600;0;1;1;0;1"}}},
 };
 
-TEST(Controller, holdsConversations) {
-    for (const auto& [name, moments] : kConversations) {
+TEST(Controller, HoldsConversations) {
+    for (const auto& [name, moments] : conversations) {
         Controller controller({});
-        for (const auto& [at, commands, answers] : moments) {
+        for (const auto& [at, commands, answers] : moments)
             EXPECT_EQ(answersTo(controller, commands, at * 1ms), answers) << name << " at " << at;
-        }
     }
 }
 
-TEST(Controller, homesToTheEdgeMeant) {
+TEST(Controller, HomesToTheEdgeMeant) {
     const std::pair<std::string, std::string> statusAndCounter[] = {
         {"H-", "0;-150"}, {"HL-", "32;0"}, {"L-", "0;0"}, {"ZH-", "0;0"}, {"H+", "144;1500"}};
     for (const auto& [command, there] : statusAndCounter) {

@@ -19,14 +19,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// What comes until the next carriage return, or until nothing comes any more.
+/// What comes until the next carriage return, or until nothing comes any more.
 std::string heard(int file) {
     std::string text;
     char byte = 0;
     pollfd waiting{file, POLLIN, 0};
-    while (byte != '\r' && ::poll(&waiting, 1, 300) > 0 && ::read(file, &byte, 1) == 1) {
+    while (byte != '\r' && ::poll(&waiting, 1, 300) > 0 && ::read(file, &byte, 1) == 1)
         text += byte;
-    }
     return text;
 }
 
@@ -34,7 +33,7 @@ int connectTo(const SimulatedBus& simulator) {
     return ::open(simulator.device().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
 }
 
-TEST(SimulatorProgram, nothingOfOneClientReachesTheNext) {
+TEST(SimulatorProgram, KeepsWhatOneClientLeftFromTheNext) {
     SimulatedBus simulator(
         {QStringLiteral("--unpaced"), QStringLiteral("--fault"), QStringLiteral("stray left")});
     int file = connectTo(simulator);
@@ -57,7 +56,7 @@ TEST(SimulatorProgram, nothingOfOneClientReachesTheNext) {
     ::close(file);
 }
 
-TEST(SimulatorProgram, keepsItsLinkAndTakesItAwayAtItsEnd) {
+TEST(SimulatorProgram, KeepsItsLinkAndTakesItAwayAtItsEnd) {
     const QTemporaryDir folder;
     const QStringList options{QStringLiteral("--link"), folder.filePath(QStringLiteral("port")),
                               QStringLiteral("--log"), folder.filePath(QStringLiteral("log"))};
@@ -81,7 +80,7 @@ TEST(SimulatorProgram, keepsItsLinkAndTakesItAwayAtItsEnd) {
     EXPECT_NE(traffic.find(" COM1 > ?.\\\\\\r\n"), std::string::npos) << traffic;
 }
 
-TEST(Options, belongToTheLastPortNamed) {
+TEST(Options, BelongToTheLastPortNamed) {
     const auto ports = sim::parseOptions({"--controller", "7,limits=-5:9", "--controller", "id=8",
                                           "--unpaced", "--port", "COM4", "--link", "/x"})
                            .ports;
@@ -95,9 +94,8 @@ TEST(Options, belongToTheLastPortNamed) {
     for (const auto& arguments : {std::vector<std::string>{"--nonsense"},
                                   {"--link"},
                                   {"--controller", "id=100"},
-                                  {"--controller", "limits=5:-5"}}) {
+                                  {"--controller", "limits=5:-5"}})
         EXPECT_THROW(sim::parseOptions(arguments), std::invalid_argument) << arguments.back();
-    }
 }
 
 }  // namespace

@@ -15,9 +15,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class StandIns : public ::testing::Test {
+class StandInsTest : public ::testing::Test {
  protected:
-    StandIns() {
+    StandInsTest() {
         fs::create_directories(exe);
         fs::copy(ZLT_COMPILER_PATH, exe);
         fs::copy(ZLT_DOWNLOADER_PATH, exe);
@@ -62,7 +62,7 @@ class StandIns : public ::testing::Test {
     SimulatedBus bus{{QStringLiteral("--controller"), QStringLiteral("id=7,baud=9600,rt=1")}};
 };
 
-TEST_F(StandIns, BringAProgramToTheControllerAndBack) {
+TEST_F(StandInsTest, BringAProgramToTheControllerAndBack) {
     const std::string program = "V1=1\r\n\r\n  \tX\\1000 @40 \\40 \r\n; \xE4\x80\xFF\x01\r\n" +
                                 std::string(200, 'x') + "\r\nEND\r\nPRG 1\r\nFAILED\r\n";
     write("Program.prg", program);
@@ -81,7 +81,7 @@ TEST_F(StandIns, BringAProgramToTheControllerAndBack) {
     EXPECT_EQ(read("DecompileOut.prg"), "");
 }
 
-TEST_F(StandIns, CompilerNamesTheLinesThatBeginWithAQuestionMark) {
+TEST_F(StandInsTest, CompilerNamesTheLinesThatBeginWithAQuestionMark) {
     write("Program.prg", "?\r\nA?\r\n?Line\r\n ?\r\n");
     compiler("COMPILE", " Program.prg\t");
     const std::string result = read("CompileOut.txt");
@@ -89,7 +89,7 @@ TEST_F(StandIns, CompilerNamesTheLinesThatBeginWithAQuestionMark) {
     EXPECT_EQ(result.substr(result.find("\r\n")), "\r\nLine: 1\r\nLine: 3\r\n");
 }
 
-TEST_F(StandIns, DownloaderSaysWhatIsWrong) {
+TEST_F(StandInsTest, DownloaderSaysWhatIsWrong) {
     const std::string good = "OK - x\r\n0000 A\r\n";
     struct Row {
         const char *setupLine, *fault, *words;
@@ -113,7 +113,7 @@ TEST_F(StandIns, DownloaderSaysWhatIsWrong) {
     }
 }
 
-TEST_F(StandIns, AFailedUploadLeavesNoImageToDecompile) {
+TEST_F(StandInsTest, AFailedUploadLeavesNoImageToDecompile) {
     bus.say("answer SAPN=1\nanswer SAPR0=?SAPR0");
     write("UploadOut.txt", "OK - x\r\n0000 A\r\n");
     downloader("UPLOAD");
