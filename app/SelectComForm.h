@@ -3,8 +3,8 @@
 #include <QTimer>
 #include <memory>
 
-#include "link/serial/PortDirectory.h"
 #include "link/Settings.h"
+#include "link/serial/PortDirectory.h"
 #include "widgets/Screen.h"
 
 namespace Ui {

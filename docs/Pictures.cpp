@@ -14,8 +14,8 @@
 #include <iostream>
 #include <memory>
 
-#include "app/SelectComForm.h"
 #include "app/SearchCom.h"
+#include "app/SelectComForm.h"
 #include "panel/forms/MainControlForm.h"
 #include "platform_qt/QtProcesses.h"
 #include "programs/forms/ProgramEditor.h"

@@ -10,8 +10,8 @@
 #include <QTest>
 #include <memory>
 
-#include "app/SelectComForm.h"
 #include "app/SearchCom.h"
+#include "app/SelectComForm.h"
 #include "panel/forms/MainControlForm.h"
 #include "parameters/forms/SetupParameters.h"
 #include "programs/forms/ViewCompiledForm.h"

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <limits>
 
-#include "platform/NumberConversion.h"
 #include "Check.h"
+#include "platform/NumberConversion.h"
 
 namespace zlt::fuzz {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "platform/Lines.h"
 #include "Check.h"
+#include "platform/Lines.h"
 
 void zlt::fuzz::check(std::string_view input) {
     std::vector<FieldText> fields;

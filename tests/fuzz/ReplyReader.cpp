@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
+#include "Check.h"
 #include "link/Exchange.h"
 #include "link/Framing.h"
-#include "Check.h"
 
 namespace zlt::fuzz {
 namespace {

@@ -3,8 +3,8 @@
 
 #include "link/Settings.h"
 
-#include "link/Values.h"
 #include "Check.h"
+#include "link/Values.h"
 
 void zlt::fuzz::check(std::string_view input) {
     const Settings read = readSettings(std::string(input));

@@ -4,8 +4,8 @@
 #include <QGuiApplication>
 #include <QTest>
 
-#include "programs/forms/ProgramEditor.h"
 #include "programs/ProgramText.h"
+#include "programs/forms/ProgramEditor.h"
 
 namespace zlt::test {
 namespace {
