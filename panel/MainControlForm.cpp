@@ -11,7 +11,6 @@
 #include "ui_LinkFrame.h"
 #include "ui_MainControlForm.h"
 #include "ui_MotionFrame.h"
-#include "ui_StatusFrame.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -62,9 +61,8 @@ void MainControlForm::connectHandlers() {
 void MainControlForm::connectFrames() {
     connectTable(MotionCommands::motionButtons(), &MotionCommands::pressMotion);
     connectTable(MotionCommands::plainButtons(), &MotionCommands::pressPlain);
-    m_ui->motionFrame->connectTo(handlers, m_motion, m_outputs, [this] {
-        return m_ui->statusFrame->controls().Stat->text().toStdString();
-    });
+    m_ui->motionFrame->connectTo(handlers, m_motion, m_outputs,
+                                 [this] { return m_ui->statusFrame->motionShown(); });
     m_ui->outputsFrame->connectTo(handlers, m_outputs);
     m_ui->programFrame->connectTo(handlers, services(), m_programs, m_transfer);
     m_ui->terminalFrame->connectTo(handlers, m_session.link);
@@ -219,19 +217,17 @@ void MainControlForm::gateFeatures(FirmwareVersion firmware) {
     m_ui->runControlFrame->gateFeatures(firmware);
 }
 
-void MainControlForm::showValue(Value value, std::string_view text) {
-    m_ui->statusFrame->showValue(value, text);
+void MainControlForm::showReading(const AxisReading& reading) {
+    m_ui->statusFrame->showReading(reading);
+    if (reading.driverEnabled)
+        m_ui->motionFrame->showDriverEnabled(*reading.driverEnabled);
+    if (reading.program && reading.program->output)
+        m_ui->outputsFrame->showOutput(*reading.program->output);
 }
 
-void MainControlForm::showIndicator(Indicator indicator, bool lit) {
-    if (indicator == Indicator::output)
-        m_ui->outputsFrame->showOutput(lit);
-    else
-        m_ui->statusFrame->showIndicator(indicator, lit);
-}
-
-void MainControlForm::showDriverEnabled(bool enabled) {
-    m_ui->motionFrame->showDriverEnabled(enabled);
+void MainControlForm::forgetProgram() {
+    m_ui->statusFrame->forgetProgram();
+    m_ui->outputsFrame->showOutput(false);
 }
 
 void MainControlForm::showDemo(bool on) {

@@ -71,9 +71,8 @@ class MainControlForm : public Screen, private PanelView {
     void showAcceleration(std::string_view acceleration) override;
     void resetSync() override;
     void gateFeatures(FirmwareVersion firmware) override;
-    void showValue(Value value, std::string_view text) override;
-    void showIndicator(Indicator indicator, bool lit) override;
-    void showDriverEnabled(bool enabled) override;
+    void showReading(const AxisReading& reading) override;
+    void forgetProgram() override;
     void showDemo(bool on) override;
 
     std::unique_ptr<Ui::MainControlForm> m_ui;

@@ -16,7 +16,7 @@ MotionFrame::MotionFrame(QWidget* parent)
 MotionFrame::~MotionFrame() = default;
 
 void MotionFrame::connectTo(Handlers& handlers, MotionCommands& motion, OutputCommands& outputs,
-                            const std::function<std::string()>& motionShown) {
+                            const std::function<MotionState()>& motionShown) {
     handlers.onClick(*m_ui->ABS, [&](bool) { motion.ABS_Click(); });
     handlers.onClick(*m_ui->Datum, [&](bool) { motion.Datum_Click(); });
     handlers.onClick(*m_ui->SSPD, [&](bool) { motion.SSPD_Click(); });

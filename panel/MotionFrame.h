@@ -35,7 +35,7 @@ class MotionFrame : public QGroupBox, public MotionView {
 
     /// Connects the buttons and check boxes to the rules; `motionShown` is what `Stat` shows.
     void connectTo(Handlers& handlers, MotionCommands& motion, OutputCommands& outputs,
-                   const std::function<std::string()>& motionShown);
+                   const std::function<MotionState()>& motionShown);
 
     std::string typed(Box box) const override;
     std::string typedForWire(Box box) const override;

@@ -1,6 +1,5 @@
 #include "panel/OutputCommands.h"
 
-#include "panel/StatusWord.h"
 #include "platform/NumberConversion.h"
 
 namespace zlt {
@@ -54,8 +53,8 @@ void OutputCommands::Scurve_Click(bool checked) {
     m_link.SendReceive(checked ? "SCV=1" : "SCV=0");
 }
 
-void OutputCommands::setScurve(bool on, std::string_view motionShown) {
-    if (motionShown != idleText)
+void OutputCommands::setScurve(bool on, MotionState motionShown) {
+    if (motionShown != MotionState::idle)
         m_services.gate.message("Cannot set while running!");
     else if (m_link.SendReceive(on ? "SCV=1" : "SCV=0") != "OK")
         m_services.gate.message("Error Setting Scurve!");

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "link/PanelLink.h"
+#include "panel/StatusWord.h"
 
 namespace zlt {
 
@@ -50,7 +51,7 @@ class OutputCommands {
     void Scurve_Click(bool checked);
     /// The S-curve buttons; `motionShown` is what `Stat` shows. A moving axis and a refusal are
     /// told in a message.
-    void setScurve(bool on, std::string_view motionShown);
+    void setScurve(bool on, MotionState motionShown);
 
  private:
     /// Asks for a present state and switches to the other one. The controller's word counts,

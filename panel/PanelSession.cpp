@@ -1,10 +1,8 @@
 #include "panel/PanelSession.h"
 
 #include "link/Framing.h"
-#include "panel/StatusWord.h"
 #include "platform/Latin1.h"
 #include "platform/NumberConversion.h"
-#include "programs/ProgramState.h"
 
 namespace zlt {
 namespace {
@@ -91,7 +89,7 @@ void PanelSession::pollTick() {
         return;
     try {
         if (link.CommOK())
-            readAxis();
+            passOverAxis();
         else
             probe();
     } catch (const ConversionError& error) {
@@ -101,42 +99,11 @@ void PanelSession::pollTick() {
     }
 }
 
-std::int32_t PanelSession::askNumber(std::string_view command) {
-    return replyToInteger(command, ask(command));
-}
-
-void PanelSession::readAxis() {
-    m_view.showValue(Value::current, ask("CUR"));
-    m_view.showValue(Value::position, ask("PX"));
-    m_view.showValue(Value::encoder, ask("EX"));
-
-    const StatusWord status(askNumber("MST"));
-    m_view.showValue(Value::motion, status.motionText());
-    m_view.showIndicator(Indicator::negativeLimit, status.negativeLimit());
-    m_view.showIndicator(Indicator::positiveLimit, status.positiveLimit());
-    m_view.showIndicator(Indicator::home, status.home());
-
-    m_view.showDriverEnabled(askNumber("EO") == 1);
-    if (link.firmware >= firmwareWithProgramState)
-        readProgramState();
+void PanelSession::passOverAxis() {
+    const AxisReading reading = readAxis(link);
     if (DemoMode)
         stepDemo();
-}
-
-void PanelSession::readProgramState() {
-    m_view.showValue(Value::moveMode, askNumber("MM") != 0 ? "INC" : "ABS");
-    m_view.showIndicator(Indicator::output, askNumber("DO") == 1);
-    m_view.showValue(Value::programLine, std::to_string(askNumber("SPC")));
-    if (const auto text = programStateText(askNumber("SASTAT")))
-        m_view.showValue(Value::programState, *text);
-}
-
-/// Old firmware is never asked for these, and a state without words leaves the text standing:
-/// it would be another device's.
-void PanelSession::forgetProgramState() {
-    for (const Value value : {Value::moveMode, Value::programLine, Value::programState})
-        m_view.showValue(value, "");
-    m_view.showIndicator(Indicator::output, false);
+    m_view.showReading(reading);
 }
 
 void PanelSession::stepDemo() {
@@ -175,7 +142,7 @@ void PanelSession::switchDevice(const std::string& deviceId) {
     if (!link.PortReady || deviceId == link.connection.deviceId)
         return;
     setDemo(false);  // the other axis has only been selected, not told to move
-    forgetProgramState();
+    m_view.forgetProgram();
     link.connection.deviceId = deviceId;
     link.setCommOK(true);
     // A device name is what "DN" answers; as the product's identity it is a wrong answer.
@@ -216,7 +183,7 @@ void PanelSession::noteFirmware() {
     const bool wasRead = link.firmware >= firmwareWithProgramState;
     link.firmware = firmwareVersion("VER", m_version);
     if (wasRead && link.firmware < firmwareWithProgramState)
-        forgetProgramState();
+        m_view.forgetProgram();
 }
 
 void PanelSession::commChanged(bool connected) {

@@ -41,16 +41,13 @@ class PanelSession : private LinkListener {
     bool identify();
     void readOnce();
     void failLoad();
-    void readAxis();
-    void readProgramState();
-    void forgetProgramState();
+    void passOverAxis();
     void stepDemo();
     void probe();
     void failSwitch();
     void setDemo(bool on);
 
     std::string ask(std::string_view command) { return link.SendReceive(command); }
-    std::int32_t askNumber(std::string_view command);
     void readVersion();
     void noteFirmware();
     void showInvalidPort();

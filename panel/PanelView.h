@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "link/Values.h"
+#include "panel/AxisReading.h"
 
 namespace zlt {
 
@@ -12,11 +13,6 @@ struct Rgb {
     int green = 0;
     int blue = 0;
 };
-
-/// What the poll reads as a text.
-enum class Value { current, position, encoder, motion, moveMode, programLine, programState };
-/// What it reads as on or off.
-enum class Indicator { negativeLimit, positiveLimit, home, output };
 
 /// What the control panel's rules show, and nothing of how. Texts are Latin-1.
 class PanelView {
@@ -41,9 +37,10 @@ class PanelView {
     /// Enables what this firmware has and disables what it lacks.
     virtual void gateFeatures(FirmwareVersion firmware) = 0;
 
-    virtual void showValue(Value value, std::string_view text) = 0;
-    virtual void showIndicator(Indicator indicator, bool lit) = 0;
-    virtual void showDriverEnabled(bool enabled) = 0;
+    /// Shows what a pass of the poll has read; a field without a value stays as it stands.
+    virtual void showReading(const AxisReading& reading) = 0;
+    /// Empties what belongs to the program: nobody says it any more.
+    virtual void forgetProgram() = 0;
     virtual void showDemo(bool on) = 0;
 };
 
