@@ -177,11 +177,16 @@ void MainControlForm::showLinkState(std::string_view text, Rgb colour) {
 }
 
 void MainControlForm::showLive(bool live) {
-    m_ui->linkFrame->showLive(live);
-    m_ui->statusFrame->showLive(live);
-    m_ui->motionFrame->showLive(live);
-    m_ui->outputsFrame->showLive(live);
-    m_ui->terminalFrame->showLive(live);
+    const auto show = [live](auto& frame) {
+        frame.showLive(live);
+        if (!live)
+            frame.repaint();
+    };
+    show(*m_ui->linkFrame);
+    show(*m_ui->statusFrame);
+    show(*m_ui->motionFrame);
+    show(*m_ui->outputsFrame);
+    show(*m_ui->terminalFrame);
 }
 
 void MainControlForm::showSelectedDevice(std::string_view deviceId) {

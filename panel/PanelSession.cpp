@@ -18,7 +18,7 @@ constexpr std::string_view unknown = "???";
 }  // namespace
 
 PanelSession::PanelSession(const Services& services, PanelView& view, QObject* owner)
-    : link(services, this, owner, [this] { failLoad(); }), m_services(services), m_view(view) {}
+    : link(services, *this, owner), m_services(services), m_view(view) {}
 
 // Load
 
@@ -27,6 +27,7 @@ bool PanelSession::load(const Connection& connection) {
     link.PortReady = false;
     link.firmware = {};
     setDemo(false);
+    setLive(false);
     m_view.showBaudRate(connection.baudRate);
     try {
         if (!link.openPort()) {
@@ -104,6 +105,8 @@ void PanelSession::passOverAxis() {
     if (DemoMode)
         stepDemo();
     m_view.showReading(reading);
+    // After a time-out the zeros are no values, and what came later may be another command's.
+    setLive(link.CommOK());
 }
 
 void PanelSession::stepDemo() {
@@ -141,6 +144,7 @@ void PanelSession::setDemo(bool on) {
 void PanelSession::switchDevice(const std::string& deviceId) {
     if (!link.PortReady || deviceId == link.connection.deviceId)
         return;
+    holdOff();       // the values of the one before
     setDemo(false);  // the other axis has only been selected, not told to move
     m_view.forgetProgram();
     link.connection.deviceId = deviceId;
@@ -186,13 +190,22 @@ void PanelSession::noteFirmware() {
         m_view.forgetProgram();
 }
 
+void PanelSession::setLive(bool live) {
+    if (m_live == live)
+        return;
+    m_live = live;
+    m_view.showLive(live);
+}
+
+/// Live again is only what a whole pass has read.
 void PanelSession::commChanged(bool connected) {
-    m_view.showLive(connected);
+    if (!connected)
+        setLive(false);
 }
 
 void PanelSession::exchangeTimedOut() {
-    m_view.showLinkState(noCommunication, red);
     showUnknownDevice();
+    m_view.showLinkState(noCommunication, red);
 }
 
 void PanelSession::portLost() {

@@ -9,7 +9,7 @@ namespace zlt {
 
 /// One run of the control panel, from its load to its close: the rules of identification,
 /// poll, probe, demo and device switch. Shows everything through the view.
-class PanelSession : private LinkListener {
+class PanelSession : private PanelLinkListener {
  public:
     /// `owner` is the panel's screen, for the port.
     PanelSession(const Services& services, PanelView& view, QObject* owner);
@@ -28,6 +28,10 @@ class PanelSession : private LinkListener {
     void toggleDemo() { setDemo(!DemoMode); }
     void endDemo() { setDemo(false); }
 
+    /// A box or another screen keeps the poll off: what stands there is no live value until the
+    /// next whole pass.
+    void holdOff() { setLive(false); }
+
     /// Closes the port, when it is still this panel's.
     void unload();
 
@@ -37,6 +41,8 @@ class PanelSession : private LinkListener {
     void commChanged(bool connected) override;
     void exchangeTimedOut() override;
     void portLost() override;
+    void pollHeldOff() override { holdOff(); }
+    void portNotTakenBack() override { failLoad(); }
 
     bool identify();
     void readOnce();
@@ -46,6 +52,7 @@ class PanelSession : private LinkListener {
     void probe();
     void failSwitch();
     void setDemo(bool on);
+    void setLive(bool live);
 
     std::string ask(std::string_view command) { return link.SendReceive(command); }
     void readVersion();
@@ -57,6 +64,7 @@ class PanelSession : private LinkListener {
     const Services& m_services;
     PanelView& m_view;
     std::string m_version;  ///< the caption of `Version`
+    bool m_live = true;     ///< whether what stands on the screen is what the controller says now
     bool DemoMode = false;
     int m_demoStep = 0;  ///< 0 to 2
 };

@@ -21,8 +21,10 @@ class PanelView {
 
     /// The status box's words; its colour stays.
     virtual void showLinkText(std::string_view text) = 0;
+    /// Paints at once, without events: the exchanges that follow may block for long.
     virtual void showLinkState(std::string_view text, Rgb colour) = 0;
-    /// Whether what stands on the screen is what the controller says now.
+    /// Whether what stands on the screen is what the controller says now. Paints it at once where
+    /// it is not, for the same reason.
     virtual void showLive(bool live) = 0;
 
     virtual void showSelectedDevice(std::string_view deviceId) = 0;

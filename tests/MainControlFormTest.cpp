@@ -178,7 +178,10 @@ TEST_F(MainControlFormTest, RunsASilentTickToItsEndThenProbesUntilAControllerAns
         return control<QWidget>(form, "Pos").palette().color(QPalette::Text);
     };
     load();
+    const QColor loaded = textColour();
+    sentByTick();
     const QColor live = textColour();
+    EXPECT_NE(loaded, live) << "the load reads nothing of it";
     disturbSync();
     bus.silent = true;
     EXPECT_EQ(sentByTick(), longTick);
@@ -206,8 +209,11 @@ TEST_F(MainControlFormTest, RunsASilentTickToItsEndThenProbesUntilAControllerAns
     bus.silentAt.reset();
     EXPECT_EQ(sentByTick(), "DN|VER|ID");
     expectState("Communication OK", green);
-    EXPECT_EQ(textColour(), live);
+    EXPECT_NE(textColour(), live) << "not read anew yet";
+    for (const char* name : {"MoveMode", "ProgIndex", "ProgStatus"})
+        EXPECT_EQ(shown(name), "") << "this firmware says nothing of it";
     EXPECT_EQ(sentByTick(), shortTick);
+    EXPECT_EQ(textColour(), live);
     EXPECT_TRUE(enabled("HLHOMEPLUS")) << "as loaded";
 
     bus.silentAt = "EX";
