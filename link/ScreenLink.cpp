@@ -52,7 +52,10 @@ std::string ScreenLink::SendReceive(std::string_view command) {
         return fail(m_flavour.onPortLost, command, Ending::portLost);
     if (const auto wait = settlingWait(m_flavour.waits, command); wait.count() > 0)
         m_services.waits.sleep(wait);
+    return receive(command);
+}
 
+std::string ScreenLink::receive(std::string_view command) {
     const Reading reading = readReply(*m_port, {.end = m_flavour.endOfReply});
     if (reading.ending == Ending::portLost)
         return fail(m_flavour.onPortLost, command, reading.ending);

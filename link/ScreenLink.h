@@ -58,6 +58,10 @@ class ScreenLink {
     /// throws but by ending the program, where the flavour says so.
     std::string SendReceive(std::string_view command);
 
+    /// Reads one more line as the reply to `command`, which has been written, after one that was
+    /// the late answer to another command. Everything else as SendReceive().
+    std::string receive(std::string_view command);
+
     /// Holds one raw conversation, with the terminals' settling waits. No flag guards it, and a
     /// time-out changes none. Blocks until it is over.
     Ending converse(const RawRequest& request);

@@ -1,5 +1,7 @@
 #include "panel/PanelSession.h"
 
+#include <utility>
+
 #include "link/Framing.h"
 #include "platform/Latin1.h"
 #include "platform/NumberConversion.h"
@@ -63,7 +65,7 @@ bool PanelSession::identify() {
 }
 
 void PanelSession::readOnce() {
-    readVersion();
+    showVersion(ask("VER"));
     m_view.showIdentity(ask("ID"));
     const std::string name = ask("DN");
     m_view.showSelectedDevice(behindDeviceNamePrefix(name, 5));
@@ -126,7 +128,12 @@ void PanelSession::probe() {
     }
     link.setCommOK(true);
     m_view.showLinkState(communicationOk, green);
-    readVersion();
+    // A device name is what an earlier "DN" is answered with, late: every reply has been one
+    // behind since then.
+    std::string version = ask("VER");
+    while (isDeviceName(version))
+        version = link.receive("VER");
+    showVersion(std::move(version));
     m_view.showIdentity(ask("ID"));
     // Silent again in the middle of it: the number known so far stays, the probe goes on.
     if (link.CommOK())
@@ -157,7 +164,7 @@ void PanelSession::switchDevice(const std::string& deviceId) {
     }
     link.setCommOK(true);
     m_view.showLinkState(communicationOk, green);
-    readVersion();
+    showVersion(ask("VER"));
     try {
         if (m_version != unknown)
             noteFirmware();
@@ -178,8 +185,8 @@ void PanelSession::failSwitch() {
 
 // What the screen shows of the link
 
-void PanelSession::readVersion() {
-    m_version = ask("VER");
+void PanelSession::showVersion(std::string version) {
+    m_version = std::move(version);
     m_view.showVersion(m_version);
 }
 

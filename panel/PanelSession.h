@@ -55,7 +55,7 @@ class PanelSession : private PanelLinkListener {
     void setLive(bool live);
 
     std::string ask(std::string_view command) { return link.SendReceive(command); }
-    void readVersion();
+    void showVersion(std::string version);
     void noteFirmware();
     void showInvalidPort();
     void showUnknownDevice();

@@ -6,6 +6,7 @@
 #include <QTest>
 #include <map>
 #include <set>
+#include <utility>
 
 #include "support/PanelWorld.h"
 
@@ -108,6 +109,85 @@ TEST_F(LiveReadingTest, IsDimmedAtTheFirstTimeOutNotAtTheEndOfThePass) {
     sentByTick();
     EXPECT_EQ(shown("Pos"), "0");
     EXPECT_EQ(live(), "");
+}
+
+/// A panel one of whose replies comes late: after its own time-out, ahead of the next one.
+struct LatePanel : PanelWorld {
+    explicit LatePanel(const char* version) {
+        bus.replies["EX"] = "34 cts";  // no number, and shown as it stands
+        bus.replies["MST"] = "1";
+        bus.replies["MM"] = "1";
+        bus.replies["SASTAT"] = "2";
+        load(version);
+        sentByTick();
+        m_live = textColour();
+        m_values = values();
+        bus.answer = [this](const std::string& request) -> std::optional<std::string> {
+            const std::string command = request.substr(3);
+            if (std::exchange(lostAt, command == lostAt ? "" : lostAt) == command)
+                return std::nullopt;
+            if (!m_late.empty())
+                bus.feed(std::exchange(m_late, "") + "\r");
+            if (std::exchange(lateAt, command == lateAt ? "" : lateAt) != command)
+                return bus.usualReply(request);
+            m_late = bus.usualReply(request);
+            return std::nullopt;
+        };
+    }
+    bool looksLive() { return textColour() == m_live; }
+    bool valuesAreRight() { return values() == m_values; }
+
+    std::string lostAt, lateAt;  ///< the next command that loses its reply, or has it late
+
+ private:
+    QColor textColour() { return control<QWidget>(form, "Pos").palette().color(QPalette::Text); }
+    std::string values() {
+        std::string texts;
+        for (const char* name : {"ID", "Version", "Current", "Pos", "EncPos", "Stat", "EnableStat",
+                                 "MoveMode", "ProgIndex", "ProgStatus"})
+            texts += shown(name) + "|";
+        return texts;
+    }
+
+    QColor m_live;
+    std::string m_values, m_late;
+};
+
+TEST(LateReply, IsSurvivedAndNeverShownAsALiveValueOfAnotherCommand) {
+    struct Row {
+        const char* lateAt;
+        const char* button = nullptr;  ///< is clicked first
+        const char* lostAt = "";       ///< falls silent before that, so that the panel probes
+    };
+    const auto table = [](const std::string& firmware) {
+        std::vector<Row> rows{{"DN", nullptr, "CUR"}, {"VER", nullptr, "CUR"},
+                              {"ID", nullptr, "CUR"}, {"HSPD=5000", "JOGP"},
+                              {"ACC=250", "JOGP"},    {"J+", "JOGP"},
+                              {"X8000", "Command5"},  {"X0", "Command5"}};
+        for (const char* command : {"CUR", "PX", "EX", "MST", "EO"})
+            rows.push_back({command});
+        if (firmware != "V316")
+            for (const char* command : {"MM", "DO", "SPC", "SASTAT"})
+                rows.push_back({command});
+        return rows;
+    };
+    for (const char* version : {"V316", "V322"})
+        for (const Row& row : table(version)) {
+            SCOPED_TRACE(std::string(version) + " " + row.lateAt);
+            LatePanel panel(version);
+            panel.lostAt = row.lostAt;
+            panel.lateAt = row.lateAt;
+            if (row.button)
+                click(panel.form, row.button);
+            int ticks = 0;
+            do {
+                panel.sentByTick();
+                EXPECT_TRUE(!panel.looksLive() || panel.valuesAreRight());
+            } while (++ticks < 7 && (!panel.lateAt.empty() || !panel.looksLive()));
+            EXPECT_FALSE(panel.programEnd.ended());
+            EXPECT_EQ(panel.lateAt, "");
+            EXPECT_TRUE(panel.looksLive());
+        }
 }
 
 }  // namespace
