@@ -32,7 +32,7 @@ MainControlForm::MainControlForm(const Services& services, QWidget* parent)
       m_ui(makeControls(*this)),
       m_session(services, *this, this),
       m_motion(m_session.link, *m_ui->motionFrame, [this] { m_session.endDemo(); }),
-      m_outputs(services, m_session.link, *m_ui->outputsFrame),
+      m_outputs(services, m_session.link, *m_ui->outputsFrame, [this] { m_session.endDemo(); }),
       m_programs(services, m_session.link, *m_ui->programFrame),
       m_transfer(services, m_session.link, *m_ui->programFrame),
       m_runControl(m_session.link,

@@ -31,8 +31,10 @@ constexpr std::array motionTable{
 };
 
 constexpr std::array plainTable{
-    CommandButton{"ABSMode", "ABS"},   CommandButton{"INCMode", "INC"},
-    CommandButton{"EnableOn", "EO=1"}, CommandButton{"EnableOff", "EO=0"},
+    CommandButton{"ABSMode", "ABS"},
+    CommandButton{"INCMode", "INC"},
+    CommandButton{"EnableOn", "EO=1"},
+    CommandButton{.control = "EnableOff", .command = "EO=0", .endsDemo = true},
     CommandButton{"clear", "CLR"},
 };
 
@@ -57,6 +59,12 @@ void MotionCommands::pressMotion(const CommandButton& button) {
     if (button.needsHomingFirmware && m_link.firmware < firmwareWithHLHoming)
         return;
     SendMotionCommand(button.command);
+}
+
+void MotionCommands::pressPlain(const CommandButton& button) {
+    if (button.endsDemo)
+        m_endDemo();
+    m_link.SendReceive(button.command);
 }
 
 MotionCommands::Settings MotionCommands::readSettings() {

@@ -32,13 +32,14 @@ struct CommandButton {
     const char* control;
     std::string_view command;
     bool needsHomingFirmware = false;  ///< does nothing below firmwareWithHLHoming
+    bool endsDemo = false;             ///< of the plain ones; a stop always does
 };
 
 /// The operator's direct motion commands. No reply is examined but the one of "MM": what
 /// becomes of a command is seen in the status.
 class MotionCommands {
  public:
-    /// `endDemo` ends the demo moves, which a stop must.
+    /// `endDemo` ends the demo moves, which a stop must, and switching the driver off.
     MotionCommands(PanelLink& link, MotionView& view, std::function<void()> endDemo);
 
     /// Buttons whose command goes out behind speed and acceleration.
@@ -48,7 +49,7 @@ class MotionCommands {
     /// Sends one of motionButtons() as SendMotionCommand() does, if the firmware has it.
     void pressMotion(const CommandButton& button);
     /// Sends one of plainButtons(); the reply does not matter.
-    void pressPlain(const CommandButton& button) { m_link.SendReceive(button.command); }
+    void pressPlain(const CommandButton& button);
 
     /// Sends "HSPD=" and "ACC=" with the boxes' whole numbers. Throws ConversionError, with
     /// nothing sent, when a box holds none.

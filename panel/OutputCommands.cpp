@@ -19,6 +19,8 @@ void OutputCommands::d1_Click() {
 }
 
 void OutputCommands::EnableStat_Click(bool checked) {
+    if (!checked)
+        m_endDemo();
     const auto enabled = parseInteger(m_link.SendReceive("EO"));
     if (checked && enabled == 0)
         m_link.SendReceive("EO=1");

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "link/PanelLink.h"
 #include "panel/StatusWord.h"
@@ -32,8 +34,10 @@ class OutputsView {
 /// The operator's direct commands to outputs, driver, latch, sync output and S-curve.
 class OutputCommands {
  public:
-    OutputCommands(const Services& services, PanelLink& link, OutputsView& view)
-        : m_services(services), m_link(link), m_view(view) {}
+    /// `endDemo` ends the demo moves, which switching the driver off must.
+    OutputCommands(const Services& services, PanelLink& link, OutputsView& view,
+                   std::function<void()> endDemo)
+        : m_services(services), m_link(link), m_view(view), m_endDemo(std::move(endDemo)) {}
 
     /// Switches digital output 1 to 3 over, by the controller's word.
     void DOSet_Click(int output);
@@ -61,6 +65,7 @@ class OutputCommands {
     const Services& m_services;
     PanelLink& m_link;
     OutputsView& m_view;
+    std::function<void()> m_endDemo;
 };
 
 }  // namespace zlt

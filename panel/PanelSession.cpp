@@ -74,6 +74,7 @@ void PanelSession::readOnce() {
 }
 
 void PanelSession::failLoad() {
+    endDemo();
     link.PortReady = false;
     link.setCommOK(false);
     showInvalidPort();
@@ -91,10 +92,12 @@ void PanelSession::pollTick() {
     if (link.PollPaused || !link.PortReady)
         return;
     try {
-        if (link.CommOK())
+        if (link.CommOK()) {
             passOverAxis();
-        else
+        } else {
+            endDemo();  // a click has met the silence
             probe();
+        }
     } catch (const ConversionError& error) {
         // Beside a machine a wrong read-out is worse than none.
         m_services.gate.message(error.what());
@@ -109,6 +112,8 @@ void PanelSession::passOverAxis() {
     m_view.showReading(reading);
     // After a time-out the zeros are no values, and what came later may be another command's.
     setLive(link.CommOK());
+    if (!link.CommOK())
+        endDemo();  // the axis must not move by itself once the controller is back
 }
 
 void PanelSession::stepDemo() {

@@ -24,7 +24,7 @@ class PanelSession : private PanelLinkListener {
     /// The operator chose another device on the bus. Ends the demo.
     void switchDevice(const std::string& deviceId);
 
-    /// Starts or ends the demo moves between 8000 and 0.
+    /// Starts or ends the demo moves to 8000 and 0.
     void toggleDemo() { setDemo(!DemoMode); }
     void endDemo() { setDemo(false); }
 

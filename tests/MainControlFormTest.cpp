@@ -274,6 +274,39 @@ TEST_F(MainControlFormTest, DemoStepsBehindTheReadsOfEachTick) {
     EXPECT_EQ(shown("Command5"), "off");
 }
 
+TEST_F(MainControlFormTest, EndsTheDemoBeforeTheAxisCouldMoveByItself) {
+    load();
+    sentByTick();
+    const auto expectEnded = [this](const std::string& by) {
+        EXPECT_EQ(shown("Command5"), "off") << by;
+        for (int ticks = 0; ticks < 3; ++ticks)
+            EXPECT_EQ(sentByTick().find('X', longTick.size()), std::string::npos) << by;
+    };
+    for (const char* button : {"EnableOff", "EnableStat", "RSTOP", "ISTOP", "StopProg"}) {
+        click(form, "Command5");
+        click(form, button);
+        sent();
+        expectEnded(button);
+    }
+    bus.replies["EO"] = "0";
+    sentByTick();
+    click(form, "Command5");
+    EXPECT_EQ(sentBy("EnableStat"), "EO|EO=1");
+    EXPECT_EQ(shown("Command5"), "on") << "the driver is switched on";
+
+    bus.silent = true;
+    EXPECT_EQ(sentByTick(), longTick + "|X8000") << "a silent tick runs to its end";
+    bus.silent = false;
+    expectEnded("a silent tick");
+
+    click(form, "Command5");
+    bus.silentAt = "CLR";
+    click(form, "clear");
+    sent();
+    sentByTick();
+    expectEnded("a click that met the silence");
+}
+
 TEST_F(MainControlFormTest, SwitchesToAnotherDevice) {
     load();
     choose(form, "SelectedDeviceID", "01");
