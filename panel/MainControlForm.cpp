@@ -107,10 +107,7 @@ void MainControlForm::Timer1_Timer() {
 }
 
 void MainControlForm::SelectedDeviceID_Click(int index) {
-    const std::string before = m_session.link.connection.deviceId;
     m_session.switchDevice(wireText(m_ui->linkFrame->controls().SelectedDeviceID->itemText(index)));
-    if (m_session.link.connection.deviceId != before)
-        m_ui->runControlFrame->forgetRunOnBoot();
 }
 
 void MainControlForm::Command5_Click() {
@@ -215,6 +212,13 @@ void MainControlForm::showAcceleration(std::string_view acceleration) {
 
 void MainControlForm::resetSync() {
     m_ui->outputsFrame->resetSync();
+}
+
+void MainControlForm::showDeviceSwitch(std::string_view before, std::string_view now) {
+    m_ui->outputsFrame->clearMarks();
+    m_ui->motionFrame->clearMarks();
+    m_ui->runControlFrame->forgetRunOnBoot();
+    m_ui->terminalFrame->followDevice(before, now);
 }
 
 void MainControlForm::gateFeatures(FirmwareVersion firmware) {

@@ -70,6 +70,7 @@ class MainControlForm : public Screen, private PanelView {
     void showSpeed(std::string_view speed) override;
     void showAcceleration(std::string_view acceleration) override;
     void resetSync() override;
+    void showDeviceSwitch(std::string_view before, std::string_view now) override;
     void gateFeatures(FirmwareVersion firmware) override;
     void showReading(const AxisReading& reading) override;
     void forgetProgram() override;

@@ -24,10 +24,12 @@ void MotionFrame::connectTo(Handlers& handlers, MotionCommands& motion, OutputCo
     handlers.onClick(*m_ui->Command6, [&](bool) { motion.Command6_Click(); });
     handlers.onClick(*m_ui->EnableStat, [&](bool on) { outputs.EnableStat_Click(on); });
     handlers.onClick(*m_ui->Scurve, [&](bool on) { outputs.Scurve_Click(on); });
-    handlers.onClick(*m_ui->OnScurve,
-                     [&, motionShown](bool) { outputs.setScurve(true, motionShown()); });
-    handlers.onClick(*m_ui->OffScurve,
-                     [&, motionShown](bool) { outputs.setScurve(false, motionShown()); });
+    const auto setScurve = [this, &outputs, motionShown](bool on) {
+        if (outputs.setScurve(on, motionShown()))
+            m_ui->Scurve->setChecked(on);
+    };
+    handlers.onClick(*m_ui->OnScurve, [setScurve](bool) { setScurve(true); });
+    handlers.onClick(*m_ui->OffScurve, [setScurve](bool) { setScurve(false); });
 }
 
 QLineEdit& MotionFrame::field(Box box) const {
@@ -95,6 +97,10 @@ void MotionFrame::showLive(bool live) {
     dimmed.setColor(QPalette::WindowText,
                     palette().color(QPalette::Disabled, QPalette::WindowText));
     m_ui->EnableStat->setPalette(live ? QPalette() : dimmed);
+}
+
+void MotionFrame::clearMarks() {
+    m_ui->Scurve->setChecked(false);
 }
 
 void MotionFrame::gateFeatures(FirmwareVersion firmware) {

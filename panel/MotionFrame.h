@@ -30,6 +30,8 @@ class MotionFrame : public QGroupBox, public MotionView {
     void showDriverEnabled(bool enabled);
     void showDemo(bool on);
     void showLive(bool live);
+    /// Clears the S-curve's mark: the operator's last click was another device's.
+    void clearMarks();
     /// Enables the HL and L homing where the firmware has it.
     void gateFeatures(FirmwareVersion firmware);
 

@@ -4,9 +4,10 @@
 
 namespace zlt {
 
-void OutputCommands::toggle(std::string_view query, std::string_view setting) {
+bool OutputCommands::toggle(std::string_view query, std::string_view setting) {
     const bool off = parseInteger(m_link.SendReceive(query)) == 0;
     m_link.SendReceive(std::string(setting) + (off ? "=1" : "=0"));
+    return off;
 }
 
 void OutputCommands::DOSet_Click(int output) {
@@ -29,7 +30,7 @@ void OutputCommands::EnableStat_Click(bool checked) {
 }
 
 void OutputCommands::EnableLatch_Click() {
-    toggle("LTS", "LT");
+    m_view.markLatch(toggle("LTS", "LT"));
 }
 
 void OutputCommands::SyncEnable_Click(bool checked) {
@@ -55,11 +56,16 @@ void OutputCommands::Scurve_Click(bool checked) {
     m_link.SendReceive(checked ? "SCV=1" : "SCV=0");
 }
 
-void OutputCommands::setScurve(bool on, MotionState motionShown) {
-    if (motionShown != MotionState::idle)
+bool OutputCommands::setScurve(bool on, MotionState motionShown) {
+    if (motionShown != MotionState::idle) {
         m_services.gate.message("Cannot set while running!");
-    else if (m_link.SendReceive(on ? "SCV=1" : "SCV=0") != "OK")
+        return false;
+    }
+    if (m_link.SendReceive(on ? "SCV=1" : "SCV=0") != "OK") {
         m_services.gate.message("Error Setting Scurve!");
+        return false;
+    }
+    return true;
 }
 
 }  // namespace zlt

@@ -27,6 +27,8 @@ class OutputsView {
     virtual void pointToSyncPosition() = 0;
     /// Sets the mark of "Enable" without a click of the operator's.
     virtual void markSyncEnabled(bool enabled) = 0;
+    /// The same with the latch's mark.
+    virtual void markLatch(bool on) = 0;
     /// Whether the output's lamp is lit.
     virtual bool outputShown() const = 0;
 };
@@ -46,7 +48,7 @@ class OutputCommands {
     /// `checked` is the mark as the operator's click left it, here and below. Asks first, and
     /// sends only where the controller says otherwise.
     void EnableStat_Click(bool checked);
-    /// Switches the latch over, by the controller's word.
+    /// Switches the latch over, by the controller's word; its mark shows what was sent.
     void EnableLatch_Click();
     /// Sends condition, position and the switch. Throws ConversionError when the position is no
     /// number: nothing has been sent then, the mark is put back; but switching off is sent.
@@ -54,13 +56,13 @@ class OutputCommands {
     /// Sends the mark, moving or not; the reply does not matter.
     void Scurve_Click(bool checked);
     /// The S-curve buttons; `motionShown` is what `Stat` shows. A moving axis and a refusal are
-    /// told in a message.
-    void setScurve(bool on, MotionState motionShown);
+    /// told in a message. Whether it is set now.
+    bool setScurve(bool on, MotionState motionShown);
 
  private:
     /// Asks for a present state and switches to the other one. The controller's word counts,
-    /// never what the screen shows; whatever is not 0 counts as on.
-    void toggle(std::string_view query, std::string_view setting);
+    /// never what the screen shows; whatever is not 0 counts as on. Returns what was sent.
+    bool toggle(std::string_view query, std::string_view setting);
 
     const Services& m_services;
     PanelLink& m_link;

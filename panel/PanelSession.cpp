@@ -159,6 +159,7 @@ void PanelSession::switchDevice(const std::string& deviceId) {
     holdOff();       // the values of the one before
     setDemo(false);  // the other axis has only been selected, not told to move
     m_view.forgetProgram();
+    m_view.showDeviceSwitch(link.connection.deviceId, deviceId);
     link.connection.deviceId = deviceId;
     link.setCommOK(true);
     // A device name is what "DN" answers; as the product's identity it is a wrong answer.

@@ -36,6 +36,9 @@ class PanelView {
     virtual void showAcceleration(std::string_view acceleration) = 0;
     /// Puts the synchronisation output's condition and position back to "=" and "0".
     virtual void resetSync() = 0;
+    /// Another device is worked from now on: what says something of the operator's last click at
+    /// the one before goes, what shows that one's address follows.
+    virtual void showDeviceSwitch(std::string_view before, std::string_view now) = 0;
     /// Enables what this firmware has and disables what it lacks.
     virtual void gateFeatures(FirmwareVersion firmware) = 0;
 

@@ -139,8 +139,12 @@ TEST_F(DirectCommandsTest, GoByTheControllersWord) {
             bus.replies[query] = reply;
             EXPECT_EQ(sentBy(button), commands) << button << " " << reply;
         }
+    EXPECT_EQ(shown("EnableLatch"), "off") << "as was sent";
+    EXPECT_EQ(sentBy("EnableLatch"), "LTS|LT=0");
+    EXPECT_EQ(shown("EnableLatch"), "off") << "whatever the click left";
     bus.silentAt = "LTS";
     EXPECT_EQ(sentBy("EnableLatch"), "LTS|LT=1") << "silence reads 0";
+    EXPECT_EQ(shown("EnableLatch"), "on");
 }
 
 TEST_F(DirectCommandsTest, GoByThePresentDevice) {
@@ -178,8 +182,12 @@ TEST_F(DirectCommandsTest, RewriteConditionAndPositionAtEverySyncClick) {
 }
 
 TEST_F(DirectCommandsTest, SwitchTheScurveAtRestAndTellWhatItAnswers) {
+    std::string mark = "off";
     for (const auto& [button, command] : {std::pair{"OnScurve", "SCV=1"}, {"OffScurve", "SCV=0"}}) {
+        EXPECT_EQ(shown("Scurve"), mark) << "as set last";
+        mark = button == std::string("OnScurve") ? "on" : "off";
         EXPECT_EQ(sentBy(button), command);
+        EXPECT_EQ(shown("Scurve"), mark);
         for (const char* reply : {"", "ok", "OK "}) {
             bus.replies[command] = reply;
             gate.expectMessage("Error Setting Scurve!");

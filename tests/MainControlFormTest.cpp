@@ -316,12 +316,16 @@ TEST_F(MainControlFormTest, SwitchesToAnotherDevice) {
     bus.replies["VER"] = "V316";
     click(form, "Command5");
     tick(form, "Timer1");
+    for (const char* mark : {"EnableLatch", "Scurve", "SyncEnable"})
+        click(form, mark);
     bus.requests.clear();
     choose(form, "SelectedDeviceID", "07");
     EXPECT_EQ(bus.requests, (std::vector<std::string>{"@07ID", "@07VER", "@07ID"}));
     for (const char* name : {"MoveMode", "ProgIndex", "ProgStatus"})
         EXPECT_EQ(shown(name), "") << "the other device's";
-    EXPECT_EQ(shown("InPosDO"), "off") << "the other device's";
+    for (const char* name : {"InPosDO", "EnableLatch", "Scurve", "SyncEnable"})
+        EXPECT_EQ(shown(name), "off") << name << ": the other device's";
+    EXPECT_EQ(shown("DeviceIDComboTerminal"), "07");
     EXPECT_EQ(shown("Version"), "V316");
     sent();
     EXPECT_EQ(sentByTick(), shortTick) << "the demo moves no axis that was only selected";
@@ -329,11 +333,16 @@ TEST_F(MainControlFormTest, SwitchesToAnotherDevice) {
 
     bus.replies["ID"] = "ZLD08";
     disturbSync();
+    click(form, "Scurve");
+    choose(form, "DeviceIDComboTerminal", "33");
+    sent();
     gate.expectMessage("No Communication with the device at address 08");
     choose(form, "SelectedDeviceID", "08");
     EXPECT_EQ(sent(), "ID");
     expectLost("No Communication", red);
     EXPECT_EQ(shown("SelectedDeviceID"), "08");
+    EXPECT_EQ(shown("Scurve"), "off");
+    EXPECT_EQ(shown("DeviceIDComboTerminal"), "33") << "chosen by hand";
     tick(form, "Timer1");
     EXPECT_EQ(bus.requests[0], "@08DN") << "the probe goes on at the new address";
     sent();
