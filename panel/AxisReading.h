@@ -28,7 +28,7 @@ struct AxisReading {
 
 /// Reads the axis once, to the end even when the controller falls silent on the way: "0" stands
 /// for each missing reply then. Throws ConversionError for a reply that should be a number and is
-/// none; but not behind a time-out, when the replies may be one behind.
+/// none; but not after a time-out, when the replies may be one behind.
 AxisReading readAxis(PanelLink& link);
 
 }  // namespace zlt

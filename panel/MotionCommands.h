@@ -61,7 +61,7 @@ class MotionCommands {
     void SendMotionCommand(std::string_view command);
 
     // The position goes out as typed, the speed of SSPD_Click() too. A character that the wire
-    // cannot carry throws NotLatin1 or ControlCharacter, with nothing sent.
+    // cannot carry throws runtime_error, with nothing sent.
 
     /// Moves to the position, or by it: "X", behind speed and acceleration. Throws as
     /// SendSpeedAndAccel().
@@ -87,6 +87,8 @@ class MotionCommands {
     Settings readSettings();
     void refuse(const Settings& settings);
     void send(const Settings& settings);
+    /// A box's text as it stands. Points to the box and names it in what it throws.
+    std::string verbatim(MotionView::Box box);
     void setCounter(std::string_view command);
 
     PanelLink& m_link;

@@ -35,8 +35,7 @@ void OutputCommands::EnableLatch_Click() {
 
 void OutputCommands::SyncEnable_Click(bool checked) {
     const auto condition = m_view.syncCondition();
-    const std::string typed = m_view.syncPosition();
-    const auto position = parseInteger(typed);
+    const auto [position, fault] = parseTyped("Sync Output, Position", m_view.syncPosition());
     if (!position && checked)
         m_view.markSyncEnabled(false);
     else {
@@ -48,7 +47,7 @@ void OutputCommands::SyncEnable_Click(bool checked) {
     }
     if (!position) {
         m_view.pointToSyncPosition();
-        throw ConversionError(notAWholeNumber("Sync Output, Position", typed));
+        throw ConversionError(fault);
     }
 }
 
