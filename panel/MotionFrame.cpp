@@ -85,18 +85,12 @@ void MotionFrame::showDemo(bool on) {
 
 void MotionFrame::changeEvent(QEvent* event) {
     QGroupBox::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) {
+    if (event->type() == QEvent::PaletteChange)
         showDemo(m_ui->Command5->isChecked());
-        showLive(m_live);
-    }
 }
 
 void MotionFrame::showLive(bool live) {
-    m_live = live;
-    QPalette dimmed;
-    dimmed.setColor(QPalette::WindowText,
-                    palette().color(QPalette::Disabled, QPalette::WindowText));
-    m_ui->EnableStat->setPalette(live ? QPalette() : dimmed);
+    m_ui->EnableStat->setLive(live);
 }
 
 void MotionFrame::clearMarks() {

@@ -53,7 +53,6 @@ class MotionFrame : public QGroupBox, public MotionView {
     QLineEdit& field(Box box) const;
 
     std::unique_ptr<Ui::MotionFrame> m_ui;
-    bool m_live = true;
 };
 
 }  // namespace zlt

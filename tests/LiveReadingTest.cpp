@@ -67,6 +67,8 @@ TEST_F(LiveReadingTest, IsDimmedUntilAWholePassHasBeenRead) {
     bus.silentAt = "CLR";
     EXPECT_EQ(sentBy("clear"), "CLR");
     EXPECT_EQ(live(), "") << "a click has met the silence";
+    EXPECT_EQ(sentBy("EnableStat"), "EO|EO=0") << "dimmed, but to be clicked";
+    EXPECT_EQ(sentBy("EnableStat"), "EO");
     EXPECT_EQ(sentByTick(), "DN|VER|ID");
     EXPECT_EQ(live(), "") << "a probe reads nothing of it";
     sentByTick();
@@ -89,6 +91,43 @@ TEST_F(LiveReadingTest, IsDimmedUntilAWholePassHasBeenRead) {
     sentByTick();
     sentByTick();
     EXPECT_EQ(live(), all());
+}
+
+/// The strongest colour of a control's: how far from its ground anything of it stands off.
+int contrast(const QImage& image) {
+    const QColor ground = image.pixelColor(image.width() - 1, 0);
+    int most = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            most = std::max(most, std::abs(qGray(image.pixel(x, y)) - qGray(ground.rgb())));
+    return most;
+}
+
+TEST_F(LiveReadingTest, DimsTheDriversMarkAsMuchAsItsWord) {
+    const auto halves = [this] {
+        const QImage whole = look("EnableStat");
+        const int mark = whole.height();
+        return std::pair(contrast(whole.copy(0, 0, mark, mark)),
+                         contrast(whole.copy(mark, 0, whole.width() - mark, mark)));
+    };
+    const auto before = halves();
+    bus.silentAt = "CLR";
+    click(form, "clear");
+    const auto after = halves();
+    EXPECT_LT(after.first, before.first / 2);
+    EXPECT_LT(after.second, before.second / 2);
+}
+
+TEST_F(LiveReadingTest, ShowsRedForALimitThatIsMetAlone) {
+    const auto redness = [this](const char* lamp) {
+        const QImage image = look(lamp);
+        const QColor fill = image.pixelColor(image.rect().center());
+        return fill.red() - std::max(fill.green(), fill.blue());
+    };
+    for (const char* lamp : {"NegLim", "PosLim"})
+        EXPECT_GT(redness(lamp), 100) << lamp;
+    for (const char* lamp : {"Home", "InPosDO"})
+        EXPECT_LT(redness(lamp), 0) << lamp;
 }
 
 TEST_F(LiveReadingTest, IsDimmedAtTheFirstTimeOutNotAtTheEndOfThePass) {
