@@ -1,15 +1,13 @@
 #include "link/PanelLink.h"
 
 #include <exception>
-#include <utility>
 
 namespace zlt {
 
-PanelLink::PanelLink(const Services& services, LinkListener* listener,
-                     std::function<void()> portNotTakenBack)
-    : ScreenLink(services, flavours::controlPanel, listener),
+PanelLink::PanelLink(const Services& services, PanelLinkListener& listener)
+    : ScreenLink(services, flavours::controlPanel, &listener),
       m_services(services),
-      m_portNotTakenBack(std::move(portNotTakenBack)) {}
+      m_listener(listener) {}
 
 LinkHandOver PanelLink::handOver() const {
     return {PortReady, CommOK(), connection, firmware};
@@ -36,7 +34,7 @@ void PanelLink::lendPort(const std::function<void()>& action, std::chrono::milli
 
 void PanelLink::takeBack(std::chrono::milliseconds settling) {
     if (PortReady && !openPort())
-        m_portNotTakenBack();
+        m_listener.portNotTakenBack();
     m_services.waits.sleep(settling);
 }
 

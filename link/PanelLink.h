@@ -7,12 +7,19 @@
 
 namespace zlt {
 
+/// Is told what becomes of the main screen's link beyond what every screen is told.
+class PanelLinkListener : public LinkListener {
+ public:
+    /// The poll is held off from now on.
+    virtual void pollHeldOff() = 0;
+    /// The port cannot be opened again after a loan.
+    virtual void portNotTakenBack() = 0;
+};
+
 /// The main screen's link, which its frames share.
 class PanelLink : public ScreenLink {
  public:
-    /// `portNotTakenBack` is called when the port cannot be opened again behind a loan.
-    PanelLink(const Services& services, LinkListener* listener,
-              std::function<void()> portNotTakenBack);
+    PanelLink(const Services& services, PanelLinkListener& listener);
 
     LinkHandOver handOver() const;
 
@@ -28,16 +35,20 @@ class PanelLink : public ScreenLink {
     FirmwareVersion firmware;
 
  private:
+    friend class PollPause;
     void takeBack(std::chrono::milliseconds settling);
 
     const Services& m_services;
-    std::function<void()> m_portNotTakenBack;
+    PanelLinkListener& m_listener;
 };
 
 /// Holds the status poll off while it lives.
 class PollPause {
  public:
-    explicit PollPause(PanelLink& link) : m_link(link) { m_link.PollPaused = true; }
+    explicit PollPause(PanelLink& link) : m_link(link) {
+        m_link.PollPaused = true;
+        m_link.m_listener.pollHeldOff();
+    }
     ~PollPause() { m_link.PollPaused = false; }
     PollPause(const PollPause&) = delete;
     PollPause& operator=(const PollPause&) = delete;

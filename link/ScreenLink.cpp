@@ -44,10 +44,7 @@ void ScreenLink::endProgram(int exitCode) {
 }
 
 std::string ScreenLink::SendReceive(std::string_view command) {
-    const Exchanged exchanged = exchange(command);
-    if (exchanged.failure)
-        return fail(*exchanged.failure, command, exchanged.ending);
-    return exchanged.reply;
+    return told(exchange(command), command);
 }
 
 void ScreenLink::sendAll(const std::vector<std::string>& commands) {
@@ -65,6 +62,10 @@ void ScreenLink::dropInput() {
     }
 }
 
+std::string ScreenLink::receive(std::string_view command) {
+    return told(read(command), command);
+}
+
 /// One exchange with nothing told and no flag changed.
 ScreenLink::Exchanged ScreenLink::exchange(std::string_view command) {
     if (m_lossReported || (m_flavour.onlyWhileConnected && !m_commOk))
@@ -74,7 +75,10 @@ ScreenLink::Exchanged ScreenLink::exchange(std::string_view command) {
         return {{}, &m_flavour.onPortLost, Ending::portLost};
     if (const auto wait = settlingWait(m_flavour.waits, command); wait.count() > 0)
         m_services.waits.sleep(wait);
+    return read(command);
+}
 
+ScreenLink::Exchanged ScreenLink::read(std::string_view command) {
     const Reading reading = readReply(*MSComm1, {.end = m_flavour.endOfReply});
     if (reading.ending == Ending::portLost)
         return {{}, &m_flavour.onPortLost, Ending::portLost};
@@ -89,6 +93,13 @@ ScreenLink::Exchanged ScreenLink::exchange(std::string_view command) {
     if (reply.empty() && !mayBeEmpty)
         return {{}, &m_flavour.onEmptyReply, Ending::reply};
     return {std::string(reply)};
+}
+
+/// The reply, or what stands in its place once the failure has been told.
+std::string ScreenLink::told(const Exchanged& exchanged, std::string_view command) {
+    if (exchanged.failure)
+        return fail(*exchanged.failure, command, exchanged.ending);
+    return exchanged.reply;
 }
 
 Ending ScreenLink::converse(const RawRequest& request) {

@@ -62,6 +62,9 @@ class ScreenLink {
 
     /// Drops what has arrived: late answers to what has been given up.
     void dropInput();
+    /// Reads one more line as the reply to `command`, which has been written, after one that was
+    /// the late answer to another command. Everything else as SendReceive().
+    std::string receive(std::string_view command);
 
     /// Holds one raw conversation, with the terminals' settling waits. No flag guards it, and a
     /// time-out changes none. Blocks until it is over.
@@ -102,6 +105,8 @@ class ScreenLink {
         Ending ending = Ending::reply;
     };
     Exchanged exchange(std::string_view command);
+    Exchanged read(std::string_view command);
+    std::string told(const Exchanged& exchanged, std::string_view command);
     std::string fail(const Reaction& reaction, std::string_view command, Ending ending);
 
     const Services& m_services;

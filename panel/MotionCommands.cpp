@@ -1,9 +1,11 @@
 #include "panel/MotionCommands.h"
 
 #include <array>
+#include <stdexcept>
 #include <utility>
 
 #include "platform/NumberConversion.h"
+#include "platform/Text.h"
 
 namespace zlt {
 namespace {
@@ -29,10 +31,24 @@ constexpr std::array motionTable{
 };
 
 constexpr std::array plainTable{
-    CommandButton{"ABSMode", "ABS"},   CommandButton{"INCMode", "INC"},
-    CommandButton{"EnableOn", "EO=1"}, CommandButton{"EnableOff", "EO=0"},
+    CommandButton{"ABSMode", "ABS"},
+    CommandButton{"INCMode", "INC"},
+    CommandButton{"EnableOn", "EO=1"},
+    CommandButton{.control = "EnableOff", .command = "EO=0", .endsDemo = true},
     CommandButton{"clear", "CLR"},
 };
+
+std::string_view labelOf(Box box) {
+    switch (box) {
+        case Box::speed:
+            return "High Speed";
+        case Box::acceleration:
+            return "Accel";
+        case Box::position:
+            break;
+    }
+    return "Position";
+}
 
 bool isStop(std::string_view command) {
     return command == "STOP" || command == "ABORT";
@@ -57,21 +73,27 @@ void MotionCommands::pressMotion(const CommandButton& button) {
     SendMotionCommand(button.command);
 }
 
+void MotionCommands::pressPlain(const CommandButton& button) {
+    if (button.endsDemo)
+        m_endDemo();
+    m_link.SendReceive(button.command);
+}
+
 MotionCommands::Settings MotionCommands::readSettings() {
     Settings settings;
-    const auto read = [&](Box box, const char* label, std::string_view whenEmpty) {
+    const auto read = [&](Box box, std::string_view whenEmpty) {
         if (m_view.typed(box).empty())
             m_view.fill(box, whenEmpty);
         const std::string text = m_view.typed(box);
-        const auto number = parseInteger(text);
-        if (!number && !settings.faulty) {
+        TypedNumber typed = parseTyped(labelOf(box), text);
+        if (!typed.number && !settings.faulty) {
             settings.faulty = box;
-            settings.fault = notAWholeNumber(label, text);
+            settings.fault = std::move(typed.fault);
         }
-        return number;
+        return typed.number;
     };
-    settings.speed = read(Box::speed, "High Speed", "0");
-    settings.acceleration = read(Box::acceleration, "Accel", "100");
+    settings.speed = read(Box::speed, "0");
+    settings.acceleration = read(Box::acceleration, "100");
     return settings;
 }
 
@@ -108,8 +130,17 @@ void MotionCommands::SendMotionCommand(std::string_view command) {
         refuse(settings);
 }
 
+std::string MotionCommands::verbatim(Box box) {
+    try {
+        return m_view.typedForWire(box);
+    } catch (const std::runtime_error& error) {
+        m_view.pointTo(box);
+        throw std::runtime_error("In the field " + inQuotes(labelOf(box)) + ": " + error.what());
+    }
+}
+
 void MotionCommands::ABS_Click() {
-    SendMotionCommand("X" + m_view.typedForWire(Box::position));
+    SendMotionCommand("X" + verbatim(Box::position));
 }
 
 void MotionCommands::Datum_Click() {
@@ -125,13 +156,13 @@ void MotionCommands::Datum_Click() {
 }
 
 void MotionCommands::SSPD_Click() {
-    m_link.SendReceive("SSPD" + m_view.typedForWire(Box::speed));
+    m_link.SendReceive("SSPD" + verbatim(Box::speed));
 }
 
 void MotionCommands::setCounter(std::string_view command) {
     if (m_view.typed(Box::position).empty())
         m_view.fill(Box::position, "0");
-    m_link.SendReceive(std::string(command) + m_view.typedForWire(Box::position));
+    m_link.SendReceive(std::string(command) + verbatim(Box::position));
 }
 
 }  // namespace zlt

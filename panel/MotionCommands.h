@@ -32,13 +32,14 @@ struct CommandButton {
     const char* control;
     std::string_view command;
     bool needsHomingFirmware = false;  ///< does nothing below firmwareWithHLHoming
+    bool endsDemo = false;             ///< of the plain ones; a stop always does
 };
 
 /// The operator's direct motion commands. No reply is examined but the one of "MM": what
 /// becomes of a command is seen in the status.
 class MotionCommands {
  public:
-    /// `endDemo` ends the demo moves, which a stop must.
+    /// `endDemo` ends the demo moves, which a stop must, and switching the driver off.
     MotionCommands(PanelLink& link, MotionView& view, std::function<void()> endDemo);
 
     /// Buttons whose command goes out behind speed and acceleration.
@@ -48,7 +49,7 @@ class MotionCommands {
     /// Sends one of motionButtons() as SendMotionCommand() does, if the firmware has it.
     void pressMotion(const CommandButton& button);
     /// Sends one of plainButtons(); the reply does not matter.
-    void pressPlain(const CommandButton& button) { m_link.SendReceive(button.command); }
+    void pressPlain(const CommandButton& button);
 
     /// The stops, which get through whatever stands in the boxes; see SendMotionCommand().
     void RSTOP_Press() { SendMotionCommand("STOP"); }
@@ -64,7 +65,7 @@ class MotionCommands {
     void SendMotionCommand(std::string_view command);
 
     // The position goes out as typed, the speed of SSPD_Click() too. A character that the wire
-    // cannot carry throws NotLatin1 or ControlCharacter, with nothing sent.
+    // cannot carry throws runtime_error, with nothing sent.
 
     /// Moves to the position, or by it: "X", behind speed and acceleration. Throws as
     /// SendSpeedAndAccel().
@@ -90,6 +91,8 @@ class MotionCommands {
     Settings readSettings();
     void refuse(const Settings& settings);
     void send(const Settings& settings);
+    /// A box's text as it stands. Points to the box and names it in what it throws.
+    std::string verbatim(MotionView::Box box);
     void setCounter(std::string_view command);
 
     PanelLink& m_link;

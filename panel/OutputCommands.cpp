@@ -1,13 +1,13 @@
 #include "panel/OutputCommands.h"
 
-#include "panel/StatusWord.h"
 #include "platform/NumberConversion.h"
 
 namespace zlt {
 
-void OutputCommands::toggle(std::string_view query, std::string_view setting) {
+bool OutputCommands::toggle(std::string_view query, std::string_view setting) {
     const bool off = parseInteger(m_link.SendReceive(query)) == 0;
     m_link.SendReceive(std::string(setting) + (off ? "=1" : "=0"));
+    return off;
 }
 
 void OutputCommands::DOSet_Click(int output) {
@@ -20,6 +20,8 @@ void OutputCommands::d1_Click() {
 }
 
 void OutputCommands::EnableStat_Click(bool checked) {
+    if (!checked)
+        m_endDemo();
     const auto enabled = parseInteger(m_link.SendReceive("EO"));
     if (checked && enabled == 0)
         m_link.SendReceive("EO=1");
@@ -28,13 +30,12 @@ void OutputCommands::EnableStat_Click(bool checked) {
 }
 
 void OutputCommands::EnableLatch_Click() {
-    toggle("LTS", "LT");
+    m_view.markLatch(toggle("LTS", "LT"));
 }
 
 void OutputCommands::SyncEnable_Click(bool checked) {
     const auto condition = m_view.syncCondition();
-    const std::string typed = m_view.syncPosition();
-    const auto position = parseInteger(typed);
+    const auto [position, fault] = parseTyped("Sync Output, Position", m_view.syncPosition());
     if (!position && checked)
         m_view.markSyncEnabled(false);
     else {
@@ -46,7 +47,7 @@ void OutputCommands::SyncEnable_Click(bool checked) {
     }
     if (!position) {
         m_view.pointToSyncPosition();
-        throw ConversionError(notAWholeNumber("Sync Output, Position", typed));
+        throw ConversionError(fault);
     }
 }
 
@@ -54,11 +55,16 @@ void OutputCommands::Scurve_Click(bool checked) {
     m_link.SendReceive(checked ? "SCV=1" : "SCV=0");
 }
 
-void OutputCommands::setScurve(bool on, std::string_view motionShown) {
-    if (motionShown != idleText)
+bool OutputCommands::setScurve(bool on, MotionState motionShown) {
+    if (motionShown != MotionState::idle) {
         m_services.gate.message("Cannot set while running!");
-    else if (m_link.SendReceive(on ? "SCV=1" : "SCV=0") != "OK")
+        return false;
+    }
+    if (m_link.SendReceive(on ? "SCV=1" : "SCV=0") != "OK") {
         m_services.gate.message("Error Setting Scurve!");
+        return false;
+    }
+    return true;
 }
 
 }  // namespace zlt

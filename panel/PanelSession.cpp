@@ -1,10 +1,10 @@
 #include "panel/PanelSession.h"
 
+#include <utility>
+
 #include "link/Framing.h"
-#include "panel/StatusWord.h"
 #include "platform/Latin1.h"
 #include "platform/NumberConversion.h"
-#include "programs/ProgramState.h"
 
 namespace zlt {
 namespace {
@@ -20,7 +20,7 @@ constexpr std::string_view unknown = "???";
 }  // namespace
 
 PanelSession::PanelSession(const Services& services, PanelView& view)
-    : link(services, this, [this] { failLoad(); }), m_services(services), m_view(view) {}
+    : link(services, *this), m_services(services), m_view(view) {}
 
 // Load
 
@@ -29,6 +29,7 @@ bool PanelSession::load(const Connection& connection) {
     link.PortReady = false;
     link.firmware = {};
     setDemo(false);
+    setLive(false);
     m_view.showBaudRate(connection.baudRate);
     try {
         if (!link.openPort()) {
@@ -64,7 +65,7 @@ bool PanelSession::identify() {
 }
 
 void PanelSession::readOnce() {
-    readVersion();
+    showVersion(ask("VER"));
     m_view.showIdentity(ask("ID"));
     const std::string name = ask("DN");
     m_view.showSelectedDevice(behindDeviceNamePrefix(name, 5));
@@ -73,6 +74,7 @@ void PanelSession::readOnce() {
 }
 
 void PanelSession::failLoad() {
+    endDemo();
     link.PortReady = false;
     link.setCommOK(false);
     showInvalidPort();
@@ -90,10 +92,12 @@ void PanelSession::pollTick() {
     if (link.PollPaused || !link.PortReady)
         return;
     try {
-        if (link.CommOK())
-            readAxis();
-        else
+        if (link.CommOK()) {
+            passOverAxis();
+        } else {
+            endDemo();  // a click has met the silence
             probe();
+        }
     } catch (const ConversionError& error) {
         // Beside a machine a wrong read-out is worse than none.
         m_services.gate.message(error.what());
@@ -101,42 +105,15 @@ void PanelSession::pollTick() {
     }
 }
 
-std::int32_t PanelSession::askNumber(std::string_view command) {
-    return replyToInteger(command, ask(command));
-}
-
-void PanelSession::readAxis() {
-    m_view.showValue(Value::current, ask("CUR"));
-    m_view.showValue(Value::position, ask("PX"));
-    m_view.showValue(Value::encoder, ask("EX"));
-
-    const StatusWord status(askNumber("MST"));
-    m_view.showValue(Value::motion, status.motionText());
-    m_view.showIndicator(Indicator::negativeLimit, status.negativeLimit());
-    m_view.showIndicator(Indicator::positiveLimit, status.positiveLimit());
-    m_view.showIndicator(Indicator::home, status.home());
-
-    m_view.showDriverEnabled(askNumber("EO") == 1);
-    if (link.firmware >= firmwareWithProgramState)
-        readProgramState();
+void PanelSession::passOverAxis() {
+    const AxisReading reading = readAxis(link);
     if (DemoMode)
         stepDemo();
-}
-
-void PanelSession::readProgramState() {
-    m_view.showValue(Value::moveMode, askNumber("MM") != 0 ? "INC" : "ABS");
-    m_view.showIndicator(Indicator::output, askNumber("DO") == 1);
-    m_view.showValue(Value::programLine, std::to_string(askNumber("SPC")));
-    if (const auto text = programStateText(askNumber("SASTAT")))
-        m_view.showValue(Value::programState, *text);
-}
-
-/// Old firmware is never asked for these, and a state without words leaves the text standing:
-/// it would be another device's.
-void PanelSession::forgetProgramState() {
-    for (const Value value : {Value::moveMode, Value::programLine, Value::programState})
-        m_view.showValue(value, "");
-    m_view.showIndicator(Indicator::output, false);
+    m_view.showReading(reading);
+    // After a time-out the zeros are no values, and what came later may be another command's.
+    setLive(link.CommOK());
+    if (!link.CommOK())
+        endDemo();  // the axis must not move by itself once the controller is back
 }
 
 void PanelSession::stepDemo() {
@@ -156,7 +133,12 @@ void PanelSession::probe() {
     }
     link.setCommOK(true);
     m_view.showLinkState(communicationOk, green);
-    readVersion();
+    // A device name is what an earlier "DN" is answered with, late: every reply has been one
+    // behind since then.
+    std::string version = ask("VER");
+    while (isDeviceName(version))
+        version = link.receive("VER");
+    showVersion(std::move(version));
     m_view.showIdentity(ask("ID"));
     // Silent again in the middle of it: the number known so far stays, the probe goes on.
     if (link.CommOK())
@@ -174,8 +156,10 @@ void PanelSession::setDemo(bool on) {
 void PanelSession::switchDevice(const std::string& deviceId) {
     if (!link.PortReady || deviceId == link.connection.deviceId)
         return;
+    holdOff();       // the values of the one before
     setDemo(false);  // the other axis has only been selected, not told to move
-    forgetProgramState();
+    m_view.forgetProgram();
+    m_view.showDeviceSwitch(link.connection.deviceId, deviceId);
     link.connection.deviceId = deviceId;
     link.setCommOK(true);
     // A device name is what "DN" answers; as the product's identity it is a wrong answer.
@@ -186,7 +170,7 @@ void PanelSession::switchDevice(const std::string& deviceId) {
     }
     link.setCommOK(true);
     m_view.showLinkState(communicationOk, green);
-    readVersion();
+    showVersion(ask("VER"));
     try {
         if (m_version != unknown)
             noteFirmware();
@@ -207,8 +191,8 @@ void PanelSession::failSwitch() {
 
 // What the screen shows of the link
 
-void PanelSession::readVersion() {
-    m_version = ask("VER");
+void PanelSession::showVersion(std::string version) {
+    m_version = std::move(version);
     m_view.showVersion(m_version);
 }
 
@@ -216,16 +200,25 @@ void PanelSession::noteFirmware() {
     const bool wasRead = link.firmware >= firmwareWithProgramState;
     link.firmware = firmwareVersion("VER", m_version);
     if (wasRead && link.firmware < firmwareWithProgramState)
-        forgetProgramState();
+        m_view.forgetProgram();
 }
 
+void PanelSession::setLive(bool live) {
+    if (m_live == live)
+        return;
+    m_live = live;
+    m_view.showLive(live);
+}
+
+/// Live again is only what a whole pass has read.
 void PanelSession::commChanged(bool connected) {
-    m_view.showLive(connected);
+    if (!connected)
+        setLive(false);
 }
 
 void PanelSession::exchangeTimedOut() {
-    m_view.showLinkState(noCommunication, red);
     showUnknownDevice();
+    m_view.showLinkState(noCommunication, red);
 }
 
 void PanelSession::portLost() {

@@ -9,7 +9,7 @@ namespace zlt {
 
 /// One run of the control panel, from its load to its close: the rules of identification,
 /// poll, probe, demo and device switch. Shows everything through the view.
-class PanelSession : private LinkListener {
+class PanelSession : private PanelLinkListener {
  public:
     PanelSession(const Services& services, PanelView& view);
 
@@ -23,13 +23,13 @@ class PanelSession : private LinkListener {
     /// The operator chose another device on the bus. Ends the demo.
     void switchDevice(const std::string& deviceId);
 
-    /// A box or another screen keeps the poll off: what stands there is no live value until a whole
-    /// pass has been read again.
-    void holdOff() { m_view.showLive(false); }
-
-    /// Starts or ends the demo moves between 8000 and 0.
+    /// Starts or ends the demo moves to 8000 and 0.
     void toggleDemo() { setDemo(!DemoMode); }
     void endDemo() { setDemo(false); }
+
+    /// A box or another screen keeps the poll off: what stands there is no live value until the
+    /// next whole pass.
+    void holdOff() { setLive(false); }
 
     /// Closes the port, when it is still this panel's.
     void unload();
@@ -40,21 +40,21 @@ class PanelSession : private LinkListener {
     void commChanged(bool connected) override;
     void exchangeTimedOut() override;
     void portLost() override;
+    void pollHeldOff() override { holdOff(); }
+    void portNotTakenBack() override { failLoad(); }
 
     bool identify();
     void readOnce();
     void failLoad();
-    void readAxis();
-    void readProgramState();
-    void forgetProgramState();
+    void passOverAxis();
     void stepDemo();
     void probe();
     void failSwitch();
     void setDemo(bool on);
+    void setLive(bool live);
 
     std::string ask(std::string_view command) { return link.SendReceive(command); }
-    std::int32_t askNumber(std::string_view command);
-    void readVersion();
+    void showVersion(std::string version);
     void noteFirmware();
     void showInvalidPort();
     void showUnknownDevice();
@@ -63,6 +63,7 @@ class PanelSession : private LinkListener {
     const Services& m_services;
     PanelView& m_view;
     std::string m_version;  ///< the caption of `Version`
+    bool m_live = true;     ///< whether what stands on the screen is what the controller says now
     bool DemoMode = false;
     int m_demoStep = 0;  ///< 0 to 2
 };

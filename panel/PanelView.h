@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "link/Values.h"
+#include "panel/AxisReading.h"
 
 namespace zlt {
 
@@ -13,11 +14,6 @@ struct Rgb {
     int blue = 0;
 };
 
-/// What the poll reads as a text.
-enum class Value { current, position, encoder, motion, moveMode, programLine, programState };
-/// What it reads as on or off.
-enum class Indicator { negativeLimit, positiveLimit, home, output };
-
 /// What the control panel's rules show, and nothing of how. Texts are Latin-1.
 class PanelView {
  public:
@@ -25,8 +21,10 @@ class PanelView {
 
     /// The status box's words; its colour stays.
     virtual void showLinkText(std::string_view text) = 0;
+    /// Paints at once, without events: the exchanges that follow may block for long.
     virtual void showLinkState(std::string_view text, Rgb colour) = 0;
-    /// Whether what stands on the screen is what the controller says now.
+    /// Whether what stands on the screen is what the controller says now. Paints it at once where
+    /// it is not, for the same reason.
     virtual void showLive(bool live) = 0;
 
     virtual void showSelectedDevice(std::string_view deviceId) = 0;
@@ -38,12 +36,16 @@ class PanelView {
     virtual void showAcceleration(std::string_view acceleration) = 0;
     /// Puts the synchronisation output's condition and position back to "=" and "0".
     virtual void resetSync() = 0;
+    /// Another device is worked from now on: what says something of the operator's last click at
+    /// the one before goes, what shows that one's address follows.
+    virtual void showDeviceSwitch(std::string_view before, std::string_view now) = 0;
     /// Enables what this firmware has and disables what it lacks.
     virtual void gateFeatures(FirmwareVersion firmware) = 0;
 
-    virtual void showValue(Value value, std::string_view text) = 0;
-    virtual void showIndicator(Indicator indicator, bool lit) = 0;
-    virtual void showDriverEnabled(bool enabled) = 0;
+    /// Shows what a pass of the poll has read; a field without a value stays as it stands.
+    virtual void showReading(const AxisReading& reading) = 0;
+    /// Empties what belongs to the program: nobody says it any more.
+    virtual void forgetProgram() = 0;
     virtual void showDemo(bool on) = 0;
 };
 

@@ -1,9 +1,23 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
+
+#include "platform/ShownState.h"
 
 namespace zlt {
+
+/// What the axis does.
+enum class MotionState {
+    idle,
+    moving,
+    accelerating,
+    decelerating,
+    negativeLimitError,
+    positiveLimitError,
+};
+
+/// How `Stat` shows it.
+ShownState shownState(MotionState motion);
 
 /// The controller's status word, the reply to "MST": its low 24 bits.
 class StatusWord {
@@ -11,9 +25,9 @@ class StatusWord {
     explicit StatusWord(std::int32_t value)
         : m_bits(static_cast<std::uint32_t>(value) & 0xFFFFFF) {}
 
-    /// What the axis does, the last of the bits that says something: a limit error goes
-    /// before motion, deceleration before acceleration.
-    std::string_view motionText() const;
+    /// The last of the bits that says something: a limit error goes before motion, deceleration
+    /// before acceleration.
+    MotionState motion() const;
 
     bool negativeLimit() const { return bit(3); }
     bool positiveLimit() const { return bit(4); }
@@ -24,8 +38,5 @@ class StatusWord {
 
     std::uint32_t m_bits;
 };
-
-/// What `Stat` shows while the axis stands still.
-inline constexpr std::string_view idleText = "IDLE";
 
 }  // namespace zlt

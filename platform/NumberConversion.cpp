@@ -1,5 +1,6 @@
 #include "platform/NumberConversion.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "platform/Latin1.h"
@@ -20,11 +21,11 @@ std::string_view takeDigits(std::string_view& text) {
     return digits;
 }
 
-std::string_view withoutBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
+std::string_view without(std::string_view blanks, std::string_view text) {
+    const std::size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos)
         return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 /// Whether a fraction of these digits takes `whole` to the next number away from zero.
@@ -36,10 +37,9 @@ bool roundsUp(std::string_view fraction, std::int64_t whole) {
     return !exactHalf || whole % 2 != 0;
 }
 
-}  // namespace
-
-std::optional<std::int32_t> parseInteger(std::string_view text) {
-    text = withoutBlanks(text);
+/// The number in a text, however large; one that is far out of range stands for all such.
+std::optional<std::int64_t> wholeNumber(std::string_view text) {
+    text = without(" ", text);
     const bool negative = text.starts_with('-');
     if (negative || text.starts_with('+'))
         text.remove_prefix(1);
@@ -58,19 +58,21 @@ std::optional<std::int32_t> parseInteger(std::string_view text) {
         return std::nullopt;
 
     std::int64_t whole = 0;
-    for (const char digit : digits) {
-        whole = whole * 10 + (digit - '0');
-        if (whole > outOfRange)
-            return std::nullopt;
-    }
+    for (const char digit : digits)
+        whole = std::min(whole * 10 + (digit - '0'), outOfRange);
     if (roundsUp(fraction, whole))
         ++whole;
-    if (negative)
-        whole = -whole;
-    if (whole < std::numeric_limits<std::int32_t>::min() ||
-        whole > std::numeric_limits<std::int32_t>::max())
+    return negative ? -whole : whole;
+}
+
+}  // namespace
+
+std::optional<std::int32_t> parseInteger(std::string_view text) {
+    const auto whole = wholeNumber(text);
+    if (!whole || *whole < std::numeric_limits<std::int32_t>::min() ||
+        *whole > std::numeric_limits<std::int32_t>::max())
         return std::nullopt;
-    return static_cast<std::int32_t>(whole);
+    return static_cast<std::int32_t>(*whole);
 }
 
 std::int32_t replyToInteger(std::string_view command, std::string_view reply) {
@@ -80,9 +82,14 @@ std::int32_t replyToInteger(std::string_view command, std::string_view reply) {
                           " is not a number: " + inQuotes(utf8FromLatin1(reply)));
 }
 
-std::string notAWholeNumber(std::string_view label, std::string_view text) {
-    return inQuotes(text) + " in the field \"" + std::string(label) +
-           "\" is not a whole number from -2147483648 to 2147483647.";
+TypedNumber parseTyped(std::string_view label, std::string_view text) {
+    const std::string_view bare = without(" \t\r\n", text);
+    if (const auto number = parseInteger(bare))
+        return {number, {}};
+    const char* const wrong = wholeNumber(bare)
+                                  ? "\" is out of range: from -2147483648 to 2147483647."
+                                  : "\" is not a whole number from -2147483648 to 2147483647.";
+    return {std::nullopt, inQuotes(bare) + " in the field \"" + std::string(label) + wrong};
 }
 
 }  // namespace zlt

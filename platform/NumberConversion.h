@@ -24,8 +24,14 @@ std::optional<std::int32_t> parseInteger(std::string_view text);
 /// `command` and the reply (both Latin-1, as on the wire).
 std::int32_t replyToInteger(std::string_view command, std::string_view reply);
 
-/// The sentence for a field whose text parseInteger() refuses. `label` is the field's own,
-/// both UTF-8.
-std::string notAWholeNumber(std::string_view label, std::string_view text);
+/// What a field's text is as a number, or else the sentence for the operator.
+struct TypedNumber {
+    std::optional<std::int32_t> number;
+    std::string fault;
+};
+
+/// As parseInteger(), for a text that was typed or pasted: tabs and line ends around the number do
+/// not count either. `label` is the field's own, both UTF-8.
+TypedNumber parseTyped(std::string_view label, std::string_view text);
 
 }  // namespace zlt

@@ -68,6 +68,7 @@ void ProgramActions::CompileAll_Click() {
         m_services.gate.message("Nothing to compile!");
         return;
     }
+    const PollPause pause(m_link);  // the panel stands still while the tool runs
     m_tools.write(toolfiles::program, WriteTextAsLines(m_view.program()).value_or(""));
     m_tools.writeSetup(toolfiles::compilerSetup, {{"MOD", std::string(controllerModel)},
                                                   {"OPE", "COMPILE"},

@@ -2,19 +2,38 @@
 
 namespace zlt {
 
-std::optional<std::string_view> programStateText(std::int32_t code) {
+std::optional<ProgramState> programStateOfCode(std::int32_t code) {
     switch (code) {
         case 0:
-            return "Idle";
+            return ProgramState::idle;
         case 1:
-            return "Running";
+            return ProgramState::running;
         case 2:
-            return "Paused";
+            return ProgramState::paused;
         case 4:
-            return "Errored";
+            return ProgramState::errored;
         default:
             return std::nullopt;
     }
+}
+
+ShownState shownState(ProgramState state) {
+    switch (state) {
+        case ProgramState::running:
+            return {"Running", Meaning::underWay};
+        case ProgramState::paused:
+            return {"Paused", Meaning::atRest};
+        case ProgramState::errored:
+            return {"Errored", Meaning::atFault};
+        case ProgramState::idle:
+            break;
+    }
+    return {"Idle", Meaning::atRest};
+}
+
+std::optional<ShownState> programStateText(std::int32_t code) {
+    const auto state = programStateOfCode(code);
+    return state ? std::optional(shownState(*state)) : std::nullopt;
 }
 
 }  // namespace zlt

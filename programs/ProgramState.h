@@ -2,12 +2,22 @@
 
 #include <cstdint>
 #include <optional>
-#include <string_view>
+
+#include "platform/ShownState.h"
 
 namespace zlt {
 
-/// The words for a program state code, the reply to "SASTAT". Nothing for a code that has
-/// none (3, say): the text shown so far stays then.
-std::optional<std::string_view> programStateText(std::int32_t code);
+/// What a program does.
+enum class ProgramState { idle, running, paused, errored };
+
+/// The state behind a code, the reply to "SASTAT". Nothing for a code that stands for none (3,
+/// say): what is shown so far stays then.
+std::optional<ProgramState> programStateOfCode(std::int32_t code);
+
+/// How a screen shows it.
+ShownState shownState(ProgramState state);
+
+/// Both at once, for the thread screen.
+std::optional<ShownState> programStateText(std::int32_t code);
 
 }  // namespace zlt

@@ -56,6 +56,7 @@ TEST_F(DirectCommandsTest, FillEmptyBoxesAndRoundTheOthers) {
     };
     const Row table[] = {{"2.5", "3.5", "HSPD=2|ACC=4|X"},
                          {"-2.5", " 250", "HSPD=-2|ACC=250|X"},
+                         {"1000\r\n", "\t 300 \n", "HSPD=1000|ACC=300|X"},
                          {"", "", "HSPD=0|ACC=100|X"}};
     for (const Row& row : table) {
         type("SetSpeed", row.speed);
@@ -69,11 +70,18 @@ TEST_F(DirectCommandsTest, FillEmptyBoxesAndRoundTheOthers) {
 
 TEST_F(DirectCommandsTest, RefuseABadNumberBeforeAnythingIsSent) {
     bus.replies["MM"] = "1";
+    constexpr auto noNumber = "is not a whole number from -2147483648 to 2147483647.";
+    constexpr auto tooLarge = "is out of range: from -2147483648 to 2147483647.";
+    const std::pair<const char*, const char*> table[] = {{"1,5", noNumber},
+                                                         {"\u22125", noNumber},
+                                                         {"2147483648", tooLarge},
+                                                         {"-99999999999999999999", tooLarge}};
     for (const auto& [field, label] : {std::pair{"SetSpeed", "High Speed"}, {"Accel", "Accel"}}) {
-        for (const char* bad : {"1,5", "2147483648", "\u22125"}) {
+        for (const auto& [bad, words] : table) {
             type(field, bad);
             for (const char* button : {"JOGP", "ResetPos", "ABS", "Datum"}) {
-                gate.expectMessageWith("\"" + std::string(bad) + "\" in the field \"" + label);
+                gate.expectMessage("\"" + std::string(bad) + "\" in the field \"" + label + "\" " +
+                                   words);
                 EXPECT_EQ(sentBy(button), "") << button;
                 EXPECT_TRUE(hasFocus(field));
             }
@@ -108,15 +116,22 @@ TEST_F(DirectCommandsTest, StopWhateverStandsInTheBoxesAndEndTheDemo) {
         }
 }
 
-TEST_F(DirectCommandsTest, RefuseAPositionThatTheWireCannotCarry) {
+TEST_F(DirectCommandsTest, RefuseATextThatTheWireCannotCarryAndPointToIt) {
+    struct Row {
+        const char *button, *field, *label;
+    };
+    const Row table[] = {{"ABS", "SetPosition", "Position"},
+                         {"Command7", "SetPosition", "Position"},
+                         {"SSPD", "SetSpeed", "High Speed"},
+                         {"Command6", "SetPosition", "Position"}};
     for (const auto& [typed, words] :
-         {std::pair{"\u2212500", "U+2212"}, {"10\r@01J+", "control character"}}) {
-        type("SetPosition", typed);
-        for (const char* button : {"ABS", "Command7", "Command6"}) {
-            gate.expectMessageWith(words);
-            EXPECT_EQ(sentBy(button), "") << button;
+         {std::pair{"\u2212500", "The character \"\u2212\""}, {"10\r@01J+", "The text holds"}})
+        for (const Row& row : table) {
+            type(row.field, typed);
+            gate.expectMessageWith("In the field \"" + std::string(row.label) + "\": " + words);
+            EXPECT_EQ(sentBy(row.button), "") << row.button;
+            EXPECT_TRUE(hasFocus(row.field)) << row.button;
         }
-    }
 }
 
 TEST_F(DirectCommandsTest, GoByTheControllersWord) {
@@ -139,8 +154,12 @@ TEST_F(DirectCommandsTest, GoByTheControllersWord) {
             bus.replies[query] = reply;
             EXPECT_EQ(sentBy(button), commands) << button << " " << reply;
         }
+    EXPECT_EQ(shown("EnableLatch"), "off") << "as was sent";
+    EXPECT_EQ(sentBy("EnableLatch"), "LTS|LT=0");
+    EXPECT_EQ(shown("EnableLatch"), "off") << "whatever the click left";
     bus.silentAt = "LTS";
     EXPECT_EQ(sentBy("EnableLatch"), "LTS|LT=1") << "silence reads 0";
+    EXPECT_EQ(shown("EnableLatch"), "on");
 }
 
 TEST_F(DirectCommandsTest, GoByThePresentDevice) {
@@ -157,7 +176,7 @@ TEST_F(DirectCommandsTest, GoByThePresentDevice) {
 }
 
 TEST_F(DirectCommandsTest, RewriteConditionAndPositionAtEverySyncClick) {
-    type("SyncPos", " 1500.5 ");
+    type("SyncPos", " 1500.5\n");
     EXPECT_EQ(sentBy("SyncLessThan"), "");
     EXPECT_EQ(sentBy("SyncEnable"), "SYNC=2|SYNP=1500|SYNO");
     click(form, "SyncGreaterThan");
@@ -178,8 +197,12 @@ TEST_F(DirectCommandsTest, RewriteConditionAndPositionAtEverySyncClick) {
 }
 
 TEST_F(DirectCommandsTest, SwitchTheScurveAtRestAndTellWhatItAnswers) {
+    std::string mark = "off";
     for (const auto& [button, command] : {std::pair{"OnScurve", "SCV=1"}, {"OffScurve", "SCV=0"}}) {
+        EXPECT_EQ(shown("Scurve"), mark) << "as set last";
+        mark = button == std::string("OnScurve") ? "on" : "off";
         EXPECT_EQ(sentBy(button), command);
+        EXPECT_EQ(shown("Scurve"), mark);
         for (const char* reply : {"", "ok", "OK "}) {
             bus.replies[command] = reply;
             gate.expectMessage("Error Setting Scurve!");

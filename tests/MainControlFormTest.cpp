@@ -178,7 +178,10 @@ TEST_F(MainControlFormTest, RunsASilentTickToItsEndThenProbesUntilAControllerAns
         return control<QWidget>(form, "Pos").palette().color(QPalette::Text);
     };
     load();
+    const QColor loaded = textColour();
+    sentByTick();
     const QColor live = textColour();
+    EXPECT_NE(loaded, live) << "the load reads nothing of it";
     disturbSync();
     bus.silent = true;
     EXPECT_EQ(sentByTick(), longTick);
@@ -206,8 +209,11 @@ TEST_F(MainControlFormTest, RunsASilentTickToItsEndThenProbesUntilAControllerAns
     bus.silentAt.reset();
     EXPECT_EQ(sentByTick(), "DN|VER|ID");
     expectState("Communication OK", green);
-    EXPECT_EQ(textColour(), live);
+    EXPECT_NE(textColour(), live) << "not read anew yet";
+    for (const char* name : {"MoveMode", "ProgIndex", "ProgStatus"})
+        EXPECT_EQ(shown(name), "") << "this firmware says nothing of it";
     EXPECT_EQ(sentByTick(), shortTick);
+    EXPECT_EQ(textColour(), live);
     EXPECT_TRUE(enabled("HLHOMEPLUS")) << "as loaded";
 
     bus.silentAt = "EX";
@@ -268,6 +274,39 @@ TEST_F(MainControlFormTest, DemoStepsBehindTheReadsOfEachTick) {
     EXPECT_EQ(shown("Command5"), "off");
 }
 
+TEST_F(MainControlFormTest, EndsTheDemoBeforeTheAxisCouldMoveByItself) {
+    load();
+    sentByTick();
+    const auto expectEnded = [this](const std::string& by) {
+        EXPECT_EQ(shown("Command5"), "off") << by;
+        for (int ticks = 0; ticks < 3; ++ticks)
+            EXPECT_EQ(sentByTick().find('X', longTick.size()), std::string::npos) << by;
+    };
+    for (const char* button : {"EnableOff", "EnableStat", "RSTOP", "ISTOP", "StopProg"}) {
+        click(form, "Command5");
+        click(form, button);
+        sent();
+        expectEnded(button);
+    }
+    bus.replies["EO"] = "0";
+    sentByTick();
+    click(form, "Command5");
+    EXPECT_EQ(sentBy("EnableStat"), "EO|EO=1");
+    EXPECT_EQ(shown("Command5"), "on") << "the driver is switched on";
+
+    bus.silent = true;
+    EXPECT_EQ(sentByTick(), longTick + "|X8000") << "a silent tick runs to its end";
+    bus.silent = false;
+    expectEnded("a silent tick");
+
+    click(form, "Command5");
+    bus.silentAt = "CLR";
+    click(form, "clear");
+    sent();
+    sentByTick();
+    expectEnded("a click that met the silence");
+}
+
 TEST_F(MainControlFormTest, SwitchesToAnotherDevice) {
     load();
     choose(form, "SelectedDeviceID", "01");
@@ -277,12 +316,16 @@ TEST_F(MainControlFormTest, SwitchesToAnotherDevice) {
     bus.replies["VER"] = "V316";
     click(form, "Command5");
     tick(form, "Timer1");
+    for (const char* mark : {"EnableLatch", "Scurve", "SyncEnable"})
+        click(form, mark);
     bus.requests.clear();
     choose(form, "SelectedDeviceID", "07");
     EXPECT_EQ(bus.requests, (std::vector<std::string>{"@07ID", "@07VER", "@07ID"}));
     for (const char* name : {"MoveMode", "ProgIndex", "ProgStatus"})
         EXPECT_EQ(shown(name), "") << "the other device's";
-    EXPECT_EQ(shown("InPosDO"), "off") << "the other device's";
+    for (const char* name : {"InPosDO", "EnableLatch", "Scurve", "SyncEnable"})
+        EXPECT_EQ(shown(name), "off") << name << ": the other device's";
+    EXPECT_EQ(shown("DeviceIDComboTerminal"), "07");
     EXPECT_EQ(shown("Version"), "V316");
     sent();
     EXPECT_EQ(sentByTick(), shortTick) << "the demo moves no axis that was only selected";
@@ -290,11 +333,16 @@ TEST_F(MainControlFormTest, SwitchesToAnotherDevice) {
 
     bus.replies["ID"] = "ZLD08";
     disturbSync();
+    click(form, "Scurve");
+    choose(form, "DeviceIDComboTerminal", "33");
+    sent();
     gate.expectMessage("No Communication with the device at address 08");
     choose(form, "SelectedDeviceID", "08");
     EXPECT_EQ(sent(), "ID");
     expectLost("No Communication", red);
     EXPECT_EQ(shown("SelectedDeviceID"), "08");
+    EXPECT_EQ(shown("Scurve"), "off");
+    EXPECT_EQ(shown("DeviceIDComboTerminal"), "33") << "chosen by hand";
     tick(form, "Timer1");
     EXPECT_EQ(bus.requests[0], "@08DN") << "the probe goes on at the new address";
     sent();

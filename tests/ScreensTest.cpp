@@ -143,6 +143,7 @@ TEST(Screens, FollowTheDesktopIntoTheDark) {
     world.answerAsController();
     const auto panel = screens[2].make(world);
     panel->show();
+    tick(*panel, "Timer1");
     const QWidget& position = control<QWidget>(*panel, "Pos");
     const QPalette light = QApplication::palette();
     const QPalette dark(Qt::black);

@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "widgets/Dimmed.h"
+
 namespace zlt {
 
 Lamp::Lamp(QWidget* parent) : QWidget(parent) {
@@ -39,7 +41,7 @@ void Lamp::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     if (!m_live)
-        painter.setOpacity(0.4);
+        painter.setOpacity(dimmedOpacity);
     constexpr qreal rim = 1.5;
     constexpr qreal corner = 3;
     const qreal above = height() / 6.0;

@@ -16,7 +16,7 @@ class Lamp : public QWidget {
 
     bool lit() const { return m_lit; }
     void setLit(bool lit);
-    /// The fill while lit.
+    /// The fill while lit. A calm one as long as it is not set: most states are normal ones.
     QColor colour() const { return m_colour; }
     void setColour(const QColor& colour);
     /// Dims the lamp while the controller does not answer.
@@ -29,7 +29,7 @@ class Lamp : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
  private:
-    QColor m_colour{214, 48, 49};
+    QColor m_colour{30, 136, 229};  ///< told apart from both grounds, light and dark
     bool m_lit = false;
     bool m_live = true;
 };

@@ -14,23 +14,19 @@ class PolledCheckBox : public QCheckBox {
     explicit PolledCheckBox(QWidget* parent = nullptr) : QCheckBox(parent) {}
 
     /// Shows what the controller says, unless the operator is just clicking.
-    void showState(bool checked) {
-        if (!m_pressed && !isDown())
-            setChecked(checked);
-    }
+    void showState(bool checked);
+
+    /// Dims mark and words while the controller does not answer; it can be clicked all the same.
+    void setLive(bool live);
 
  protected:
-    void mousePressEvent(QMouseEvent* event) override {
-        m_pressed = true;
-        QCheckBox::mousePressEvent(event);
-    }
-    void mouseReleaseEvent(QMouseEvent* event) override {
-        QCheckBox::mouseReleaseEvent(event);
-        m_pressed = false;
-    }
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
  private:
     bool m_pressed = false;
+    bool m_live = true;
 };
 
 }  // namespace zlt

@@ -36,11 +36,11 @@ void ReadOut::setLive(bool live) {
     colour();
 }
 
-void ReadOut::showState(std::string_view state, Meaning meaning) {
-    showReply(state);
-    if (m_meaning == meaning)
+void ReadOut::showState(const ShownState& state) {
+    showReply(state.words);
+    if (m_meaning == state.meaning)
         return;
-    m_meaning = meaning;
+    m_meaning = state.meaning;
     colour();
 }
 

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "platform/ShownState.h"
 #include "widgets/NumberField.h"
 
 namespace zlt {
@@ -18,10 +19,8 @@ class ReadOut : public NumberField {
     /// stays and an unchanged value costs nothing.
     void showReply(std::string_view reply);
 
-    /// What a state means beside its words.
-    enum class Meaning { atRest, underWay, atFault };
     /// Shows what the axis or a program is doing, in colour as well where it is not at rest.
-    void showState(std::string_view state, Meaning meaning);
+    void showState(const ShownState& state);
 
     /// Dims the value while the controller does not answer: it is no live one then.
     void setLive(bool live);

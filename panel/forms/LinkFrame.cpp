@@ -19,6 +19,7 @@ void LinkFrame::showLinkText(std::string_view text) {
 void LinkFrame::showLinkState(std::string_view text, Rgb colour) {
     showLinkText(text);
     m_ui->ComStatusDisplay->setColour(QColor(colour.red, colour.green, colour.blue));
+    repaint();
 }
 
 void LinkFrame::showLive(bool live) {

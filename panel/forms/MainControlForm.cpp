@@ -12,7 +12,6 @@
 #include "ui_LinkFrame.h"
 #include "ui_MainControlForm.h"
 #include "ui_MotionFrame.h"
-#include "ui_StatusFrame.h"
 #include "ui_StopFrame.h"
 #include "widgets/WireText.h"
 
@@ -35,7 +34,7 @@ MainControlForm::MainControlForm(const Services& world, QWidget* parent)
       m_ui(makeControls(*this)),
       m_session(services(), *this),
       m_motion(m_session.link, *m_ui->motionFrame, [this] { m_session.endDemo(); }),
-      m_outputs(services(), m_session.link, *m_ui->outputsFrame),
+      m_outputs(services(), m_session.link, *m_ui->outputsFrame, [this] { m_session.endDemo(); }),
       m_programs(services(), m_session.link, *m_ui->programFrame),
       m_transfer(services(), m_session.link, *m_ui->programFrame),
       m_runControl(m_session.link,
@@ -69,9 +68,8 @@ void MainControlForm::connectFrames() {
         *stops.ISTOP, [this] { m_motion.ISTOP_Press(); }, StopKey::f12);
     connectTable(MotionCommands::motionButtons(), &MotionCommands::pressMotion);
     connectTable(MotionCommands::plainButtons(), &MotionCommands::pressPlain);
-    m_ui->motionFrame->connectTo(handlers, m_motion, m_outputs, [this] {
-        return m_ui->statusFrame->controls().Stat->text().toStdString();
-    });
+    m_ui->motionFrame->connectTo(handlers, m_motion, m_outputs,
+                                 [this] { return m_ui->statusFrame->motionShown(); });
     m_ui->outputsFrame->connectTo(handlers, m_outputs);
     m_ui->programFrame->connectTo(handlers, services(), m_programs, m_transfer);
     m_ui->terminalFrame->connectTo(handlers, m_session.link);
@@ -121,10 +119,7 @@ void MainControlForm::heldOff() {
 }
 
 void MainControlForm::SelectedDeviceID_Click(int index) {
-    const std::string before = m_session.link.connection.deviceId;
     m_session.switchDevice(wireText(m_ui->linkFrame->controls().SelectedDeviceID->itemText(index)));
-    if (m_session.link.connection.deviceId != before)
-        m_ui->runControlFrame->forgetRunOnBoot();
 }
 
 void MainControlForm::Command5_Click() {
@@ -188,11 +183,16 @@ void MainControlForm::showLinkState(std::string_view text, Rgb colour) {
 }
 
 void MainControlForm::showLive(bool live) {
-    m_ui->linkFrame->showLive(live);
-    m_ui->statusFrame->showLive(live);
-    m_ui->motionFrame->showLive(live);
-    m_ui->outputsFrame->showLive(live);
-    m_ui->terminalFrame->showLive(live);
+    const auto show = [live](auto& frame) {
+        frame.showLive(live);
+        if (!live)
+            frame.repaint();
+    };
+    show(*m_ui->linkFrame);
+    show(*m_ui->statusFrame);
+    show(*m_ui->motionFrame);
+    show(*m_ui->outputsFrame);
+    show(*m_ui->terminalFrame);
 }
 
 void MainControlForm::showSelectedDevice(std::string_view deviceId) {
@@ -223,24 +223,29 @@ void MainControlForm::resetSync() {
     m_ui->outputsFrame->resetSync();
 }
 
+void MainControlForm::showDeviceSwitch(std::string_view before, std::string_view now) {
+    m_ui->outputsFrame->clearMarks();
+    m_ui->motionFrame->clearMarks();
+    m_ui->runControlFrame->forgetRunOnBoot();
+    m_ui->terminalFrame->followDevice(before, now);
+}
+
 void MainControlForm::gateFeatures(FirmwareVersion firmware) {
     m_ui->motionFrame->gateFeatures(firmware);
     m_ui->runControlFrame->gateFeatures(firmware);
 }
 
-void MainControlForm::showValue(Value value, std::string_view text) {
-    m_ui->statusFrame->showValue(value, text);
+void MainControlForm::showReading(const AxisReading& reading) {
+    m_ui->statusFrame->showReading(reading);
+    if (reading.driverEnabled)
+        m_ui->motionFrame->showDriverEnabled(*reading.driverEnabled);
+    if (reading.program && reading.program->output)
+        m_ui->outputsFrame->showOutput(*reading.program->output);
 }
 
-void MainControlForm::showIndicator(Indicator indicator, bool lit) {
-    if (indicator == Indicator::output)
-        m_ui->outputsFrame->showOutput(lit);
-    else
-        m_ui->statusFrame->showIndicator(indicator, lit);
-}
-
-void MainControlForm::showDriverEnabled(bool enabled) {
-    m_ui->motionFrame->showDriverEnabled(enabled);
+void MainControlForm::forgetProgram() {
+    m_ui->statusFrame->forgetProgram();
+    m_ui->outputsFrame->showOutput(false);
 }
 
 void MainControlForm::showDemo(bool on) {

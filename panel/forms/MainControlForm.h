@@ -71,10 +71,10 @@ class MainControlForm : public Screen, private PanelView {
     void showSpeed(std::string_view speed) override;
     void showAcceleration(std::string_view acceleration) override;
     void resetSync() override;
+    void showDeviceSwitch(std::string_view before, std::string_view now) override;
     void gateFeatures(FirmwareVersion firmware) override;
-    void showValue(Value value, std::string_view text) override;
-    void showIndicator(Indicator indicator, bool lit) override;
-    void showDriverEnabled(bool enabled) override;
+    void showReading(const AxisReading& reading) override;
+    void forgetProgram() override;
     void showDemo(bool on) override;
 
     std::unique_ptr<Ui::MainControlForm> m_ui;

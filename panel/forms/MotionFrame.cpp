@@ -16,7 +16,7 @@ MotionFrame::MotionFrame(QWidget* parent)
 MotionFrame::~MotionFrame() = default;
 
 void MotionFrame::connectTo(Handlers& handlers, MotionCommands& motion, OutputCommands& outputs,
-                            const std::function<std::string()>& motionShown) {
+                            const std::function<MotionState()>& motionShown) {
     handlers.onClick(*m_ui->ABS, [&](bool) { motion.ABS_Click(); });
     handlers.onClick(*m_ui->Datum, [&](bool) { motion.Datum_Click(); });
     handlers.onClick(*m_ui->SSPD, [&](bool) { motion.SSPD_Click(); });
@@ -24,10 +24,12 @@ void MotionFrame::connectTo(Handlers& handlers, MotionCommands& motion, OutputCo
     handlers.onClick(*m_ui->Command6, [&](bool) { motion.Command6_Click(); });
     handlers.onClick(*m_ui->EnableStat, [&](bool on) { outputs.EnableStat_Click(on); });
     handlers.onClick(*m_ui->Scurve, [&](bool on) { outputs.Scurve_Click(on); });
-    handlers.onClick(*m_ui->OnScurve,
-                     [&, motionShown](bool) { outputs.setScurve(true, motionShown()); });
-    handlers.onClick(*m_ui->OffScurve,
-                     [&, motionShown](bool) { outputs.setScurve(false, motionShown()); });
+    const auto setScurve = [this, &outputs, motionShown](bool on) {
+        if (outputs.setScurve(on, motionShown()))
+            m_ui->Scurve->setChecked(on);
+    };
+    handlers.onClick(*m_ui->OnScurve, [setScurve](bool) { setScurve(true); });
+    handlers.onClick(*m_ui->OffScurve, [setScurve](bool) { setScurve(false); });
 }
 
 QLineEdit& MotionFrame::field(Box box) const {
@@ -83,18 +85,16 @@ void MotionFrame::showDemo(bool on) {
 
 void MotionFrame::changeEvent(QEvent* event) {
     QGroupBox::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) {
+    if (event->type() == QEvent::PaletteChange)
         showDemo(m_ui->Command5->isChecked());
-        showLive(m_live);
-    }
 }
 
 void MotionFrame::showLive(bool live) {
-    m_live = live;
-    QPalette dimmed;
-    dimmed.setColor(QPalette::WindowText,
-                    palette().color(QPalette::Disabled, QPalette::WindowText));
-    m_ui->EnableStat->setPalette(live ? QPalette() : dimmed);
+    m_ui->EnableStat->setLive(live);
+}
+
+void MotionFrame::clearMarks() {
+    m_ui->Scurve->setChecked(false);
 }
 
 void MotionFrame::gateFeatures(FirmwareVersion firmware) {

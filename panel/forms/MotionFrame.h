@@ -30,12 +30,14 @@ class MotionFrame : public QGroupBox, public MotionView {
     void showDriverEnabled(bool enabled);
     void showDemo(bool on);
     void showLive(bool live);
+    /// Clears the S-curve's mark: the operator's last click was another device's.
+    void clearMarks();
     /// Enables the HL and L homing where the firmware has it.
     void gateFeatures(FirmwareVersion firmware);
 
     /// Connects the buttons and check boxes to the rules; `motionShown` is what `Stat` shows.
     void connectTo(Handlers& handlers, MotionCommands& motion, OutputCommands& outputs,
-                   const std::function<std::string()>& motionShown);
+                   const std::function<MotionState()>& motionShown);
 
     std::string typed(Box box) const override;
     std::string typedForWire(Box box) const override;
@@ -51,7 +53,6 @@ class MotionFrame : public QGroupBox, public MotionView {
     QLineEdit& field(Box box) const;
 
     std::unique_ptr<Ui::MotionFrame> m_ui;
-    bool m_live = true;
 };
 
 }  // namespace zlt

@@ -43,6 +43,10 @@ void OutputsFrame::markSyncEnabled(bool enabled) {
     m_ui->SyncEnable->setChecked(enabled);
 }
 
+void OutputsFrame::markLatch(bool on) {
+    m_ui->EnableLatch->setChecked(on);
+}
+
 bool OutputsFrame::outputShown() const {
     return m_ui->InPosDO->lit();
 }
@@ -54,6 +58,11 @@ void OutputsFrame::showOutput(bool on) {
 void OutputsFrame::resetSync() {
     m_ui->SyncEqual->setChecked(true);
     m_ui->SyncPos->setText(QStringLiteral("0"));
+}
+
+void OutputsFrame::clearMarks() {
+    markSyncEnabled(false);
+    markLatch(false);
 }
 
 void OutputsFrame::showLive(bool live) {

@@ -22,6 +22,8 @@ class OutputsFrame : public QWidget, public OutputsView {
 
     void showOutput(bool on);
     void resetSync();
+    /// Clears what the operator's last clicks left: they were another device's.
+    void clearMarks();
     void showLive(bool live);
 
     /// Connects the buttons and check boxes to the rules.
@@ -31,6 +33,7 @@ class OutputsFrame : public QWidget, public OutputsView {
     std::string syncPosition() const override;
     void pointToSyncPosition() override;
     void markSyncEnabled(bool enabled) override;
+    void markLatch(bool on) override;
     bool outputShown() const override;
 
  private:

@@ -1,20 +1,8 @@
 #include "panel/forms/StatusFrame.h"
 
-#include "panel/StatusWord.h"
-#include "programs/forms/ProgramStateReadOut.h"
 #include "ui_StatusFrame.h"
 
 namespace zlt {
-namespace {
-
-ReadOut::Meaning meaningOfMotion(std::string_view text) {
-    if (text == idleText)
-        return ReadOut::Meaning::atRest;
-    return text.ends_with("ERR") ? ReadOut::Meaning::atFault : ReadOut::Meaning::underWay;
-}
-
-}  // namespace
-
 StatusFrame::StatusFrame(QWidget* parent)
     : QGroupBox(parent), m_ui(std::make_unique<Ui::StatusFrame>()) {
     m_ui->setupUi(this);
@@ -27,42 +15,37 @@ StatusFrame::StatusFrame(QWidget* parent)
 
 StatusFrame::~StatusFrame() = default;
 
-ReadOut& StatusFrame::readOut(Value value) const {
-    switch (value) {
-        case Value::current:
-            return *m_ui->Current;
-        case Value::position:
-            return *m_ui->Pos;
-        case Value::encoder:
-            return *m_ui->EncPos;
-        case Value::motion:
-            return *m_ui->Stat;
-        case Value::moveMode:
-            return *m_ui->MoveMode;
-        case Value::programLine:
-            return *m_ui->ProgIndex;
-        case Value::programState:
-            break;
-    }
-    return *m_ui->ProgStatus;
+void StatusFrame::showReading(const AxisReading& reading) {
+    m_ui->Current->showReply(reading.current);
+    m_ui->Pos->showReply(reading.position);
+    m_ui->EncPos->showReply(reading.encoder);
+    if (reading.status)
+        showStatus(*reading.status);
+    if (reading.program)
+        showProgram(*reading.program);
 }
 
-void StatusFrame::showValue(Value value, std::string_view text) {
-    if (value == Value::motion)
-        readOut(value).showState(text, meaningOfMotion(text));
-    else if (value == Value::programState)
-        showProgramState(readOut(value), text);
-    else
-        readOut(value).showReply(text);
+void StatusFrame::showStatus(const StatusWord& status) {
+    m_motionShown = status.motion();
+    m_ui->Stat->showState(shownState(m_motionShown));
+    m_ui->NegLim->setLit(status.negativeLimit());
+    m_ui->PosLim->setLit(status.positiveLimit());
+    m_ui->Home->setLit(status.home());
 }
 
-void StatusFrame::showIndicator(Indicator indicator, bool lit) {
-    if (indicator == Indicator::negativeLimit)
-        m_ui->NegLim->setLit(lit);
-    else if (indicator == Indicator::positiveLimit)
-        m_ui->PosLim->setLit(lit);
-    else if (indicator == Indicator::home)
-        m_ui->Home->setLit(lit);
+void StatusFrame::showProgram(const AxisReading::Program& program) {
+    if (program.incremental)
+        m_ui->MoveMode->showReply(*program.incremental ? "INC" : "ABS");
+    if (program.line)
+        m_ui->ProgIndex->showReply(std::to_string(*program.line));
+    if (program.state)
+        m_ui->ProgStatus->showState(shownState(*program.state));
+}
+
+void StatusFrame::forgetProgram() {
+    m_ui->MoveMode->showReply("");
+    m_ui->ProgIndex->showReply("");
+    m_ui->ProgStatus->showState({});
 }
 
 void StatusFrame::showLive(bool live) {

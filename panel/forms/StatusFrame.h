@@ -2,17 +2,14 @@
 
 #include <QGroupBox>
 #include <memory>
-#include <string_view>
 
-#include "panel/PanelView.h"
+#include "panel/AxisReading.h"
 
 namespace Ui {
 class StatusFrame;
 }
 
 namespace zlt {
-
-class ReadOut;
 
 /// What the poll reads: the axis and the program, as they are now.
 class StatusFrame : public QGroupBox {
@@ -22,17 +19,21 @@ class StatusFrame : public QGroupBox {
     explicit StatusFrame(QWidget* parent = nullptr);
     ~StatusFrame() override;
 
-    void showValue(Value value, std::string_view text);
-    /// The three lamps of this frame; another indicator is none of its business.
-    void showIndicator(Indicator indicator, bool lit);
+    /// Shows what of it is this frame's; a field without a value stays as it stands.
+    void showReading(const AxisReading& reading);
+    /// Empties move mode, program line and program state.
+    void forgetProgram();
     void showLive(bool live);
 
-    const Ui::StatusFrame& controls() const { return *m_ui; }
+    /// What `Stat` shows.
+    MotionState motionShown() const { return m_motionShown; }
 
  private:
-    ReadOut& readOut(Value value) const;
+    void showStatus(const StatusWord& status);
+    void showProgram(const AxisReading::Program& program);
 
     std::unique_ptr<Ui::StatusFrame> m_ui;
+    MotionState m_motionShown = MotionState::idle;
 };
 
 }  // namespace zlt

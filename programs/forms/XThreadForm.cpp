@@ -3,7 +3,7 @@
 #include <chrono>
 
 #include "platform/NumberConversion.h"
-#include "programs/forms/ProgramStateReadOut.h"
+#include "programs/ProgramState.h"
 #include "ui_XThreadForm.h"
 
 namespace zlt {
@@ -97,7 +97,7 @@ void XThreadForm::showLive(bool live) {
 void XThreadForm::showState(const char* query, ReadOut& state) {
     const auto code = parseInteger(m_link.SendReceive(query));
     if (const auto text = code ? programStateText(*code) : std::nullopt)
-        showProgramState(state, *text);
+        state.showState(*text);
 }
 
 void XThreadForm::Command1_Click() {

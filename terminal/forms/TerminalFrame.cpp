@@ -26,6 +26,11 @@ void TerminalFrame::showDevice(std::string_view deviceId) {
     m_ui->DeviceIDComboTerminal->showText(deviceId);
 }
 
+void TerminalFrame::followDevice(std::string_view before, std::string_view now) {
+    if (m_ui->DeviceIDComboTerminal->currentText() == shownText(before))
+        showDevice(now);
+}
+
 void TerminalFrame::showLive(bool live) {
     m_ui->ReceiveTerminalText->setLive(live);
 }

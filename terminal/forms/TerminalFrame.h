@@ -29,6 +29,8 @@ class TerminalFrame : public QGroupBox, private ReplyBoxView {
 
     /// Chooses the device to talk to (Latin-1).
     void showDevice(std::string_view deviceId);
+    /// The main screen works another device: goes along, unless one of its own was chosen.
+    void followDevice(std::string_view before, std::string_view now);
     void showLive(bool live);
 
  private:

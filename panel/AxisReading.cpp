@@ -1,0 +1,49 @@
+#include "panel/AxisReading.h"
+
+#include "platform/NumberConversion.h"
+
+namespace zlt {
+namespace {
+
+/// Nothing for a reply of another command, come late, that is no number.
+std::optional<std::int32_t> askNumber(PanelLink& link, std::string_view command) {
+    const std::string reply = link.SendReceive(command);
+    return link.CommOK() ? replyToInteger(command, reply) : parseInteger(reply);
+}
+
+template <class Test>
+std::optional<bool> ask(PanelLink& link, std::string_view command, Test test) {
+    const auto number = askNumber(link, command);
+    return number ? std::optional(test(*number)) : std::nullopt;
+}
+
+bool isOne(std::int32_t number) {
+    return number == 1;
+}
+
+AxisReading::Program readProgram(PanelLink& link) {
+    AxisReading::Program program;
+    program.incremental = ask(link, "MM", [](std::int32_t number) { return number != 0; });
+    program.output = ask(link, "DO", isOne);
+    program.line = askNumber(link, "SPC");
+    if (const auto code = askNumber(link, "SASTAT"))
+        program.state = programStateOfCode(*code);
+    return program;
+}
+
+}  // namespace
+
+AxisReading readAxis(PanelLink& link) {
+    AxisReading reading;
+    reading.current = link.SendReceive("CUR");
+    reading.position = link.SendReceive("PX");
+    reading.encoder = link.SendReceive("EX");
+    if (const auto status = askNumber(link, "MST"))
+        reading.status = StatusWord(*status);
+    reading.driverEnabled = ask(link, "EO", isOne);
+    if (link.firmware >= firmwareWithProgramState)
+        reading.program = readProgram(link);
+    return reading;
+}
+
+}  // namespace zlt
