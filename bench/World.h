@@ -36,11 +36,10 @@ class NoProcesses final : public Processes {
 
 class NoFiles final : public Files {
  public:
-    std::optional<std::string> read(const std::filesystem::path&, std::size_t) override {
-        return std::nullopt;
-    }
-    std::optional<std::string> writeWhole(const std::filesystem::path&, std::string_view) override {
-        return "There are no files here";
+    FileContent read(const std::filesystem::path&) override { return {}; }
+    std::optional<WriteFailure> writeWhole(const std::filesystem::path&,
+                                           std::string_view) override {
+        return WriteFailure{WriteFailure::Kind::noAccess, "there are no files here"};
     }
 };
 

@@ -31,8 +31,8 @@ class ProgramView {
 };
 
 /// Asks for a name and saves `text` under it as lines. The common rule of every program save;
-/// true when the file stands, which "Save Done!" says but for an empty text. Throws NotLatin1 from
-/// `text` before anything is written.
+/// true when the file stands, which "Save Done!" says but for an empty text. Nothing is said of a
+/// file that cannot be created. Throws NotLatin1 from `text` before anything is written.
 bool saveAsLines(const Services& services, const FileChoice& choice,
                  const std::function<std::string()>& text);
 
@@ -44,7 +44,8 @@ class ProgramActions {
 
     /// Empties the box, without a question.
     void NewProg_Click();
-    /// A file that is not there is told; one that cannot be read changes nothing.
+    /// A file that is not there, is too large or no file is told; one that cannot be read changes
+    /// nothing, and of one that breaks off the lines before stand in the box.
     void OpenProg_Click();
     /// As saveAsLines().
     void SaveProg_Click();

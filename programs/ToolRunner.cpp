@@ -13,9 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// No program of the controller's comes near this; a tool that ran wild might.
-constexpr std::size_t longestFile = 16 * 1024 * 1024;
-
 std::string folderOf(const fs::path& path) {
     return utf8FromPath(path.parent_path());
 }
@@ -41,12 +38,20 @@ fs::path ToolRunner::pathOf(std::string_view file) const {
     return m_services.ownFolder / below;
 }
 
-std::optional<std::string> ToolRunner::read(std::string_view file) const {
-    return m_services.files.read(pathOf(file), longestFile);
+FileContent ToolRunner::read(std::string_view file) const {
+    return m_services.files.read(pathOf(file));
+}
+
+std::string ToolRunner::readResult(std::string_view file) const {
+    FileContent result = read(file);
+    if (result.kind != FileContent::Kind::whole)
+        throw ToolError("The tool's result " + nameOf(file) +
+                        " cannot be read whole: " + result.reason + ".");
+    return std::move(result.bytes);
 }
 
 bool ToolRunner::isThere(std::string_view file) const {
-    return m_services.files.read(pathOf(file), 1).has_value();
+    return read(file).kind != FileContent::Kind::absent;
 }
 
 void ToolRunner::write(std::string_view file, std::string_view bytes) {
@@ -54,9 +59,9 @@ void ToolRunner::write(std::string_view file, std::string_view bytes) {
     std::error_code unknown;
     if (!fs::is_directory(path.parent_path(), unknown))
         throw ToolError("The folder of the external tools is missing: " + folderOf(path));
-    if (const auto reason = m_services.files.writeWhole(path, bytes))
+    if (const auto failure = m_services.files.writeWhole(path, bytes))
         throw ToolError("The file " + nameOf(file) + " cannot be written into the folder " +
-                        folderOf(path) + ": " + *reason);
+                        folderOf(path) + ": " + failure->reason + ".");
 }
 
 void ToolRunner::writeSetup(std::string_view file, const std::vector<SetupEntry>& entries) {
@@ -89,7 +94,7 @@ bool ToolRunner::start(const Tool& tool) {
 
 void ToolRunner::RunToolAndWait(const Tool& tool, std::string_view result) {
     // With the old result gone, whatever is there afterwards is this run's.
-    const auto leftOver = read(result);
+    const auto leftOver = read(result).whole();
     removeLeftOver(result);
     bool crashed = false;
     try {
@@ -111,7 +116,7 @@ void ToolRunner::runUnchecked(const Tool& tool, std::string_view leftOver) {
 }
 
 bool ToolRunner::CheckToolResult(std::string_view result) {
-    const std::string text = read(result).value_or("");
+    const std::string text = readResult(result);
     if (!saysFailed(text)) {
         m_services.gate.message("Done!");
         return true;
@@ -121,11 +126,11 @@ bool ToolRunner::CheckToolResult(std::string_view result) {
 }
 
 int ToolRunner::CountCompiledLines() const {
-    return compiledLineCount(read(toolfiles::compiled).value_or(""));
+    return compiledLineCount(readResult(toolfiles::compiled));
 }
 
 int ToolRunner::ReadCompileErrorLine() const {
-    const auto line = compileErrorLine(read(toolfiles::compiled).value_or(""));
+    const auto line = compileErrorLine(readResult(toolfiles::compiled));
     if (!line)
         throw ToolError("The compiler's result names no program line that it stumbled over.");
     return *line;

@@ -74,9 +74,11 @@ class ToolRunner {
     /// when it names none.
     int ReadCompileErrorLine() const;
 
-    /// A file below the panel's own folder; nothing when it cannot be read. Throws ToolError when
-    /// that folder's name cannot be told, as all here do.
-    std::optional<std::string> read(std::string_view file) const;
+    /// A file below the panel's own folder. Throws ToolError when that folder's name cannot be
+    /// told, as all here do.
+    FileContent read(std::string_view file) const;
+    /// What a tool wrote. Throws ToolError when that cannot be had whole.
+    std::string readResult(std::string_view file) const;
 
  private:
     std::filesystem::path pathOf(std::string_view file) const;

@@ -106,7 +106,7 @@ TEST(QtProcesses, StartsAToolByItsPathAloneAndTellsHowItEnded) {
         EXPECT_EQ(processes.runAndWait(folder / name).kind, kind) << name;
     }
     EXPECT_EQ(processes.runAndWait("/no/such/tool").kind, Kind::notStarted);
-    EXPECT_EQ(world.files.read("result", 1000), "0\n" + folder.string() + "\n");
+    EXPECT_EQ(world.files.read("result").whole(), "0\n" + folder.string() + "\n");
 }
 
 }  // namespace

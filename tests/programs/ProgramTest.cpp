@@ -3,6 +3,7 @@
 #include "LoadedPanel.h"
 #include "programs/ProgramEditor.h"
 #include "programs/ProgramFrame.h"
+#include "support/SmallDisk.h"
 
 namespace zlt::test {
 namespace {
@@ -20,7 +21,7 @@ class ProgramTest : public LoadedPanel {
     ProgramTest() { std::filesystem::create_directory("EXE"); }
 
     bool saved() { return frame.title() == QStringLiteral("Program"); }
-    std::string file(const std::string& name) { return files.read(name, 100'000).value_or("none"); }
+    std::string file(const std::string& name) { return files.read(name).whole().value_or("none"); }
     /// The compiler ends like this, and leaves a result where one is given.
     void compile(const ProcessEnd& end, const char* result = nullptr) {
         tools.run = [=, this](const std::string&) {
@@ -75,6 +76,40 @@ TEST_F(ProgramTest, KeepsTextAndFileWhereNoneIsReadOrWritten) {
     click(form, "SaveProg");
     EXPECT_EQ(file("old.prg"), "old");
     EXPECT_FALSE(saved());
+}
+
+TEST_F(ProgramTest, TellsAFileThatIsNoneAndTakesWhatOneThatBreaksOffGave) {
+    files.writeWhole("a.prg", "X1\nX2\nX3");
+    const auto open = [this](const char* name) {
+        gate.expectOpenDialog(openChoice, name);
+        click(form, "OpenProg");
+        return editor.program();
+    };
+    EXPECT_EQ(open("a.prg"), "X1\r\nX2\r\nX3\r\n");
+    gate.expectOpenDialog(openChoice, "/dev/null");
+    gate.expectMessage("File /dev/null could not be read: it is a device, not a file.");
+    click(form, "OpenProg");
+    EXPECT_EQ(open("/proc/self/mem"), "X1\r\nX2\r\nX3\r\n") << "unreadable: silence";
+    EXPECT_TRUE(saved());
+    files.breaksAfter = 4;
+    EXPECT_EQ(open("a.prg"), "X1\r\nX\r\n");
+    EXPECT_FALSE(saved()) << "the box holds less than the file";
+    gate.expectMessageWith("The tool's result CompileOut.txt cannot be read whole: bad sector.");
+    compile(exited, "OK\n00 A\n");
+    EXPECT_EQ(textOf(form, "CompiledLines"), "");
+}
+
+TEST_F(ProgramTest, SavesAndCompilesNothingOnAFullDisk) {
+    const SmallDisk disk("EXE");
+    editor.setProgram(std::string(12'000, 'X'));
+    gate.expectSaveDialog(saveChoice, "EXE/a.prg");
+    gate.expectMessageWith("The text could not be saved in EXE/a.prg: ");
+    click(form, "SaveProg");
+    EXPECT_FALSE(saved());
+    gate.expectMessageWith("The file Program.prg cannot be written into the folder");
+    compile(exited, "OK\n");
+    EXPECT_EQ(tools.started, Commands{});
+    EXPECT_TRUE(std::filesystem::is_empty("EXE"));
 }
 
 TEST_F(ProgramTest, CompilesAndShowsTheListing) {

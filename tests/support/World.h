@@ -16,6 +16,18 @@ class RecordingHelp : public HelpViewer {
     std::string opened;
 };
 
+/// The real files, which can be made to fail on the way.
+class BreakingFiles : public QtFiles {
+ public:
+    FileContent read(const std::filesystem::path& file) override {
+        const FileContent content = QtFiles::read(file);
+        if (!breaksAfter || content.kind != FileContent::Kind::whole)
+            return content;
+        return {FileContent::Kind::brokenOff, content.bytes.substr(0, *breaksAfter), "bad sector"};
+    }
+    std::optional<std::size_t> breaksAfter;
+};
+
 /// Runs no program but what the test says it would have done.
 class ScriptedTools : public Processes {
  public:
@@ -37,7 +49,7 @@ struct World {
     ScriptedBus bus;
     RecordingGate gate;
     CountedWaits waits;
-    QtFiles files;
+    BreakingFiles files;
     RecordingHelp help;
     ProgramEnd programEnd;
     ScriptedTools tools;
