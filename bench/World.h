@@ -31,7 +31,7 @@ class MessageList final : public ThrowingGate {
 
 class NoProcesses final : public Processes {
  public:
-    ProcessEnd runAndWait(const std::filesystem::path&) override { return {}; }
+    ProcessEnd runAndWait(const std::filesystem::path&, const Started&) override { return {}; }
 };
 
 class NoFiles final : public Files {

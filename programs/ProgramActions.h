@@ -10,10 +10,8 @@
 namespace zlt {
 
 /// The program box and what belongs to it, as the rules see them.
-class ProgramView {
+class ProgramView : public ToolRunView {
  public:
-    virtual ~ProgramView() = default;
-
     /// The program as Latin-1, CR LF between lines. Throws NotLatin1 naming a character that
     /// no file can hold, and its line.
     virtual std::string program() const = 0;
@@ -40,7 +38,7 @@ bool saveAsLines(const Services& services, const FileChoice& choice,
 class ProgramActions {
  public:
     ProgramActions(const Services& services, PanelLink& link, ProgramView& view)
-        : m_services(services), m_link(link), m_view(view), m_tools(services) {}
+        : m_services(services), m_link(link), m_view(view), m_tools(services, view) {}
 
     /// Empties the box, without a question.
     void NewProg_Click();

@@ -1,3 +1,5 @@
+#include <QLabel>
+#include <QTest>
 #include <filesystem>
 
 #include "LoadedPanel.h"
@@ -9,7 +11,8 @@ namespace zlt::test {
 namespace {
 
 const ProcessEnd exited{ProcessEnd::Kind::exited, {}};
-const ProcessEnd crashed{ProcessEnd::Kind::crashed, {}};
+const ProcessEnd crashed{ProcessEnd::Kind::crashed, {}, "a\nlast \x1B words\n"};
+const ProcessEnd mute{ProcessEnd::Kind::exited, {}, "no disk"};
 const ProcessEnd notStarted{ProcessEnd::Kind::notStarted, "no right"};
 
 const FileChoice openChoice{"Open ZLT-R-NX Program", "ZLT-R-NX Program Files (*.prg)|*.prg",
@@ -120,7 +123,7 @@ TEST_F(ProgramTest, CompilesAndShowsTheListing) {
 
     editor.setProgram("X1000\r\nEND");
     gate.expectMessage("Done!");
-    compile(crashed, "OK\n00 FAILED\n\xA0");
+    compile(exited, "OK\n00 FAILED\n\xA0");
     EXPECT_EQ(tools.started, Commands{"SA_Compile_Decompile"});
     EXPECT_EQ(file("EXE/Program.prg"), "X1000\r\nEND\r\n");
     EXPECT_EQ(file("EXE/sa_compile_decompile_setup.txt"),
@@ -156,19 +159,57 @@ TEST_F(ProgramTest, SelectsTheFaultyLine) {
 
 TEST_F(ProgramTest, TellsTheFailuresOfAToolApart) {
     editor.setProgram("X1000");
-    const auto resultAfter = [this](const ProcessEnd& end, const char* words) {
+    const auto resultAfter = [this](const ProcessEnd& end, const char* words,
+                                    const char* written = nullptr) {
         files.writeWhole("EXE/CompileOut.txt", "old");
         gate.expectMessageWith(words);
-        compile(end);
+        compile(end, written);
         return file("EXE/CompileOut.txt");
     };
     EXPECT_EQ(resultAfter(notStarted, "SA_Compile_Decompile is missing"), "old");
     files.writeWhole("EXE/SA_Compile_Decompile", "no program");
     EXPECT_EQ(resultAfter(notStarted, "cannot be started: no right"), "old");
-    EXPECT_EQ(resultAfter(crashed, "by a fault before it wrote its result"), "none");
-    EXPECT_EQ(resultAfter(exited, "ended without writing its result"), "none");
+    EXPECT_EQ(resultAfter(crashed, "by a fault, or was ended."), "old");
+    EXPECT_EQ(resultAfter(crashed, "It printed:\r\n\r\na\r\nlast ? words\r\n", "OK\nA\n"), "old");
+    EXPECT_EQ(resultAfter(mute, "CompileOut.txt.  It printed:\r\n\r\nno disk\r\n"), "old");
+    std::filesystem::remove("EXE/CompileOut.txt");
+    gate.expectMessageWith("Whatever it wrote is not used.");
+    compile(crashed, "OK\nhalf a li");
+    EXPECT_EQ(file("EXE/CompileOut.txt"), "none") << "a download would send it";
+    EXPECT_EQ(textOf(form, "CompiledLines"), "");
     std::filesystem::remove_all("EXE");
     resultAfter(exited, "The folder of the external tools is missing");
+}
+
+/// Notes whether a control has been painted.
+class PaintWatch : public QObject {
+ public:
+    explicit PaintWatch(QObject& watched) { watched.installEventFilter(this); }
+    bool painted = false;
+
+ private:
+    bool eventFilter(QObject*, QEvent* event) override {
+        painted = painted || event->type() == QEvent::Paint;
+        return false;
+    }
+};
+
+TEST_F(ProgramTest, SaysWhichToolRunsBeforeThePanelStandsStill) {
+    editor.setProgram("X1000");
+    auto& note = control<QLabel>(form, "toolNote");
+    PaintWatch watch(note);
+    EXPECT_FALSE(note.isVisible());
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    tools.run = [&](const std::string&) {
+        EXPECT_TRUE(watch.painted);
+        EXPECT_TRUE(note.isVisible());
+        EXPECT_TRUE(note.text().startsWith(
+            QStringLiteral("SA_Compile_Decompile is running, process 4711.")));
+        return mute;
+    };
+    gate.expectMessageWith("without writing its result");
+    click(form, "CompileAll");
+    EXPECT_FALSE(note.isVisible());
 }
 
 TEST_F(ProgramTest, DownloadsAndClearsWithThePortFree) {

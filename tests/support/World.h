@@ -31,8 +31,9 @@ class BreakingFiles : public QtFiles {
 /// Runs no program but what the test says it would have done.
 class ScriptedTools : public Processes {
  public:
-    ProcessEnd runAndWait(const std::filesystem::path& program) override {
+    ProcessEnd runAndWait(const std::filesystem::path& program, const Started& runs) override {
         started.push_back(program.filename().string());
+        runs(4711);
         return run ? run(program.filename().string()) : ProcessEnd{};
     }
     std::function<ProcessEnd(const std::string& tool)> run;
