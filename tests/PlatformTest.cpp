@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextBlock>
 #include <QTimer>
 #include <filesystem>
 #include <fstream>
@@ -37,10 +40,27 @@ TEST(QtGate, ShowsTheTextAsItStandsAndItsButtonOnTheScreen) {
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
     });
     gate.message("<b>a</b>\rb\r\nc  d \u2212");
-    for (const std::string& text : {std::string(200, '\n'), std::string(10'000, 'x')}) {
-        onceShown<QMessageBox>([](QMessageBox& box) {
+}
+
+TEST(QtGate, ShowsALongTextAtOnceToReadSelectAndCopy) {
+    QtGate gate;
+    std::string lines;
+    for (int line = 0; line < 10'000; ++line)
+        lines += "Line " + std::to_string(line) + " \xC2\xB5\n";
+    const std::string oneLine = std::string(1'000'000, 'x') + "y";
+    for (const std::string& text : {lines, oneLine, std::string(19, '\n')}) {
+        onceShown<QMessageBox>([&](QMessageBox& box) {
             EXPECT_LT(box.height(), 600);
             EXPECT_LT(box.width(), 1000);
+            EXPECT_EQ(box.text(), QString()) << "a label lays out all of it first";
+            auto* view = box.findChild<QPlainTextEdit*>();
+            ASSERT_TRUE(view && view->isVisible());
+            EXPECT_TRUE(view->isReadOnly());
+            for (auto block = view->document()->begin(); block.isValid(); block = block.next())
+                ASSERT_LT(block.length(), 5000) << "and a view all of a line";
+            view->selectAll();
+            view->copy();
+            EXPECT_TRUE(QGuiApplication::clipboard()->text().toStdString() == text);
         });
         gate.message(text);
     }
