@@ -13,7 +13,7 @@ namespace zlt {
 class ProgramView : public ToolRunView {
  public:
     /// The program as Latin-1, CR LF between lines. Throws NotLatin1 naming a character that
-    /// no file can hold, and its line.
+    /// no file can hold, and its line, with that character selected.
     virtual std::string program() const = 0;
     virtual bool programEmpty() const = 0;
     /// Replaces the program; undo brings the one before back.
@@ -23,6 +23,7 @@ class ProgramView : public ToolRunView {
     /// Selects the given program line, from 1, puts the focus there and scrolls it into view.
     /// Nothing is selected for a line that the program does not have.
     virtual void SelectEditorLine(int line) = 0;
+    /// Shows how long the compiled program is; dimmed once the text is another.
     virtual void showCompiledLines(std::string_view caption) = 0;
     /// Shows the compiler's listing until the operator closes it.
     virtual void showListing(std::string_view listing) = 0;

@@ -1,5 +1,6 @@
 #include "programs/ProgramFrame.h"
 
+#include "platform/Latin1.h"
 #include "programs/ViewCompiledForm.h"
 #include "ui_ProgramFrame.h"
 #include "widgets/WireText.h"
@@ -21,6 +22,10 @@ ProgramFrame::ProgramFrame(QWidget* parent)
             [this](bool modified) {
                 setTitle(modified ? tr("Program \u2013 not saved") : tr("Program"));
             });
+    connect(m_ui->OrgProgram->document(), &QTextDocument::contentsChanged, this, [this] {
+        m_ui->CompiledLines->setEnabled(false);
+        m_ui->CompiledLines->setToolTip(tr("The text has changed since this compile."));
+    });
 }
 
 ProgramFrame::~ProgramFrame() = default;
@@ -50,7 +55,12 @@ void ProgramFrame::focusProgram() {
 }
 
 std::string ProgramFrame::program() const {
-    return m_ui->OrgProgram->program();
+    try {
+        return m_ui->OrgProgram->program();
+    } catch (const NotLatin1&) {
+        m_ui->OrgProgram->selectForeignCharacter();
+        throw;
+    }
 }
 
 bool ProgramFrame::programEmpty() const {
@@ -71,6 +81,8 @@ void ProgramFrame::SelectEditorLine(int line) {
 
 void ProgramFrame::showCompiledLines(std::string_view caption) {
     m_ui->CompiledLines->setText(shownText(caption));
+    m_ui->CompiledLines->setEnabled(true);
+    m_ui->CompiledLines->setToolTip({});
 }
 
 void ProgramFrame::showListing(std::string_view listing) {

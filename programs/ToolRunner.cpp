@@ -163,6 +163,10 @@ int ToolRunner::ReadCompileErrorLine() const {
     const auto line = compileErrorLine(readResult(toolfiles::compiled));
     if (!line)
         throw ToolError("The compiler's result names no program line that it stumbled over.");
+    if (*line == lineBeyond)
+        throw ToolError(
+            "The compiler names a program line beyond 32767, the last one that can be "
+            "selected.");
     return *line;
 }
 

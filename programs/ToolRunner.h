@@ -81,7 +81,7 @@ class ToolRunner {
     int CountCompiledLines() const;
 
     /// The program line that a failed compile names last, within 16 bits. Throws ToolError
-    /// when it names none.
+    /// when it names none, or one beyond.
     int ReadCompileErrorLine() const;
 
     /// A file below the panel's own folder. Throws ToolError when that folder's name cannot be

@@ -1,4 +1,5 @@
 #include <QLabel>
+#include <QScrollBar>
 #include <QTest>
 #include <filesystem>
 
@@ -79,6 +80,8 @@ TEST_F(ProgramTest, KeepsTextAndFileWhereNoneIsReadOrWritten) {
     click(form, "SaveProg");
     EXPECT_EQ(file("old.prg"), "old");
     EXPECT_FALSE(saved());
+    EXPECT_EQ(editor.textCursor().selectedText(), QStringLiteral("\u20AC"));
+    EXPECT_EQ(form.focusWidget(), &editor);
 }
 
 TEST_F(ProgramTest, TellsAFileThatIsNoneAndTakesWhatOneThatBreaksOffGave) {
@@ -128,7 +131,11 @@ TEST_F(ProgramTest, CompilesAndShowsTheListing) {
     EXPECT_EQ(file("EXE/Program.prg"), "X1000\r\nEND\r\n");
     EXPECT_EQ(file("EXE/sa_compile_decompile_setup.txt"),
               "MOD:ZLT-R-NX-42\r\nOPE:COMPILE\r\nFIL:Program.prg\r\n");
-    EXPECT_EQ(textOf(form, "CompiledLines"), "Lines:  2");
+    auto& count = control<QLabel>(form, "CompiledLines");
+    EXPECT_EQ(count.text(), QStringLiteral("Lines:  2"));
+    EXPECT_TRUE(count.isEnabled());
+    editor.insertPlainText(QStringLiteral("Y"));
+    EXPECT_FALSE(count.isEnabled()) << "that was another text";
     onScreen("ViewCompiled", [this](QWidget& viewer) {
         gate.expectSaveDialog(
             {"Save Compiled Program As", "Compiled Program Files (*.cpg)|*.cpg", ""}, "l.cpg");
@@ -139,21 +146,32 @@ TEST_F(ProgramTest, CompilesAndShowsTheListing) {
 }
 
 TEST_F(ProgramTest, SelectsTheFaultyLine) {
-    const std::pair<const char*, const char*> table[] = {
-        {"FAILED\r\nLine: 1\r\n", "one"},
-        {"x Failed\r\nLine: 1\r\nLine  3\r\n", "\u2029three"},
-        {"FAILED\r\nLine: 9\r\n", ""},
-        {"FAILED\r\nin Line2\r\n", nullptr}};
-    editor.setProgram("one\r\ntwo\r\nthree\r\n");
-    for (const auto& [result, selected] : table) {
+    const std::string longLine(2000, 'X');
+    struct Row {
+        const char* result;
+        std::string selected;
+        const char* message = nullptr;
+    };
+    const Row table[] = {{"FAILED\r\nLine: 1\r\n", "one"},
+                         {"x Failed\r\nLine: 1\r\nLine  3\r\n", "\u2029three"},
+                         {"FAILED\r\nLine: 4\r\n", "\u2029" + longLine},
+                         {"FAILED\r\nLine: 9\r\n", ""},
+                         {"FAILED\r\nLine: 32767\r\n", ""},
+                         {"FAILED\r\nLine: 32768\r\n", "", "line beyond 32767"},
+                         {"FAILED\r\nLine: 99999999999\r\n", "", "line beyond 32767"},
+                         {"FAILED\r\nin Line2\r\n", "", "names no program line"}};
+    editor.setProgram("one\r\ntwo\r\nthree\r\n" + longLine + "\r\n");
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    for (const auto& [result, selected, message] : table) {
         editor.moveCursor(QTextCursor::Start);
         gate.expectMessage(result);
-        if (!selected)
-            gate.expectMessageWith("names no program line");
+        if (message)
+            gate.expectMessageWith(message);
         compile(exited, result);
         const auto cursor = editor.textCursor();
-        EXPECT_EQ(cursor.selectedText().toStdString(), selected ? selected : "") << result;
+        EXPECT_EQ(cursor.selectedText().toStdString(), selected) << result;
         EXPECT_EQ(form.focusWidget() == &editor, cursor.hasSelection()) << result;
+        EXPECT_EQ(editor.horizontalScrollBar()->value(), 0) << "the line's beginning is in view";
     }
 }
 
