@@ -8,8 +8,10 @@
 
 #include <fstream>
 
+#include "programs/ProgramEditor.h"
+#include "programs/ProgramFrame.h"
+#include "support/PanelWorld.h"
 #include "support/SmallDisk.h"
-#include "support/World.h"
 
 namespace zlt::test {
 namespace {
@@ -62,6 +64,23 @@ TEST_F(QtFilesTest, AFullDiskIsToldAndLeavesTheFileBefore) {
     EXPECT_EQ(filesIn("disk"), 1) << "nothing is left beside it";
     EXPECT_FALSE(files.writeWhole("disk/a", ""));
     EXPECT_EQ(files.read("disk/a").whole(), "");
+}
+
+TEST(ProgramOnAFullDisk, IsNeitherSavedNorCompiled) {
+    PanelWorld panel;
+    const SmallDisk disk("EXE");
+    panel.load();
+    control<ProgramEditor>(panel.form, "OrgProgram").setProgram(std::string(12'000, 'X'));
+    panel.gate.expectSaveDialog(
+        {"Save ZLT-R-NX Program As", "ZLT-R-NX Program Files (*.prg)|*.prg", ""}, "EXE/a.prg");
+    panel.gate.expectMessageWith("The text could not be saved in EXE/a.prg: ");
+    click(panel.form, "SaveProg");
+    EXPECT_EQ(control<ProgramFrame>(panel.form, "programFrame").title(),
+              QStringLiteral("Program \u2013 not saved"));
+    panel.gate.expectMessageWith("The file Program.prg cannot be written into the folder");
+    click(panel.form, "CompileAll");
+    EXPECT_TRUE(panel.tools.started.empty()) << "half a program could be compiled";
+    EXPECT_TRUE(fs::is_empty("EXE"));
 }
 
 TEST_F(QtFilesTest, WriteInPlaceWhereTheFolderTakesNoOther) {

@@ -6,7 +6,6 @@
 #include "LoadedPanel.h"
 #include "programs/ProgramEditor.h"
 #include "programs/ProgramFrame.h"
-#include "support/SmallDisk.h"
 
 namespace zlt::test {
 namespace {
@@ -103,19 +102,6 @@ TEST_F(ProgramTest, TellsAFileThatIsNoneAndTakesWhatOneThatBreaksOffGave) {
     gate.expectMessageWith("The tool's result CompileOut.txt cannot be read whole: bad sector.");
     compile(exited, "OK\n00 A\n");
     EXPECT_EQ(textOf(form, "CompiledLines"), "");
-}
-
-TEST_F(ProgramTest, SavesAndCompilesNothingOnAFullDisk) {
-    const SmallDisk disk("EXE");
-    editor.setProgram(std::string(12'000, 'X'));
-    gate.expectSaveDialog(saveChoice, "EXE/a.prg");
-    gate.expectMessageWith("The text could not be saved in EXE/a.prg: ");
-    click(form, "SaveProg");
-    EXPECT_FALSE(saved());
-    gate.expectMessageWith("The file Program.prg cannot be written into the folder");
-    compile(exited, "OK\n");
-    EXPECT_EQ(tools.started, Commands{});
-    EXPECT_TRUE(std::filesystem::is_empty("EXE"));
 }
 
 TEST_F(ProgramTest, CompilesAndShowsTheListing) {
