@@ -17,8 +17,6 @@ namespace {
 
 /// How often the note follows adapters that come and go.
 constexpr std::chrono::seconds portNoteInterval{1};
-/// A settings file is three short lines; what is behind this is none of ours.
-constexpr std::size_t settingsFileLimit = 16 * 1024;
 
 /// Shows a search until it is over. False when there was no port to search on.
 bool runSearch(SearchCom& progress) {
@@ -57,8 +55,7 @@ void SelectComForm::connectHandlers() {
 void SelectComForm::Form_Load() {
     handlers.run([this] {
         fillBoxes();
-        const Settings settings =
-            readSettings(services().files.read(settingsFileName, settingsFileLimit));
+        const Settings settings = readSettings(services().files.read(settingsFileName).whole());
         m_ui->combo->showText(settings.port);
         m_ui->baudCom->showText(settings.baud);
         m_ui->DeviceIDCombo->showText(settings.deviceId);
@@ -90,8 +87,9 @@ void SelectComForm::saveSettings(const Settings& settings) {
     const auto failure = services().files.writeWhole(settingsFileName, settingsFileText(settings));
     m_ui->settingsNote->setVisible(failure.has_value());
     if (failure)
-        m_ui->settingsNote->setText(tr("These settings could not be saved in %1: %2")
-                                        .arg(fromUtf8(settingsFileName), fromUtf8(*failure)));
+        m_ui->settingsNote->setText(
+            tr("These settings could not be saved in %1: %2")
+                .arg(fromUtf8(settingsFileName), fromUtf8(failure->reason)));
     makeRoom();
 }
 

@@ -31,16 +31,15 @@ class MessageList final : public ThrowingGate {
 
 class NoProcesses final : public Processes {
  public:
-    ProcessEnd runAndWait(const std::filesystem::path&) override { return {}; }
+    ProcessEnd runAndWait(const std::filesystem::path&, const Started&) override { return {}; }
 };
 
 class NoFiles final : public Files {
  public:
-    std::optional<std::string> read(const std::filesystem::path&, std::size_t) override {
-        return std::nullopt;
-    }
-    std::optional<std::string> writeWhole(const std::filesystem::path&, std::string_view) override {
-        return "There are no files here";
+    FileContent read(const std::filesystem::path&) override { return {}; }
+    std::optional<WriteFailure> writeWhole(const std::filesystem::path&,
+                                           std::string_view) override {
+        return WriteFailure{WriteFailure::Kind::noAccess, "there are no files here"};
     }
 };
 

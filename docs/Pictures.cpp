@@ -44,7 +44,8 @@ class Walk : public RealWorld {
         // A link beside the list keeps the machine's own number of the port out of the pictures.
         std::filesystem::create_symlink(m_bus.device(), "com1");
         tools.run = [this](const std::string& tool) {
-            return m_processes.runAndWait(std::filesystem::absolute("EXE") / tool);
+            return m_processes.runAndWait(std::filesystem::absolute("EXE") / tool,
+                                          [](std::int64_t) {});
         };
         std::ofstream("zlt-r-485.ports") << "COM1=./com1\nCOM2=/dev/ttyUSB99\n";
     }

@@ -1,15 +1,10 @@
 #include "parameters/ParameterFiles.h"
 
-#include <filesystem>
-
 #include "parameters/ParameterFile.h"
 #include "platform/FileNames.h"
 
 namespace zlt {
 namespace {
-
-/// A parameter file is twelve short lines; what is behind this is none of ours.
-constexpr std::size_t fileLimit = 64 * 1024;
 
 const FileChoice saveChoice{.title = "Save ZLT-R-NX Parameters As",
                             .filter = "Parameter Files (*.par)|*.par",
@@ -25,9 +20,8 @@ void ParameterFiles::save() {
     if (!name)
         return;
     const std::string text = parameterFileText(m_view.values());
-    if (const auto reason = m_services.files.writeWhole(*name, text))
-        m_services.gate.message("The parameters could not be saved in " + utf8FromPath(*name) +
-                                ": " + *reason);
+    if (const auto failure = m_services.files.writeWhole(*name, text))
+        m_services.gate.message(notSaved("The parameters", *name, *failure));
     else
         m_services.gate.message("Save Parameters to file done!");
 }
@@ -37,18 +31,15 @@ void ParameterFiles::open() {
     if (!name)
         return;
     const std::string file = "File " + utf8FromPath(*name);
-    std::error_code unreachable;
-    if (!std::filesystem::exists(*name, unreachable)) {
-        m_services.gate.message(file + " does not exist!");
-        return;
-    }
-    const auto bytes = m_services.files.read(*name, fileLimit);
-    if (!bytes) {
-        m_services.gate.message(file + " could not be read.");
+    const FileContent content = m_services.files.read(*name);
+    if (content.kind != FileContent::Kind::whole) {
+        m_services.gate.message(content.kind == FileContent::Kind::absent
+                                    ? file + " does not exist!"
+                                    : notRead(*name, content));
         return;
     }
     try {
-        for (const FieldText& field : readParameterFile(*bytes))
+        for (const FieldText& field : readParameterFile(content.bytes))
             m_view.showField(field.field, field.text);
     } catch (const MalformedParameterFile& fault) {
         m_services.gate.message(file + " is not a parameter file.  " + fault.what());

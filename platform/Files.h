@@ -8,19 +8,57 @@
 
 namespace zlt {
 
-/// Whole files in and out, as bytes.
+/// Nothing that the panel reads comes near this; a file beyond it is none of ours, or a tool ran
+/// wild.
+inline constexpr std::size_t longestFile = 16 * 1024 * 1024;
+
+/// What the reading of a file came to.
+struct FileContent {
+    enum class Kind {
+        whole,
+        brokenOff,   ///< the system failed on the way
+        unreadable,  ///< the system gives nothing of it
+        absent,      ///< there is nothing of this name
+        tooLarge,    ///< beyond longestFile: nothing of it was read
+        notAFile     ///< a folder, a pipe or a device: not even opened
+    };
+
+    Kind kind = Kind::absent;
+    std::string bytes;   ///< everything; of one that broke off what came before; else empty
+    std::string reason;  ///< why it is not whole, UTF-8, to stand after a colon
+
+    /// The bytes of a whole file; nothing of any other.
+    std::optional<std::string> whole() const;
+    /// Whether it was turned down here, where the system might have given something.
+    bool refused() const { return kind == Kind::tooLarge || kind == Kind::notAFile; }
+};
+
+/// Why a file was not written.
+struct WriteFailure {
+    enum class Kind { noAccess, failed };
+
+    Kind kind = Kind::failed;  ///< noAccess: it can be neither created nor opened for writing
+    std::string reason;        ///< UTF-8, to stand after a colon
+};
+
+/// Whole files in and out, as bytes. Never waits for what is no file.
 class Files {
  public:
     virtual ~Files() = default;
 
-    /// The first `limit` bytes of `file`; nothing when it does not exist or cannot be read.
-    virtual std::optional<std::string> read(const std::filesystem::path& file,
-                                            std::size_t limit) = 0;
+    /// Reads `file` whole, or tells why that cannot be.
+    virtual FileContent read(const std::filesystem::path& file) = 0;
 
-    /// Writes `bytes` as the whole of `file`, or leaves the file as it was. Returns the
-    /// system's reason (UTF-8) when that fails, nothing when it worked.
-    virtual std::optional<std::string> writeWhole(const std::filesystem::path& file,
-                                                  std::string_view bytes) = 0;
+    /// Writes `bytes` as the whole of `file`, or leaves the file as it was. Returns why that
+    /// failed, nothing when all of it is on the disk.
+    virtual std::optional<WriteFailure> writeWhole(const std::filesystem::path& file,
+                                                   std::string_view bytes) = 0;
 };
+
+/// The sentence for a file that was not read whole.
+std::string notRead(const std::filesystem::path& file, const FileContent& content);
+/// The sentence for `what` (a noun with its article, UTF-8) that is not in a file.
+std::string notSaved(std::string_view what, const std::filesystem::path& file,
+                     const WriteFailure& failure);
 
 }  // namespace zlt

@@ -4,12 +4,13 @@
 
 namespace zlt {
 
-/// Files by Qt, written under another name and then put in place.
-class QtFiles final : public Files {
+/// Files by Qt, written under another name and then put in place; written over in place where the
+/// folder takes no other name.
+class QtFiles : public Files {
  public:
-    std::optional<std::string> read(const std::filesystem::path& file, std::size_t limit) override;
-    std::optional<std::string> writeWhole(const std::filesystem::path& file,
-                                          std::string_view bytes) override;
+    FileContent read(const std::filesystem::path& file) override;
+    std::optional<WriteFailure> writeWhole(const std::filesystem::path& file,
+                                           std::string_view bytes) override;
 };
 
 }  // namespace zlt

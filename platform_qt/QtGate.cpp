@@ -5,9 +5,9 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
-#include <QScrollArea>
 
 #include "platform/Product.h"
+#include "platform_qt/LongTextView.h"
 
 namespace zlt {
 namespace {
@@ -46,32 +46,31 @@ class ArrowCursor {
 };
 
 /// From here on a text might not fit on a screen.
-constexpr std::size_t longText = 1500;
+constexpr qsizetype longText = 1500;
 constexpr int longTextLines = 18;
 
-/// Puts the box's text into a view that scrolls, so that the buttons stay on the screen.
-void makeScrollable(QMessageBox& box) {
+/// Shows a text that may be too long for the screen, and for a label, in a view that scrolls in the
+/// label's place, so that the buttons stay on the screen.
+void showInView(QMessageBox& box, const QString& text) {
     auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
     if (!label || !grid)
         return;
-    auto* view = new QScrollArea(&box);
-    delete grid->replaceWidget(label, view);
-    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    label->setWordWrap(true);
-    view->setWidget(label);
-    view->setWidgetResizable(true);
-    view->setFrameShape(QFrame::NoFrame);
+    auto* view = new LongTextView(text, &box);
     view->setMinimumSize(520, 320);
+    delete grid->replaceWidget(label, view);
+    label->hide();
 }
 
 int showBox(QMessageBox::Icon icon, const QString& title, std::string_view text,
             QMessageBox::StandardButtons buttons) {
     const ArrowCursor arrow;
-    QMessageBox box(icon, title, shown(text), buttons, screenInFront());
+    const QString lines = shown(text);
+    const bool isLong = lines.size() > longText || lines.count(QLatin1Char('\n')) > longTextLines;
+    QMessageBox box(icon, title, isLong ? QString() : lines, buttons, screenInFront());
     box.setTextFormat(Qt::PlainText);  // a reply may hold anything, "<b>" too
-    if (text.size() > longText || box.text().count(QLatin1Char('\n')) > longTextLines)
-        makeScrollable(box);
+    if (isLong)
+        showInView(box, lines);
     if (buttons & QMessageBox::No)
         box.setDefaultButton(QMessageBox::No);
     return box.exec();

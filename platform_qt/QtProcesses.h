@@ -7,10 +7,10 @@ namespace zlt {
 /// The folder of the executable, links resolved; empty when its name is no valid text.
 std::filesystem::path ownFolder();
 
-/// Starts other programs by Qt; what they print is passed through, their input is empty.
+/// Starts other programs by Qt; what they print is read as it comes, their input is empty.
 class QtProcesses final : public Processes {
  public:
-    ProcessEnd runAndWait(const std::filesystem::path& program) override;
+    ProcessEnd runAndWait(const std::filesystem::path& program, const Started& started) override;
 };
 
 }  // namespace zlt

@@ -13,9 +13,6 @@ const FileChoice openChoice{"Open ZLT-R-NX Program", "ZLT-R-NX Program Files (*.
                             "*.prg"};
 const FileChoice saveChoice{"Save ZLT-R-NX Program As", "ZLT-R-NX Program Files (*.prg)|*.prg", ""};
 
-/// Programs are a few kilobytes; a file beyond this is none.
-constexpr std::size_t longestProgram = 16 * 1024 * 1024;
-
 bool isFile(const std::filesystem::path& name) {
     std::error_code unknown;
     return std::filesystem::exists(name, unknown) && !std::filesystem::is_directory(name, unknown);
@@ -30,7 +27,11 @@ bool saveAsLines(const Services& services, const FileChoice& choice,
         return false;
     // An empty text leaves an empty file and says nothing.
     const auto lines = WriteTextAsLines(text());
-    if (services.files.writeWhole(*name, lines.value_or("")))
+    const auto failure = services.files.writeWhole(*name, lines.value_or(""));
+    // Only what cannot even be created ends in silence.
+    if (failure && failure->kind == WriteFailure::Kind::failed)
+        services.gate.message(notSaved("The text", *name, *failure));
+    if (failure)
         return false;
     if (lines)
         services.gate.message("Save Done!");
@@ -51,10 +52,13 @@ void ProgramActions::OpenProg_Click() {
         m_services.gate.message("File " + utf8FromPath(*name) + " does not exist!");
         return;
     }
-    if (const auto file = m_services.files.read(*name, longestProgram)) {
-        m_view.setProgram(textOfLines(*file));
+    const FileContent file = m_services.files.read(*name);
+    if (file.refused())
+        m_services.gate.message(notRead(*name, file));
+    if (file.kind == FileContent::Kind::whole || file.kind == FileContent::Kind::brokenOff)
+        m_view.setProgram(textOfLines(file.bytes));
+    if (file.kind == FileContent::Kind::whole)
         m_view.markSaved();
-    }
 }
 
 void ProgramActions::SaveProg_Click() {
@@ -82,8 +86,11 @@ void ProgramActions::CompileAll_Click() {
 
 void ProgramActions::ViewCompiled_Click() {
     const PollPause pause(m_link);
-    if (const auto listing = m_tools.read(toolfiles::compiled))
-        m_view.showListing(textOfLines(*listing));
+    const FileContent listing = m_tools.read(toolfiles::compiled);
+    if (listing.refused())
+        m_services.gate.message(notRead(nameOf(toolfiles::compiled), listing));
+    if (listing.kind == FileContent::Kind::whole)
+        m_view.showListing(textOfLines(listing.bytes));
 }
 
 }  // namespace zlt

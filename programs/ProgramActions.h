@@ -10,12 +10,10 @@
 namespace zlt {
 
 /// The program box and what belongs to it, as the rules see them.
-class ProgramView {
+class ProgramView : public ToolRunView {
  public:
-    virtual ~ProgramView() = default;
-
     /// The program as Latin-1, CR LF between lines. Throws NotLatin1 naming a character that
-    /// no file can hold, and its line.
+    /// no file can hold, and its line, with that character selected.
     virtual std::string program() const = 0;
     virtual bool programEmpty() const = 0;
     /// Replaces the program; undo brings the one before back.
@@ -25,14 +23,15 @@ class ProgramView {
     /// Selects the given program line, from 1, puts the focus there and scrolls it into view.
     /// Nothing is selected for a line that the program does not have.
     virtual void SelectEditorLine(int line) = 0;
+    /// Shows how long the compiled program is; dimmed once the text is another.
     virtual void showCompiledLines(std::string_view caption) = 0;
     /// Shows the compiler's listing until the operator closes it.
     virtual void showListing(std::string_view listing) = 0;
 };
 
 /// Asks for a name and saves `text` under it as lines. The common rule of every program save;
-/// true when the file stands, which "Save Done!" says but for an empty text. Throws NotLatin1 from
-/// `text` before anything is written.
+/// true when the file stands, which "Save Done!" says but for an empty text. Nothing is said of a
+/// file that cannot be created. Throws NotLatin1 from `text` before anything is written.
 bool saveAsLines(const Services& services, const FileChoice& choice,
                  const std::function<std::string()>& text);
 
@@ -40,11 +39,12 @@ bool saveAsLines(const Services& services, const FileChoice& choice,
 class ProgramActions {
  public:
     ProgramActions(const Services& services, PanelLink& link, ProgramView& view)
-        : m_services(services), m_link(link), m_view(view), m_tools(services) {}
+        : m_services(services), m_link(link), m_view(view), m_tools(services, view) {}
 
     /// Empties the box, without a question.
     void NewProg_Click();
-    /// A file that is not there is told; one that cannot be read changes nothing.
+    /// A file that is not there, is too large or no file is told; one that cannot be read changes
+    /// nothing, and of one that breaks off the lines before stand in the box.
     void OpenProg_Click();
     /// As saveAsLines().
     void SaveProg_Click();

@@ -80,7 +80,7 @@ void ProgramTransfer::readProgramBack() {
                                                   {"OPE", "DECOMPILE"},
                                                   {"FIL", nameOf(toolfiles::uploaded)}});
     m_tools.RunToolAndWait(compiler, toolfiles::decompiled);
-    m_view.setProgram(textOfLines(m_tools.read(toolfiles::decompiled).value_or("")));
+    m_view.setProgram(textOfLines(m_tools.readResult(toolfiles::decompiled)));
     m_tools.CheckToolResult(toolfiles::decompiled);
 }
 

@@ -11,7 +11,7 @@ namespace zlt {
 class ProgramTransfer {
  public:
     ProgramTransfer(const Services& services, PanelLink& link, ProgramView& view)
-        : m_services(services), m_link(link), m_view(view), m_tools(services) {}
+        : m_services(services), m_link(link), m_view(view), m_tools(services, view) {}
 
     // Each asks the controller first, lends the port to the tool and blocks until that has ended;
     // its result is told. They throw ToolError, the port taken back, when a tool did not do its

@@ -1,5 +1,6 @@
 #include "programs/ToolResult.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 
@@ -25,9 +26,12 @@ std::optional<int> compileErrorLine(std::string_view result) {
         if (line.find("Line") != std::string::npos)
             named = line.size() > numberFrom ? line.substr(numberFrom) : std::string();
     const auto number = parseInteger(named);
-    if (!number || *number < INT16_MIN || *number > INT16_MAX)
-        return std::nullopt;
-    return *number;
+    if (number && *number >= INT16_MIN)
+        return std::min(*number, lineBeyond);
+    // Digits that are no number are too many of them.
+    const bool tooMany = named.find_first_of("0123456789") != std::string::npos &&
+                         named.find_first_not_of("0123456789 ") == std::string::npos;
+    return tooMany ? std::optional(lineBeyond) : std::nullopt;
 }
 
 }  // namespace zlt

@@ -13,8 +13,11 @@ bool saysFailed(std::string_view result);
 /// The number of lines in a compiler's result less one, its status line.
 int compiledLineCount(std::string_view result);
 
-/// The program line that a failed compile names last. Nothing when it names none, or one
-/// outside 16 bits.
+/// Stands for any program line beyond the 32767 that 16 bits hold.
+inline constexpr int lineBeyond = 32768;
+
+/// The program line that a failed compile names last, at most lineBeyond. Nothing when it names
+/// none, or one below 16 bits.
 std::optional<int> compileErrorLine(std::string_view result);
 
 }  // namespace zlt

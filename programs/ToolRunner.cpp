@@ -5,6 +5,8 @@
 
 #include "platform/FileNames.h"
 #include "platform/Latin1.h"
+#include "platform/Lines.h"
+#include "platform/Text.h"
 #include "programs/ProgramText.h"
 #include "programs/ToolResult.h"
 
@@ -13,19 +15,53 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// No program of the controller's comes near this; a tool that ran wild might.
-constexpr std::size_t longestFile = 16 * 1024 * 1024;
-
 std::string folderOf(const fs::path& path) {
     return utf8FromPath(path.parent_path());
 }
 
-ToolError noResult(const Tool& tool, bool crashed, std::string_view result) {
-    return ToolError("The tool " + nameOf(tool.path) +
-                     (crashed ? " ended by a fault before it wrote its result, the file "
-                              : " ended without writing its result, the file ") +
-                     nameOf(result) + ".");
+/// The end of a message about a tool that had no result to give.
+std::string lastLines(std::string_view printed) {
+    constexpr std::size_t most = 20;
+    const auto lines = splitLines(printed);
+    std::string text;
+    for (std::size_t i = lines.size() > most ? lines.size() - most : 0; i < lines.size(); ++i)
+        text += lines[i] + "\r\n";
+    std::replace_if(
+        text.begin(), text.end(),
+        [](char c) { return isControlCharacter(c) && c != '\r' && c != '\n'; }, '?');
+    return text.empty() ? text : "  It printed:\r\n\r\n" + text;
 }
+
+/// A tool's result of an earlier run, under another name as long as this stands. Then it is back,
+/// in place of whatever the tool wrote, unless there is a new one.
+class ResultBefore {
+ public:
+    explicit ResultBefore(fs::path result) : m_result(std::move(result)), m_aside(m_result) {
+        m_aside += ".before";
+        std::error_code failure;
+        if (!fs::exists(m_result, failure))
+            return;
+        fs::rename(m_result, m_aside, failure);
+        if (failure)
+            throw ToolError("The file " + utf8FromPath(m_result.filename()) +
+                            " of an earlier run cannot be moved aside: " + failure.message());
+    }
+    ~ResultBefore() {
+        std::error_code ignored;
+        fs::remove(m_superseded ? m_aside : m_result, ignored);
+        if (!m_superseded)
+            fs::rename(m_aside, m_result, ignored);
+    }
+    ResultBefore(const ResultBefore&) = delete;
+    ResultBefore& operator=(const ResultBefore&) = delete;
+
+    void supersede() { m_superseded = true; }
+
+ private:
+    fs::path m_result;
+    fs::path m_aside;
+    bool m_superseded = false;
+};
 
 }  // namespace
 
@@ -41,12 +77,16 @@ fs::path ToolRunner::pathOf(std::string_view file) const {
     return m_services.ownFolder / below;
 }
 
-std::optional<std::string> ToolRunner::read(std::string_view file) const {
-    return m_services.files.read(pathOf(file), longestFile);
+FileContent ToolRunner::read(std::string_view file) const {
+    return m_services.files.read(pathOf(file));
 }
 
-bool ToolRunner::isThere(std::string_view file) const {
-    return m_services.files.read(pathOf(file), 1).has_value();
+std::string ToolRunner::readResult(std::string_view file) const {
+    FileContent result = read(file);
+    if (result.kind != FileContent::Kind::whole)
+        throw ToolError("The tool's result " + nameOf(file) +
+                        " cannot be read whole: " + result.reason + ".");
+    return std::move(result.bytes);
 }
 
 void ToolRunner::write(std::string_view file, std::string_view bytes) {
@@ -54,9 +94,9 @@ void ToolRunner::write(std::string_view file, std::string_view bytes) {
     std::error_code unknown;
     if (!fs::is_directory(path.parent_path(), unknown))
         throw ToolError("The folder of the external tools is missing: " + folderOf(path));
-    if (const auto reason = m_services.files.writeWhole(path, bytes))
+    if (const auto failure = m_services.files.writeWhole(path, bytes))
         throw ToolError("The file " + nameOf(file) + " cannot be written into the folder " +
-                        folderOf(path) + ": " + *reason);
+                        folderOf(path) + ": " + failure->reason + ".");
 }
 
 void ToolRunner::writeSetup(std::string_view file, const std::vector<SetupEntry>& entries) {
@@ -66,52 +106,47 @@ void ToolRunner::writeSetup(std::string_view file, const std::vector<SetupEntry>
     write(file, text);
 }
 
-void ToolRunner::removeLeftOver(std::string_view file) {
-    std::error_code failure;
-    fs::remove(pathOf(file), failure);
-    if (failure)
-        throw ToolError("The file " + nameOf(file) +
-                        " of an earlier run cannot be removed: " + failure.message());
-}
-
-bool ToolRunner::start(const Tool& tool) {
+std::string ToolRunner::start(const Tool& tool) {
     const fs::path path = pathOf(tool.path);
-    const ProcessEnd end = m_services.processes.runAndWait(path);
-    if (end.kind != ProcessEnd::Kind::notStarted)
-        return end.kind == ProcessEnd::Kind::crashed;
+    const std::string name = nameOf(tool.path);
+    ProcessEnd end = m_services.processes.runAndWait(
+        path, [&](std::int64_t process) { m_view.showRunningTool(name, process); });
+    m_view.clearRunningTool();
+    if (end.kind == ProcessEnd::Kind::exited)
+        return std::move(end.printed);
+    if (end.kind == ProcessEnd::Kind::crashed)
+        throw ToolError("The tool " + name +
+                        " ended by a fault, or was ended.  Whatever it wrote is not used." +
+                        lastLines(end.printed));
     std::error_code unknown;
     if (!fs::exists(path, unknown))
-        throw ToolError("The tool " + nameOf(tool.path) + " is missing from the folder " +
-                        folderOf(path) + ".");
-    throw ToolError("The tool " + nameOf(tool.path) + " in the folder " + folderOf(path) +
+        throw ToolError("The tool " + name + " is missing from the folder " + folderOf(path) + ".");
+    throw ToolError("The tool " + name + " in the folder " + folderOf(path) +
                     " cannot be started: " + end.reason);
 }
 
 void ToolRunner::RunToolAndWait(const Tool& tool, std::string_view result) {
     // With the old result gone, whatever is there afterwards is this run's.
-    const auto leftOver = read(result);
-    removeLeftOver(result);
-    bool crashed = false;
-    try {
-        crashed = start(tool);
-    } catch (const ToolError&) {
-        if (leftOver)
-            write(result, *leftOver);
-        throw;
-    }
-    if (!isThere(result))
-        throw noResult(tool, crashed, result);
+    ResultBefore before(pathOf(result));
+    const std::string printed = start(tool);
+    if (read(result).kind == FileContent::Kind::absent)
+        throw ToolError("The tool " + nameOf(tool.path) +
+                        " ended without writing its result, the file " + nameOf(result) + "." +
+                        lastLines(printed));
+    before.supersede();
 }
 
 void ToolRunner::runUnchecked(const Tool& tool, std::string_view leftOver) {
-    removeLeftOver(leftOver);
-    const bool crashed = start(tool);
-    if (crashed && !isThere(leftOver))
-        throw noResult(tool, crashed, leftOver);
+    std::error_code failure;
+    fs::remove(pathOf(leftOver), failure);
+    if (failure)
+        throw ToolError("The file " + nameOf(leftOver) +
+                        " of an earlier run cannot be removed: " + failure.message());
+    start(tool);
 }
 
 bool ToolRunner::CheckToolResult(std::string_view result) {
-    const std::string text = read(result).value_or("");
+    const std::string text = readResult(result);
     if (!saysFailed(text)) {
         m_services.gate.message("Done!");
         return true;
@@ -121,13 +156,17 @@ bool ToolRunner::CheckToolResult(std::string_view result) {
 }
 
 int ToolRunner::CountCompiledLines() const {
-    return compiledLineCount(read(toolfiles::compiled).value_or(""));
+    return compiledLineCount(readResult(toolfiles::compiled));
 }
 
 int ToolRunner::ReadCompileErrorLine() const {
-    const auto line = compileErrorLine(read(toolfiles::compiled).value_or(""));
+    const auto line = compileErrorLine(readResult(toolfiles::compiled));
     if (!line)
         throw ToolError("The compiler's result names no program line that it stumbled over.");
+    if (*line == lineBeyond)
+        throw ToolError(
+            "The compiler names a program line beyond 32767, the last one that can be "
+            "selected.");
     return *line;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
@@ -45,10 +46,20 @@ struct SetupEntry {
     std::string value;
 };
 
+/// Where the operator sees which tool the panel is waiting for.
+class ToolRunView {
+ public:
+    virtual ~ToolRunView() = default;
+
+    /// Shows at once, before the panel stands still, which tool runs in which process.
+    virtual void showRunningTool(std::string_view tool, std::int64_t process) = 0;
+    virtual void clearRunningTool() = 0;
+};
+
 /// Runs the external tools, which are driven through files alone.
 class ToolRunner {
  public:
-    explicit ToolRunner(const Services& services) : m_services(services) {}
+    ToolRunner(const Services& services, ToolRunView& view) : m_services(services), m_view(view) {}
 
     /// Writes one of the files a tool reads. Throws ToolError when the folder is missing or
     /// cannot be written.
@@ -56,11 +67,10 @@ class ToolRunner {
     void writeSetup(std::string_view file, const std::vector<SetupEntry>& entries);
 
     /// Starts a tool and waits for it to end. A result left from an earlier run is out of the
-    /// way before; it is put back where the tool did not even start. Throws ToolError when
-    /// the tool is missing, does not start, or leaves no `result`.
+    /// way meanwhile, and back where there is no new one. Throws ToolError when the tool is
+    /// missing, does not start, leaves no `result`, or ends by a fault, whatever it wrote.
     void RunToolAndWait(const Tool& tool, std::string_view result);
-    /// The same for a run whose result is not looked at: `leftOver` is removed before it, and
-    /// only a tool that ended by a fault must have written it anew.
+    /// The same for a run whose result is not looked at: `leftOver` is removed before it for good.
     void runUnchecked(const Tool& tool, std::string_view leftOver);
 
     /// Judges a result file by its first line and shows the one message: "Done!", or the
@@ -71,21 +81,22 @@ class ToolRunner {
     int CountCompiledLines() const;
 
     /// The program line that a failed compile names last, within 16 bits. Throws ToolError
-    /// when it names none.
+    /// when it names none, or one beyond.
     int ReadCompileErrorLine() const;
 
-    /// A file below the panel's own folder; nothing when it cannot be read. Throws ToolError when
-    /// that folder's name cannot be told, as all here do.
-    std::optional<std::string> read(std::string_view file) const;
+    /// A file below the panel's own folder. Throws ToolError when that folder's name cannot be
+    /// told, as all here do.
+    FileContent read(std::string_view file) const;
+    /// What a tool wrote. Throws ToolError when that cannot be had whole.
+    std::string readResult(std::string_view file) const;
 
  private:
     std::filesystem::path pathOf(std::string_view file) const;
-    /// Runs a tool to its end. True when that was a fault.
-    bool start(const Tool& tool);
-    bool isThere(std::string_view file) const;
-    void removeLeftOver(std::string_view file);
+    /// Runs a tool to its own end and returns what it printed last. Throws ToolError for any other.
+    std::string start(const Tool& tool);
 
     const Services& m_services;
+    ToolRunView& m_view;
 };
 
 }  // namespace zlt

@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextBlock>
 #include <QTimer>
 #include <filesystem>
 #include <fstream>
@@ -37,10 +40,27 @@ TEST(QtGate, ShowsTheTextAsItStandsAndItsButtonOnTheScreen) {
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
     });
     gate.message("<b>a</b>\rb\r\nc  d \u2212");
-    for (const std::string& text : {std::string(200, '\n'), std::string(10'000, 'x')}) {
-        onceShown<QMessageBox>([](QMessageBox& box) {
+}
+
+TEST(QtGate, ShowsALongTextAtOnceToReadSelectAndCopy) {
+    QtGate gate;
+    std::string lines;
+    for (int line = 0; line < 10'000; ++line)
+        lines += "Line " + std::to_string(line) + " \xC2\xB5\n";
+    const std::string oneLine = std::string(1'000'000, 'x') + "y";
+    for (const std::string& text : {lines, oneLine, std::string(19, '\n')}) {
+        onceShown<QMessageBox>([&](QMessageBox& box) {
             EXPECT_LT(box.height(), 600);
             EXPECT_LT(box.width(), 1000);
+            EXPECT_EQ(box.text(), QString()) << "a label lays out all of it first";
+            auto* view = box.findChild<QPlainTextEdit*>();
+            ASSERT_TRUE(view && view->isVisible());
+            EXPECT_TRUE(view->isReadOnly());
+            for (auto block = view->document()->begin(); block.isValid(); block = block.next())
+                ASSERT_LT(block.length(), 5000) << "and a view all of a line";
+            view->selectAll();
+            view->copy();
+            EXPECT_TRUE(QGuiApplication::clipboard()->text().toStdString() == text);
         });
         gate.message(text);
     }
@@ -91,22 +111,33 @@ TEST(QtProcesses, StartsAToolByItsPathAloneAndTellsHowItEnded) {
     World world;
     QtProcesses processes;
     using Kind = ProcessEnd::Kind;
+    const std::string kept(64 * 1024 - 4, 'x');
     struct Row {
         const char *name, *script;
         Kind kind;
+        std::string printed;
     };
     const Row table[] = {
-        {"a tool; $(x) 'y'", "#!/bin/sh\necho $# > result; pwd >> result; exit 7", Kind::exited},
-        {"crash", "#!/bin/sh\nkill -SEGV $$", Kind::crashed},
-        {"no program", "\177ELF", Kind::notStarted}};
+        {"a tool; $(x) 'y'", "#!/bin/sh\necho $# > result; pwd >> result; echo $$; exit 7",
+         Kind::exited, "itself"},
+        {"crash", "#!/bin/sh\necho no >&2; echo more; kill -SEGV $$", Kind::crashed, "no\nmore\n"},
+        {"mute", "#!/bin/sh\nexec >&- 2>&-\nsleep 0.05; kill -KILL $$", Kind::crashed, ""},
+        {"talker", "#!/bin/sh\nhead -c 1048576 /dev/zero | tr '\\0' x; echo end >&2", Kind::exited,
+         kept + "end\n"},
+        {"no program", "\177ELF", Kind::notStarted, ""}};
     const auto folder = std::filesystem::current_path();
-    for (const auto& [name, script, kind] : table) {
+    for (const auto& [name, script, kind, printed] : table) {
         std::ofstream(name) << script;
         std::filesystem::permissions(name, std::filesystem::perms::owner_all);
-        EXPECT_EQ(processes.runAndWait(folder / name).kind, kind) << name;
+        std::string process = "none";
+        const ProcessEnd end = processes.runAndWait(
+            folder / name, [&](std::int64_t number) { process = std::to_string(number) + "\n"; });
+        EXPECT_EQ(end.kind, kind) << name;
+        EXPECT_EQ(process == "none", kind == Kind::notStarted) << name;
+        EXPECT_TRUE(end.printed == (printed == "itself" ? process : printed)) << name;
     }
-    EXPECT_EQ(processes.runAndWait("/no/such/tool").kind, Kind::notStarted);
-    EXPECT_EQ(world.files.read("result", 1000), "0\n" + folder.string() + "\n");
+    EXPECT_EQ(processes.runAndWait("/no/such/tool", {}).kind, Kind::notStarted);
+    EXPECT_EQ(world.files.read("result").whole(), "0\n" + folder.string() + "\n");
 }
 
 }  // namespace

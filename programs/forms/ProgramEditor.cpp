@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <QMimeData>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <algorithm>
 
@@ -66,6 +67,22 @@ void ProgramEditor::SelectEditorLine(int line) {
     QTextCursor selection(document());
     selection.setPosition(line == 1 ? 0 : block.position() - 1);
     selection.setPosition(block.position() + block.length() - 1, QTextCursor::KeepAnchor);
+    setTextCursor(selection);
+    centerCursor();
+    horizontalScrollBar()->setValue(0);  // the cursor is at the line's end
+}
+
+void ProgramEditor::selectForeignCharacter() {
+    const QString raw = document()->toRawText();
+    const auto foreign = std::find_if(raw.begin(), raw.end(), [](QChar c) {
+        return c.unicode() > 0xFF && c != QChar::ParagraphSeparator && c != QChar::LineSeparator;
+    });
+    if (foreign == raw.end())
+        return;
+    setFocus(Qt::OtherFocusReason);
+    QTextCursor selection(document());
+    selection.setPosition(static_cast<int>(foreign - raw.begin()));
+    selection.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
     setTextCursor(selection);
     centerCursor();
 }

@@ -20,10 +20,12 @@ class ProgramEditor : public QPlainTextEdit {
     /// Replaces the whole text in one step that undo takes back.
     void setProgram(std::string_view text);
 
-    /// Selects line `line`, from 1, gives the box the focus and scrolls there. From line 2 on
-    /// the break before the line belongs to the selection. Selects nothing for a line that
-    /// the text does not have.
+    /// Selects line `line`, from 1, gives the box the focus and scrolls to its beginning. From
+    /// line 2 on the break before the line belongs to the selection. Selects nothing for a line
+    /// that the text does not have.
     void SelectEditorLine(int line);
+    /// Selects the character that program() names, and gives the box the focus.
+    void selectForeignCharacter();
 
  protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -1,5 +1,6 @@
 #include "programs/forms/ProgramFrame.h"
 
+#include "platform/Latin1.h"
 #include "programs/forms/ViewCompiledForm.h"
 #include "ui_ProgramFrame.h"
 #include "widgets/WireText.h"
@@ -7,12 +8,24 @@
 namespace zlt {
 
 ProgramFrame::ProgramFrame(QWidget* parent)
-    : QGroupBox(parent), m_ui(std::make_unique<Ui::ProgramFrame>()) {
+    : QGroupBox(parent), m_ui(std::make_unique<Ui::ProgramFrame>()), m_toolNote(new QLabel(this)) {
     m_ui->setupUi(this);
+    m_toolNote->setObjectName(QStringLiteral("toolNote"));
+    m_toolNote->setTextFormat(Qt::PlainText);
+    m_toolNote->setWordWrap(true);
+    m_toolNote->setMargin(6);
+    m_toolNote->setAutoFillBackground(true);
+    m_toolNote->setBackgroundRole(QPalette::ToolTipBase);
+    m_toolNote->setForegroundRole(QPalette::ToolTipText);
+    m_toolNote->hide();
     connect(m_ui->OrgProgram->document(), &QTextDocument::modificationChanged, this,
             [this](bool modified) {
                 setTitle(modified ? tr("Program \u2013 not saved") : tr("Program"));
             });
+    connect(m_ui->OrgProgram->document(), &QTextDocument::contentsChanged, this, [this] {
+        m_ui->CompiledLines->setEnabled(false);
+        m_ui->CompiledLines->setToolTip(tr("The text has changed since this compile."));
+    });
 }
 
 ProgramFrame::~ProgramFrame() = default;
@@ -42,7 +55,12 @@ void ProgramFrame::focusProgram() {
 }
 
 std::string ProgramFrame::program() const {
-    return m_ui->OrgProgram->program();
+    try {
+        return m_ui->OrgProgram->program();
+    } catch (const NotLatin1&) {
+        m_ui->OrgProgram->selectForeignCharacter();
+        throw;
+    }
 }
 
 bool ProgramFrame::programEmpty() const {
@@ -63,11 +81,30 @@ void ProgramFrame::SelectEditorLine(int line) {
 
 void ProgramFrame::showCompiledLines(std::string_view caption) {
     m_ui->CompiledLines->setText(shownText(caption));
+    m_ui->CompiledLines->setEnabled(true);
+    m_ui->CompiledLines->setToolTip({});
 }
 
 void ProgramFrame::showListing(std::string_view listing) {
     ViewCompiledForm viewer(*m_services, listing, window());
     viewer.showModal();
+}
+
+void ProgramFrame::showRunningTool(std::string_view tool, std::int64_t process) {
+    m_toolNote->setText(tr("%1 is running, process %2.  The panel waits until it has ended.")
+                            .arg(fromUtf8(tool))
+                            .arg(process));
+    // Over the box's lower edge, where no layout has to make room first.
+    const QRect box = m_ui->OrgProgram->geometry();
+    const int height = m_toolNote->heightForWidth(box.width());
+    m_toolNote->setGeometry(box.left(), box.bottom() + 1 - height, box.width(), height);
+    m_toolNote->show();
+    m_toolNote->raise();
+    m_toolNote->repaint();
+}
+
+void ProgramFrame::clearRunningTool() {
+    m_toolNote->hide();
 }
 
 }  // namespace zlt

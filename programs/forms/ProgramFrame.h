@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QGroupBox>
+#include <QLabel>
 #include <memory>
 
 #include "programs/ProgramActions.h"
@@ -35,10 +36,13 @@ class ProgramFrame : public QGroupBox, public ProgramView {
     void SelectEditorLine(int line) override;
     void showCompiledLines(std::string_view caption) override;
     void showListing(std::string_view listing) override;
+    void showRunningTool(std::string_view tool, std::int64_t process) override;
+    void clearRunningTool() override;
 
  private:
     const Services* m_services = nullptr;
     std::unique_ptr<Ui::ProgramFrame> m_ui;
+    QLabel* m_toolNote;
 };
 
 }  // namespace zlt

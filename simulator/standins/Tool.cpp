@@ -37,8 +37,11 @@ int Tool::run(const std::function<Lines()>& work) {
         result = failed(error.what(), {});
     }
     if (!write(result)) {
-        std::cerr << m_name << ": cannot write " << m_folder / m_resultFile << "\n";
         good = false;
+        // A line may fit where a listing does not.
+        if (!write(failed(m_resultFile + " cannot be written whole.", {}))) {
+            std::cerr << m_name << ": cannot write " << m_folder / m_resultFile << "\n";
+        }
     }
     return good ? 0 : 1;
 }
@@ -77,11 +80,21 @@ Lines Tool::failed(std::string_view reason, const Lines& further) const {
 }
 
 bool Tool::write(const Lines& lines) const {
-    std::ofstream file(m_folder / m_resultFile, std::ios::binary);
-    for (const std::string& line : lines)
+    const std::filesystem::path part = m_folder / (m_resultFile + ".part");
+    std::ofstream file(part, std::ios::binary);
+    for (const std::string& line : lines) {
         file << line << "\r\n";
-    file.close();
-    return file.good();
+    }
+    file.close();  // flushes, and only then is it known whether everything fitted
+    std::error_code failure;
+    if (file.good()) {
+        std::filesystem::rename(part, m_folder / m_resultFile, failure);
+    }
+    const bool inPlace = file.good() && !failure;
+    if (!inPlace) {
+        std::filesystem::remove(part, failure);
+    }
+    return inPlace;
 }
 
 }  // namespace zlt::standins

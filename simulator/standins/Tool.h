@@ -33,7 +33,8 @@ class Tool {
     Tool(std::string name, std::string setupFile, std::string resultFile);
 
     /// Reads the setup file, does the work, which returns the result's lines or throws, and writes
-    /// them. Returns the exit code: 0, or 1 when the result says "FAILED" or cannot be written.
+    /// them. Returns the exit code: 0, or 1 when the result says "FAILED", as it does where the one
+    /// meant does not fit on the disk, or cannot be written at all.
     int run(const std::function<Lines()>& work);
 
     void writeResultTo(std::string file) { m_resultFile = std::move(file); }
@@ -47,6 +48,7 @@ class Tool {
  private:
     void readSetup();
     [[nodiscard]] Lines failed(std::string_view reason, const Lines& further) const;
+    // Writes the result beside its place and puts it there whole, or leaves what stands there.
     [[nodiscard]] bool write(const Lines& lines) const;
 
     std::string m_name;

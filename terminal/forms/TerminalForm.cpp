@@ -79,9 +79,7 @@ void TerminalForm::Command2_Click() {
     if (!name)
         return;
     const auto failure = services().files.writeWhole(*name, savedTranscript(m_ui->Pad->text()));
-    services().gate.message(failure ? "The text could not be saved in " + utf8FromPath(*name) +
-                                          ": " + *failure
-                                    : "Save Done!");
+    services().gate.message(failure ? notSaved("The text", *name, *failure) : "Save Done!");
 }
 
 void TerminalForm::ISTOP_Press() {

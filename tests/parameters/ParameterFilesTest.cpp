@@ -24,7 +24,7 @@ class ParameterFilesTest : public SetupWorld {
     }
     std::string saved(const std::string& name) {
         save(name, "Save Parameters to file done!");
-        return files.read(name, 10'000).value_or("none");
+        return files.read(name).whole().value_or("none");
     }
 };
 
@@ -72,7 +72,8 @@ TEST_F(ParameterFilesTest, TakeWhateverTheDialogsAnswer) {
         {"", "", "No Parameter File Name!"},
         {"a*b", "", ""},
         {"no/x.par", "File no/x.par does not exist!", "could not be saved in no/x.par: "},
-        {".", "File . could not be read.", "could not be saved in .: "}};
+        {".", "File . could not be read: it is a folder, not a file.",
+         "could not be saved in .: "}};
     open();
     for (const auto& [name, loading, saving] : table) {
         load(name, loading);

@@ -1,3 +1,6 @@
+#include <QLabel>
+#include <QScrollBar>
+#include <QTest>
 #include <filesystem>
 
 #include "LoadedPanel.h"
@@ -8,7 +11,8 @@ namespace zlt::test {
 namespace {
 
 const ProcessEnd exited{ProcessEnd::Kind::exited, {}};
-const ProcessEnd crashed{ProcessEnd::Kind::crashed, {}};
+const ProcessEnd crashed{ProcessEnd::Kind::crashed, {}, "a\nlast \x1B words\n"};
+const ProcessEnd mute{ProcessEnd::Kind::exited, {}, "no disk"};
 const ProcessEnd notStarted{ProcessEnd::Kind::notStarted, "no right"};
 
 const FileChoice openChoice{"Open ZLT-R-NX Program", "ZLT-R-NX Program Files (*.prg)|*.prg",
@@ -20,7 +24,7 @@ class ProgramTest : public LoadedPanel {
     ProgramTest() { std::filesystem::create_directory("EXE"); }
 
     bool saved() { return frame.title() == QStringLiteral("Program"); }
-    std::string file(const std::string& name) { return files.read(name, 100'000).value_or("none"); }
+    std::string file(const std::string& name) { return files.read(name).whole().value_or("none"); }
     /// The compiler ends like this, and leaves a result where one is given.
     void compile(const ProcessEnd& end, const char* result = nullptr) {
         tools.run = [=, this](const std::string&) {
@@ -75,6 +79,29 @@ TEST_F(ProgramTest, KeepsTextAndFileWhereNoneIsReadOrWritten) {
     click(form, "SaveProg");
     EXPECT_EQ(file("old.prg"), "old");
     EXPECT_FALSE(saved());
+    EXPECT_EQ(editor.textCursor().selectedText(), QStringLiteral("\u20AC"));
+    EXPECT_EQ(form.focusWidget(), &editor);
+}
+
+TEST_F(ProgramTest, TellsAFileThatIsNoneAndTakesWhatOneThatBreaksOffGave) {
+    files.writeWhole("a.prg", "X1\nX2\nX3");
+    const auto open = [this](const char* name) {
+        gate.expectOpenDialog(openChoice, name);
+        click(form, "OpenProg");
+        return editor.program();
+    };
+    EXPECT_EQ(open("a.prg"), "X1\r\nX2\r\nX3\r\n");
+    gate.expectOpenDialog(openChoice, "/dev/null");
+    gate.expectMessage("File /dev/null could not be read: it is a device, not a file.");
+    click(form, "OpenProg");
+    EXPECT_EQ(open("/proc/self/mem"), "X1\r\nX2\r\nX3\r\n") << "unreadable: silence";
+    EXPECT_TRUE(saved());
+    files.breaksAfter = 4;
+    EXPECT_EQ(open("a.prg"), "X1\r\nX\r\n");
+    EXPECT_FALSE(saved()) << "the box holds less than the file";
+    gate.expectMessageWith("The tool's result CompileOut.txt cannot be read whole: bad sector.");
+    compile(exited, "OK\n00 A\n");
+    EXPECT_EQ(textOf(form, "CompiledLines"), "");
 }
 
 TEST_F(ProgramTest, CompilesAndShowsTheListing) {
@@ -85,12 +112,16 @@ TEST_F(ProgramTest, CompilesAndShowsTheListing) {
 
     editor.setProgram("X1000\r\nEND");
     gate.expectMessage("Done!");
-    compile(crashed, "OK\n00 FAILED\n\xA0");
+    compile(exited, "OK\n00 FAILED\n\xA0");
     EXPECT_EQ(tools.started, Commands{"SA_Compile_Decompile"});
     EXPECT_EQ(file("EXE/Program.prg"), "X1000\r\nEND\r\n");
     EXPECT_EQ(file("EXE/sa_compile_decompile_setup.txt"),
               "MOD:ZLT-R-NX-42\r\nOPE:COMPILE\r\nFIL:Program.prg\r\n");
-    EXPECT_EQ(textOf(form, "CompiledLines"), "Lines:  2");
+    auto& count = control<QLabel>(form, "CompiledLines");
+    EXPECT_EQ(count.text(), QStringLiteral("Lines:  2"));
+    EXPECT_TRUE(count.isEnabled());
+    editor.insertPlainText(QStringLiteral("Y"));
+    EXPECT_FALSE(count.isEnabled()) << "that was another text";
     onScreen("ViewCompiled", [this](QWidget& viewer) {
         gate.expectSaveDialog(
             {"Save Compiled Program As", "Compiled Program Files (*.cpg)|*.cpg", ""}, "l.cpg");
@@ -101,39 +132,88 @@ TEST_F(ProgramTest, CompilesAndShowsTheListing) {
 }
 
 TEST_F(ProgramTest, SelectsTheFaultyLine) {
-    const std::pair<const char*, const char*> table[] = {
-        {"FAILED\r\nLine: 1\r\n", "one"},
-        {"x Failed\r\nLine: 1\r\nLine  3\r\n", "\u2029three"},
-        {"FAILED\r\nLine: 9\r\n", ""},
-        {"FAILED\r\nin Line2\r\n", nullptr}};
-    editor.setProgram("one\r\ntwo\r\nthree\r\n");
-    for (const auto& [result, selected] : table) {
+    const std::string longLine(2000, 'X');
+    struct Row {
+        const char* result;
+        std::string selected;
+        const char* message = nullptr;
+    };
+    const Row table[] = {{"FAILED\r\nLine: 1\r\n", "one"},
+                         {"x Failed\r\nLine: 1\r\nLine  3\r\n", "\u2029three"},
+                         {"FAILED\r\nLine: 4\r\n", "\u2029" + longLine},
+                         {"FAILED\r\nLine: 9\r\n", ""},
+                         {"FAILED\r\nLine: 32767\r\n", ""},
+                         {"FAILED\r\nLine: 32768\r\n", "", "line beyond 32767"},
+                         {"FAILED\r\nLine: 99999999999\r\n", "", "line beyond 32767"},
+                         {"FAILED\r\nin Line2\r\n", "", "names no program line"}};
+    editor.setProgram("one\r\ntwo\r\nthree\r\n" + longLine + "\r\n");
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    for (const auto& [result, selected, message] : table) {
         editor.moveCursor(QTextCursor::Start);
         gate.expectMessage(result);
-        if (!selected)
-            gate.expectMessageWith("names no program line");
+        if (message)
+            gate.expectMessageWith(message);
         compile(exited, result);
         const auto cursor = editor.textCursor();
-        EXPECT_EQ(cursor.selectedText().toStdString(), selected ? selected : "") << result;
+        EXPECT_EQ(cursor.selectedText().toStdString(), selected) << result;
         EXPECT_EQ(form.focusWidget() == &editor, cursor.hasSelection()) << result;
+        EXPECT_EQ(editor.horizontalScrollBar()->value(), 0) << "the line's beginning is in view";
     }
 }
 
 TEST_F(ProgramTest, TellsTheFailuresOfAToolApart) {
     editor.setProgram("X1000");
-    const auto resultAfter = [this](const ProcessEnd& end, const char* words) {
+    const auto resultAfter = [this](const ProcessEnd& end, const char* words,
+                                    const char* written = nullptr) {
         files.writeWhole("EXE/CompileOut.txt", "old");
         gate.expectMessageWith(words);
-        compile(end);
+        compile(end, written);
         return file("EXE/CompileOut.txt");
     };
     EXPECT_EQ(resultAfter(notStarted, "SA_Compile_Decompile is missing"), "old");
     files.writeWhole("EXE/SA_Compile_Decompile", "no program");
     EXPECT_EQ(resultAfter(notStarted, "cannot be started: no right"), "old");
-    EXPECT_EQ(resultAfter(crashed, "by a fault before it wrote its result"), "none");
-    EXPECT_EQ(resultAfter(exited, "ended without writing its result"), "none");
+    EXPECT_EQ(resultAfter(crashed, "by a fault, or was ended."), "old");
+    EXPECT_EQ(resultAfter(crashed, "It printed:\r\n\r\na\r\nlast ? words\r\n", "OK\nA\n"), "old");
+    EXPECT_EQ(resultAfter(mute, "CompileOut.txt.  It printed:\r\n\r\nno disk\r\n"), "old");
+    std::filesystem::remove("EXE/CompileOut.txt");
+    gate.expectMessageWith("Whatever it wrote is not used.");
+    compile(crashed, "OK\nhalf a li");
+    EXPECT_EQ(file("EXE/CompileOut.txt"), "none") << "a download would send it";
+    EXPECT_EQ(textOf(form, "CompiledLines"), "");
     std::filesystem::remove_all("EXE");
     resultAfter(exited, "The folder of the external tools is missing");
+}
+
+/// Notes whether a control has been painted.
+class PaintWatch : public QObject {
+ public:
+    explicit PaintWatch(QObject& watched) { watched.installEventFilter(this); }
+    bool painted = false;
+
+ private:
+    bool eventFilter(QObject*, QEvent* event) override {
+        painted = painted || event->type() == QEvent::Paint;
+        return false;
+    }
+};
+
+TEST_F(ProgramTest, SaysWhichToolRunsBeforeThePanelStandsStill) {
+    editor.setProgram("X1000");
+    auto& note = control<QLabel>(form, "toolNote");
+    PaintWatch watch(note);
+    EXPECT_FALSE(note.isVisible());
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    tools.run = [&](const std::string&) {
+        EXPECT_TRUE(watch.painted);
+        EXPECT_TRUE(note.isVisible());
+        EXPECT_TRUE(note.text().startsWith(
+            QStringLiteral("SA_Compile_Decompile is running, process 4711.")));
+        return mute;
+    };
+    gate.expectMessageWith("without writing its result");
+    click(form, "CompileAll");
+    EXPECT_FALSE(note.isVisible());
 }
 
 TEST_F(ProgramTest, DownloadsAndClearsWithThePortFree) {

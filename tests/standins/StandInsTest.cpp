@@ -1,9 +1,11 @@
 // The stand-in tools as the panel meets them: setup file in, result file out, port by number.
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <QProcess>
 #include <QTemporaryDir>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -38,6 +40,11 @@ class StandInsTest : public ::testing::Test {
     /// Starts a tool from another folder than its own.
     void run(const char* tool) const {
         QProcess process;
+        process.setChildProcessModifier([this] {
+            const rlimit size{longestFile, longestFile};
+            ::setrlimit(RLIMIT_FSIZE, &size);
+            std::signal(SIGXFSZ, SIG_IGN);
+        });
         process.setProcessChannelMode(QProcess::ForwardedChannels);
         process.setWorkingDirectory(QString::fromStdString(current.string()));
         process.start(QString::fromStdString((exe / tool).string()), QStringList());
@@ -59,6 +66,7 @@ class StandInsTest : public ::testing::Test {
     QTemporaryDir folder;
     fs::path current = folder.path().toStdString();
     fs::path exe = current / "my panel" / "EXE";
+    rlim_t longestFile = RLIM_INFINITY;  // of those that a tool writes
     SimulatedBus bus{{QStringLiteral("--controller"), QStringLiteral("id=7,baud=9600,rt=1")}};
 };
 
@@ -87,6 +95,23 @@ TEST_F(StandInsTest, CompilerNamesTheLinesThatBeginWithAQuestionMark) {
     const std::string result = read("CompileOut.txt");
     EXPECT_TRUE(result.starts_with("FAILED"));
     EXPECT_EQ(result.substr(result.find("\r\n")), "\r\nLine: 1\r\nLine: 3\r\n");
+}
+
+TEST_F(StandInsTest, LeaveNoHalfResultOnAFullDisk) {
+    std::string program;
+    while (program.size() < 6000)
+        program += "X1000\r\n";
+    write("Program.prg", program);
+    write("CompileOut.txt", "old");
+    longestFile = 4096;
+    compiler("COMPILE", "Program.prg");
+    EXPECT_EQ(read("CompileOut.txt"),
+              "FAILED - stand-in compiler: CompileOut.txt cannot be written whole.\r\n");
+    longestFile = 20;
+    write("CompileOut.txt", "old");
+    compiler("COMPILE", "Program.prg");
+    EXPECT_EQ(read("CompileOut.txt"), "old");
+    EXPECT_FALSE(fs::exists(exe / "CompileOut.txt.part"));
 }
 
 TEST_F(StandInsTest, DownloaderSaysWhatIsWrong) {

@@ -16,11 +16,24 @@ class RecordingHelp : public HelpViewer {
     std::string opened;
 };
 
+/// The real files, which can be made to fail on the way.
+class BreakingFiles : public QtFiles {
+ public:
+    FileContent read(const std::filesystem::path& file) override {
+        const FileContent content = QtFiles::read(file);
+        if (!breaksAfter || content.kind != FileContent::Kind::whole)
+            return content;
+        return {FileContent::Kind::brokenOff, content.bytes.substr(0, *breaksAfter), "bad sector"};
+    }
+    std::optional<std::size_t> breaksAfter;
+};
+
 /// Runs no program but what the test says it would have done.
 class ScriptedTools : public Processes {
  public:
-    ProcessEnd runAndWait(const std::filesystem::path& program) override {
+    ProcessEnd runAndWait(const std::filesystem::path& program, const Started& runs) override {
         started.push_back(program.filename().string());
+        runs(4711);
         return run ? run(program.filename().string()) : ProcessEnd{};
     }
     std::function<ProcessEnd(const std::string& tool)> run;
@@ -37,7 +50,7 @@ struct World {
     ScriptedBus bus;
     RecordingGate gate;
     CountedWaits waits;
-    QtFiles files;
+    BreakingFiles files;
     RecordingHelp help;
     ProgramEnd programEnd;
     ScriptedTools tools;
