@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QStyleOptionFrame>
 #include <QTest>
 #include <memory>
 
@@ -136,6 +138,59 @@ TEST(Screens, OweEveryControlANameASizeAndAPlaceInTheTabOrder) {
         EXPECT_LE(screen->frameGeometry().width(), 1366);
         EXPECT_LE(screen->frameGeometry().height(), 700);  // a title and a task bar beside it
     }
+}
+
+/// How high the characters of a field are painted, in pixels: the rows that hold something of them.
+int paintedHeight(QWidget& screen, const char* name) {
+    auto& field = control<QLineEdit>(screen, name);
+    const QImage image = field.grab(field.rect().adjusted(4, 4, -4, -4)).toImage();
+    const QRgb ground = image.pixel(image.width() - 1, image.height() / 2);
+    const auto holdsText = [&](int y) {
+        for (int x = 0; x < image.width(); ++x)
+            if (std::abs(qGray(image.pixel(x, y)) - qGray(ground)) > 100)
+                return true;
+        return false;
+    };
+    int rows = 0;
+    for (int y = 0; y < image.height(); ++y)
+        rows += holdsText(y);
+    return rows;
+}
+
+TEST(Screens, ShowPositionAndStatusLargeAndNoNumberCut) {
+    World world;
+    world.answerAsController();
+    for (const char* number : {"PX", "EX", "CUR", "SPC"})
+        world.bus.replies[number] = "-2147483648";
+    world.bus.replies["MST"] = "128";
+    const auto panel = screens[2].make(world);
+    panel->show();
+    tick(*panel, "Timer1");
+    const auto heightsAt = [&](int width, int height) {
+        panel->resize(width, height);
+        QCoreApplication::processEvents();
+        for (const char* name : {"Pos", "EncPos", "Current", "ProgIndex", "Stat"}) {
+            const auto& field = control<QLineEdit>(*panel, name);
+            QStyleOptionFrame frame;
+            frame.initFrom(&field);
+            frame.lineWidth = 1;
+            const QRect inside =
+                field.style()->subElementRect(QStyle::SE_LineEditContents, &frame, &field);
+            EXPECT_LE(field.fontMetrics().horizontalAdvance(field.text()), inside.width() - 4)
+                << name << " at " << width;
+            EXPECT_LE(field.fontMetrics().height(), inside.height()) << name << " at " << width;
+        }
+        return std::pair(paintedHeight(*panel, "Pos"), paintedHeight(*panel, "Stat"));
+    };
+    // Some 7 and 5 mm at 96 dots to the inch: a position is read at two metres.
+    const auto small = heightsAt(1366, 700);
+    EXPECT_GE(small.first, 26);
+    EXPECT_GE(small.second, 19);
+    const auto large = heightsAt(1920, 1010);
+    EXPECT_GE(large.first, small.first * 3 / 2);
+    EXPECT_GE(large.second, small.second * 5 / 4);
+    EXPECT_EQ(heightsAt(1366, 700), small) << "a large window can be made small again";
+    EXPECT_EQ(panel->size(), QSize(1366, 700));
 }
 
 TEST(Screens, FollowTheDesktopIntoTheDark) {

@@ -5,14 +5,17 @@
 namespace zlt {
 
 QSize NumberField::sizeHint() const {
+    return {sizeFor(longestNumber(), fontMetrics()).width(), QLineEdit::sizeHint().height()};
+}
+
+QSize NumberField::sizeFor(const QString& text, const QFontMetrics& metrics) const {
     QStyleOptionFrame frame;
     initStyleOption(&frame);
-    // QLineEdit keeps two pixels free on either side of the text, and one for the cursor.
-    constexpr int aroundText = 6;
-    const int text = fontMetrics().horizontalAdvance(QStringLiteral("-2147483648"));
-    const QSize contents(text + aroundText, QLineEdit::sizeHint().height());
-    const QSize whole = style()->sizeFromContents(QStyle::CT_LineEdit, &frame, contents, this);
-    return {whole.width(), contents.height()};
+    // QLineEdit keeps two pixels free on either side of the text, and one for the cursor; one above
+    // and below.
+    constexpr QSize aroundText(6, 2);
+    const QSize contents = QSize(metrics.horizontalAdvance(text), metrics.height()) + aroundText;
+    return style()->sizeFromContents(QStyle::CT_LineEdit, &frame, contents, this);
 }
 
 }  // namespace zlt

@@ -13,6 +13,13 @@ class NumberField : public QLineEdit {
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+    /// The size that holds `text` in a font of these metrics, frame and all.
+    QSize sizeFor(const QString& text, const QFontMetrics& metrics) const;
+
+    /// The longest number there is.
+    static QString longestNumber() { return QStringLiteral("-2147483648"); }
 };
 
 }  // namespace zlt

@@ -92,6 +92,7 @@ void MainControlForm::Form_Load(const Connection& connection) {
     handlers.runWithinCaller([&] {
         const BusyCursor busy;
         m_ui->terminalFrame->showDevice(connection.deviceId);
+        m_ui->stopFrame->showDevice(connection.deviceId);
         if (m_session.load(connection))
             m_timer1.start();
     });
@@ -228,6 +229,7 @@ void MainControlForm::showDeviceSwitch(std::string_view before, std::string_view
     m_ui->motionFrame->clearMarks();
     m_ui->runControlFrame->forgetRunOnBoot();
     m_ui->terminalFrame->followDevice(before, now);
+    m_ui->stopFrame->showDevice(now);
 }
 
 void MainControlForm::gateFeatures(FirmwareVersion firmware) {

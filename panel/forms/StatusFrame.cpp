@@ -6,11 +6,6 @@ namespace zlt {
 StatusFrame::StatusFrame(QWidget* parent)
     : QGroupBox(parent), m_ui(std::make_unique<Ui::StatusFrame>()) {
     m_ui->setupUi(this);
-    // What the operator looks for first, also from beside the machine.
-    QFont large = m_ui->Pos->font();
-    large.setPointSizeF(large.pointSizeF() * 1.6);
-    large.setBold(true);
-    m_ui->Pos->setFont(large);
 }
 
 StatusFrame::~StatusFrame() = default;
