@@ -25,9 +25,7 @@ class AsNobody {
  public:
     AsNobody() { m_became = ::geteuid() == 0 && ::seteuid(65534) == 0; }
     ~AsNobody() {
-        if (m_became) {
-            EXPECT_EQ(::seteuid(0), 0);
-        }
+        EXPECT_TRUE(!m_became || ::seteuid(0) == 0);
     }
     AsNobody(const AsNobody&) = delete;
     AsNobody& operator=(const AsNobody&) = delete;

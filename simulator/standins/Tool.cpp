@@ -39,9 +39,8 @@ int Tool::run(const std::function<Lines()>& work) {
     if (!write(result)) {
         good = false;
         // A line may fit where a listing does not.
-        if (!write(failed(m_resultFile + " cannot be written whole.", {}))) {
+        if (!write(failed(m_resultFile + " cannot be written whole.", {})))
             std::cerr << m_name << ": cannot write " << m_folder / m_resultFile << "\n";
-        }
     }
     return good ? 0 : 1;
 }
@@ -82,18 +81,15 @@ Lines Tool::failed(std::string_view reason, const Lines& further) const {
 bool Tool::write(const Lines& lines) const {
     const std::filesystem::path part = m_folder / (m_resultFile + ".part");
     std::ofstream file(part, std::ios::binary);
-    for (const std::string& line : lines) {
+    for (const std::string& line : lines)
         file << line << "\r\n";
-    }
     file.close();  // flushes, and only then is it known whether everything fitted
     std::error_code failure;
-    if (file.good()) {
+    if (file.good())
         std::filesystem::rename(part, m_folder / m_resultFile, failure);
-    }
     const bool inPlace = file.good() && !failure;
-    if (!inPlace) {
+    if (!inPlace)
         std::filesystem::remove(part, failure);
-    }
     return inPlace;
 }
 
