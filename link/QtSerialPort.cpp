@@ -73,6 +73,8 @@ bool QtSerialPort::open(PortNumber number, std::string_view settings) {
 void QtSerialPort::openDevice(const std::string& device, qint32 baudRate) {
     // One name for one device, so that the lock file of a link's target is met too.
     const std::string path = canonicalDevice(device);
+    if (!m_claim.take(path))
+        return lose(deviceBusy());
     m_serial.setPortName(QFile::decodeName(path.c_str()));
     m_serial.setDataBits(QSerialPort::Data8);
     m_serial.setParity(QSerialPort::NoParity);
@@ -80,8 +82,6 @@ void QtSerialPort::openDevice(const std::string& device, qint32 baudRate) {
     m_serial.setFlowControl(QSerialPort::NoFlowControl);
     if (!m_serial.open(QIODevice::ReadWrite) || !m_serial.setBaudRate(baudRate))
         return lose(heldByAnother(path) ? deviceBusy() : m_serial.errorString().toStdString());
-    if (!takeExclusively(m_serial.handle()))
-        return lose(deviceBusy());
     askForLowLatency(m_serial.handle());
     m_serial.setDataTerminalReady(false);  // a pseudo-terminal has no such line: no error
     m_serial.clear();                      // what came before is no answer to anything
@@ -95,6 +95,7 @@ bool QtSerialPort::heldByAnother(const std::string& device) const {
 void QtSerialPort::close() {
     if (m_serial.isOpen())
         m_serial.close();
+    m_claim.release();
 }
 
 void QtSerialPort::lose(std::string reason) {

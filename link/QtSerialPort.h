@@ -2,6 +2,7 @@
 
 #include <QSerialPort>
 
+#include "link/LineClaim.h"
 #include "link/Port.h"
 #include "link/PortDirectory.h"
 
@@ -34,6 +35,7 @@ class QtSerialPort final : public Port {
     void lose(std::string reason);
 
     PortDirectory& m_directory;
+    LineClaim m_claim;
     QSerialPort m_serial;
     std::string m_errorText;
 };

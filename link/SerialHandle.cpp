@@ -4,10 +4,7 @@
 #include <system_error>
 
 #ifdef Q_OS_UNIX
-#include <sys/file.h>
 #include <unistd.h>
-
-#include <cerrno>
 #endif
 #ifdef Q_OS_LINUX
 #include <linux/serial.h>
@@ -15,15 +12,6 @@
 #endif
 
 namespace zlt {
-
-bool takeExclusively(SerialHandle handle) {
-#ifdef Q_OS_UNIX
-    return flock(handle, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
-#else
-    (void)handle;
-    return true;
-#endif
-}
 
 void askForLowLatency(SerialHandle handle) {
 #ifdef Q_OS_LINUX

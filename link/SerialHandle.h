@@ -13,10 +13,6 @@ using SerialHandle = void*;
 using SerialHandle = int;
 #endif
 
-/// Takes the lock that terminal programs and firmware tools agree on, flock(2). False when
-/// another program holds it. On Windows opening is exclusive by itself: always true.
-bool takeExclusively(SerialHandle handle);
-
 /// Asks the driver for short replies at once: adapters of one family hold them back for 16 ms
 /// otherwise, and answer some sixty requests a second whatever the baud rate. Linux's
 /// ASYNC_LOW_LATENCY (serial_core, TIOCGSERIAL and TIOCSSERIAL); any user may set it. A driver

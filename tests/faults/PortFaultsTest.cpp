@@ -1,8 +1,11 @@
 // Ports that cannot be opened and adapters that are pulled out, met from the start-up screen.
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <QLockFile>
@@ -93,6 +96,70 @@ TEST_F(OpeningTest, IsRefusedForWantOfRights) {
     for (const Obstacle& obstacle : table)
         expectRefusal(obstacle);
     close(other);
+}
+
+/// Another program with the line at 57600 baud and two stop bits, held in one way.
+class OtherProgram {
+ public:
+    enum class Lock { flock, exclusive, lockFile };
+
+    OtherProgram(const std::string& device, const std::string& lockFile, Lock lock) {
+        int ready[2];
+        EXPECT_EQ(pipe(ready), 0);
+        m_process = fork();
+        if (m_process == 0) {
+            const int line = open(device.c_str(), O_RDWR | O_NOCTTY);
+            hold(line, lockFile, lock);
+            (void)!write(ready[1], "!", 1);
+            for (;;)
+                pause();
+        }
+        char there = 0;
+        EXPECT_EQ(read(ready[0], &there, 1), 1);
+        close(ready[0]);
+        close(ready[1]);
+    }
+    ~OtherProgram() {
+        kill(m_process, SIGKILL);
+        waitpid(m_process, nullptr, 0);
+    }
+
+ private:
+    static void hold(int line, const std::string& lockFile, Lock lock) {
+        termios settings{};
+        tcgetattr(line, &settings);
+        settings.c_cflag |= CSTOPB;  // a pseudo-terminal takes no other data bits or parity
+        cfsetspeed(&settings, B57600);
+        tcsetattr(line, TCSANOW, &settings);
+        if (lock == Lock::flock)
+            flock(line, LOCK_EX);
+        else if (lock == Lock::exclusive)
+            ioctl(line, TIOCEXCL);
+        else
+            std::ofstream(lockFile) << "      " << getpid() << "\n";
+    }
+
+    pid_t m_process = 0;
+};
+
+TEST_F(OpeningTest, LeavesALineAloneThatAnotherProgramHolds) {
+    using Lock = OtherProgram::Lock;
+    const int line = open(device.c_str(), O_RDWR | O_NOCTTY);
+    for (const Lock lock : {Lock::flock, Lock::exclusive, Lock::lockFile}) {
+        SCOPED_TRACE(static_cast<int>(lock));
+        const OtherProgram other(device, lockFile(), lock);
+        const auto port = real.makePort(nullptr);
+        EXPECT_FALSE(port->open({1}, "9600,N,8,1"));
+        EXPECT_EQ(port->errorText(), "Device or resource busy");
+        termios settings{};
+        tcgetattr(line, &settings);
+        EXPECT_EQ(cfgetospeed(&settings), speed_t{B57600});
+        EXPECT_TRUE(settings.c_cflag & CSTOPB);
+        ioctl(line, TIOCNXCL);
+    }
+    close(line);
+    EXPECT_TRUE(std::filesystem::exists(lockFile())) << "left behind by a program that was killed";
+    expectGoodConnection();
 }
 
 using HangUpTest = PortFaultsTest;
