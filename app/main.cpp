@@ -1,8 +1,10 @@
 #include <QApplication>
 
+#include "app/EndOnSignal.h"
 #include "app/Picture.h"
 #include "app/SelectComForm.h"
 #include "link/QtSerialPort.h"
+#include "platform/EndingGate.h"
 #include "platform_qt/QtFiles.h"
 #include "platform_qt/QtGate.h"
 #include "platform_qt/QtHelpViewer.h"
@@ -19,11 +21,12 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
     QApplication::setQuitOnLastWindowClosed(false);
 
     zlt::PortDirectory directory{zlt::portListFileName};
-    zlt::QtGate gate;
+    zlt::ProgramEnd programEnd;
+    zlt::QtGate boxes;
+    zlt::EndingGate gate(boxes, programEnd);
     zlt::ThreadWaits waits;
     zlt::QtFiles files;
     zlt::QtHelpViewer help(gate);
-    zlt::ProgramEnd programEnd;
     zlt::QtProcesses processes;
     const zlt::Services services{.gate = gate,
                                  .waits = waits,
@@ -37,6 +40,7 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
                                  }};
 
     zlt::SelectComForm startUp(services, directory);
+    const zlt::EndOnSignal endOnSignal(programEnd);
     startUp.Form_Load();
     startUp.show();
     return QApplication::exec();
