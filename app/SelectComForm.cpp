@@ -120,7 +120,9 @@ void SelectComForm::SearchZLT_Click() {
         return;
     const auto& device = progress.search().found();
     if (!device) {
-        services().gate.message("Device not found!  Please check wiring and power inputs");
+        const std::string& losses = progress.search().losses();
+        services().gate.message(
+            losses.empty() ? "Device not found!  Please check wiring and power inputs" : losses);
         return;
     }
     m_ui->combo->showText(portText(device->port));
@@ -134,8 +136,8 @@ void SelectComForm::SearchAllZLT_Click() {
     SearchCom progress(services(), SearchMode::all, this);
     if (!runSearch(progress))
         return;
-    const std::string& results = progress.search().results();
-    services().gate.message(results.empty() ? "No device found!" : results);
+    const std::string told = progress.search().results() + progress.search().losses();
+    services().gate.message(told.empty() ? "No device found!" : told);
 }
 
 void SelectComForm::Close_Click() {

@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
+#include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QTest>
+#include <QWindow>
 #include <filesystem>
 #include <set>
+#include <thread>
 
 #include "app/SelectComForm.h"
 #include "support/FormDriver.h"
@@ -14,6 +19,12 @@ namespace zlt::test {
 namespace {
 
 const char* const notFound = "Device not found!  Please check wiring and power inputs";
+
+QElapsedTimer started() {
+    QElapsedTimer timer;
+    timer.start();
+    return timer;
+}
 
 class SearchTest : public ::testing::Test, public World {
  protected:
@@ -98,6 +109,23 @@ TEST_F(SearchTest, ListsEachControllerOnce) {
     EXPECT_EQ(shown(), "COM1|9600|01");
 }
 
+TEST_F(SearchTest, ListsWhatHasBeenFoundSoFar) {
+    ports = {1};
+    answers = {{"1 9600 @01DN", "ZLD01"}, {"1 9600 @02DN", "ZLD02"}};
+    const std::string one = "Found on Com Port:1 Baud:9600 ID:01";
+    const std::string two = "Found on Com Port:1 Baud:9600 ID:02";
+    std::vector<std::string> lists;
+    const auto atTick = [&](QWidget& screen, int number) {
+        const auto& list = control<QPlainTextEdit>(screen, "foundList");
+        if (number >= 17 && number <= 19)
+            lists.push_back(list.isVisible() ? list.toPlainText().toStdString() : "hidden");
+    };
+    search("SearchAllZLT", one + "\r\n" + two + "\r\n", atTick);
+    search("SearchZLT", "ZLT-R-NX Found on Port:1 Baud:9600 ID:01", atTick);
+    const std::vector<std::string> expected{"", one, one + "\n" + two, "hidden"};
+    EXPECT_EQ(lists, expected);
+}
+
 TEST_F(SearchTest, SaysOnlyThatThereIsNoPort) {
     search("SearchAllZLT", "No Port Available!");
     EXPECT_EQ(texts.size(), 16U);
@@ -131,6 +159,43 @@ TEST_F(SearchTest, GivesUpAPortThatGoesAway) {
         });
         EXPECT_EQ(bus.requests.size(), 9U + 1U);
     }
+    const std::string lost =
+        "COM2 went away during the search (Input/output error).  Plug the adapter in and search "
+        "again.\r\n";
+    const auto pull = [&](QWidget&, int number) {
+        bus.losesAtWriteOf = number == 28 ? std::optional("DN") : std::nullopt;
+    };
+    search("SearchAllZLT", "Found on Com Port:4 Baud:9600 ID:01\r\n" + lost, pull);
+    answers.clear();
+    search("SearchZLT", lost, pull);
+}
+
+TEST_F(SearchTest, HeedsACancelBeforeTheOverdueTick) {
+    gate.expectMessage(notFound);
+    clickAndWork(form, "SearchZLT", [&](QWidget& screen) {
+        const auto& cancel = control<QWidget>(screen, "Cancel");
+        const QPointF place = cancel.mapTo(&screen, cancel.rect().center());
+        std::thread operatorsHand;  // what another thread does comes through the platform's queue
+        const auto press = [&, window = screen.windowHandle(), spot = screen.mapToGlobal(place)] {
+            for (const bool down : {true, false})
+                qt_handleMouseEvent(window, place, spot, down ? Qt::LeftButton : Qt::NoButton,
+                                    Qt::LeftButton,
+                                    down ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease,
+                                    Qt::NoModifier, 0);
+        };
+        control<QTimer>(screen, "StatusTimer").setInterval(1);
+        bus.answer = [&](const std::string&) -> std::optional<std::string> {
+            if (!operatorsHand.joinable())
+                operatorsHand = std::thread(press);
+            // The probe takes so long that the next tick is overdue at its end.
+            for (const QElapsedTimer step = started(); step.nsecsElapsed() < 3'000'000;) {
+            }
+            return std::nullopt;
+        };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !screen.isVisible(); }));
+        operatorsHand.join();
+    });
+    EXPECT_LT(bus.requests.size(), 20U) << "the click has to get in between";
 }
 
 TEST_F(SearchTest, EndsOnCancelWithWhatItHas) {
