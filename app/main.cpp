@@ -35,12 +35,13 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
                                  .programEnd = programEnd,
                                  .processes = processes,
                                  .ownFolder = zlt::ownFolder(),
+                                 .dataFolder = zlt::dataFolder(),
                                  .makePort = [&directory](QObject* owner) {
                                      return std::make_unique<zlt::QtSerialPort>(directory, owner);
                                  }};
 
-    zlt::SelectComForm startUp(services, directory);
     const zlt::EndOnSignal endOnSignal(programEnd);
+    zlt::SelectComForm startUp(services, directory);
     startUp.Form_Load();
     startUp.show();
     return QApplication::exec();

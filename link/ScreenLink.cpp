@@ -48,7 +48,9 @@ std::string ScreenLink::SendReceive(std::string_view command) {
     if (m_lossReported || (m_flavour.onlyWhileConnected && !m_commOk))
         return std::string(noAnswer);
 
-    if (!m_port->write(frameRequest(connection.deviceId, command)))
+    m_lineFault = LineFault::none;
+    const std::string request = frameRequest(connection.deviceId, command);
+    if (!m_port->write(request))
         return fail(m_flavour.onPortLost, command, Ending::portLost);
     if (const auto wait = settlingWait(m_flavour.waits, command); wait.count() > 0)
         m_services.waits.sleep(wait);
@@ -58,6 +60,7 @@ std::string ScreenLink::SendReceive(std::string_view command) {
         return fail(m_flavour.onPortLost, command, reading.ending);
     if (reading.ending == Ending::timedOut)
         return fail(m_flavour.onTimeOut, command, reading.ending);
+    m_lineFault = lineFaultIn(request, reading.text);
     if (m_flavour.endOfReply == EndOfReply::atSilence)
         return reading.text;
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "link/Flavour.h"
+#include "link/LineFault.h"
 #include "link/Services.h"
 #include "link/Values.h"
 
@@ -72,6 +73,11 @@ class ScreenLink {
     bool openPort();
     void closePort() { m_port->close(); }
 
+    /// What is not as it was asked for on the open port, a sentence; often empty.
+    std::string portRemark() const { return m_port->remark(); }
+    /// What the last exchange's reply said of the line.
+    LineFault lineFault() const { return m_lineFault; }
+
     /// Closes the port and ends the program. Does not return.
     [[noreturn]] void endProgram(int exitCode);
 
@@ -95,6 +101,7 @@ class ScreenLink {
     std::unique_ptr<Port> m_port;
     bool m_commOk = false;
     bool m_lossReported = false;
+    LineFault m_lineFault = LineFault::none;
 };
 
 }  // namespace zlt

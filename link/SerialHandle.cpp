@@ -7,6 +7,7 @@
 #include <unistd.h>
 #endif
 #ifdef Q_OS_LINUX
+#include <asm/termbits.h>
 #include <linux/serial.h>
 #include <sys/ioctl.h>
 #endif
@@ -23,6 +24,17 @@ void askForLowLatency(SerialHandle handle) {
 #else
     (void)handle;
 #endif
+}
+
+std::optional<int> baudRateInUse(SerialHandle handle) {
+#ifdef Q_OS_LINUX
+    termios2 settings{};
+    if (ioctl(handle, TCGETS2, &settings) == 0)
+        return static_cast<int>(settings.c_ospeed);
+#else
+    (void)handle;
+#endif
+    return std::nullopt;
 }
 
 bool mayReadAndWrite(const std::string& device) {

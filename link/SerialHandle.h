@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtGlobal>
+#include <optional>
 #include <string>
 
 namespace zlt {
@@ -19,6 +20,10 @@ using SerialHandle = int;
 /// that knows no such thing refuses, which is no error. To be asked right after opening, before
 /// the first request. Elsewhere nothing.
 void askForLowLatency(SerialHandle handle);
+
+/// The baud rate at which the line really works: some drivers take a rate that they cannot do,
+/// report success and stay at another. Nothing where the system does not tell.
+std::optional<int> baudRateInUse(SerialHandle handle);
 
 /// Whether this user has the right to read and write a device, whoever holds it now.
 bool mayReadAndWrite(const std::string& device);

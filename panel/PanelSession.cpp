@@ -36,6 +36,7 @@ bool PanelSession::load(const Connection& connection) {
             return false;
         }
         link.PortReady = true;
+        m_view.showPortRemark(link.portRemark());
         link.setCommOK(true);
         if (identify())
             readOnce();

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QProcess>
+#include <QStandardPaths>
 
 #include "platform_qt/QtPaths.h"
 
@@ -9,6 +10,11 @@ namespace zlt {
 
 std::filesystem::path ownFolder() {
     return pathFromUtf8(QCoreApplication::applicationDirPath().toStdString());
+}
+
+std::filesystem::path dataFolder() {
+    return pathFromUtf8(
+        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString());
 }
 
 ProcessEnd QtProcesses::runAndWait(const std::filesystem::path& program) {

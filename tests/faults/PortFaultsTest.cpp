@@ -13,6 +13,7 @@
 #include <filesystem>
 
 #include "link/Flavour.h"
+#include "link/PortObstacle.h"
 #include "support/StartUpWorld.h"
 
 namespace zlt::test {
@@ -40,8 +41,11 @@ class PortFaultsTest : public StartUpWorld {
         });
         EXPECT_NE(textOf(startUp, "portProblem").find(obstacle.words), std::string::npos)
             << textOf(startUp, "portProblem");
-        if (obstacle.remove)
+        if (obstacle.remove) {
             obstacle.remove();
+            tick(startUp, "portTimer");
+            EXPECT_EQ(textOf(startUp, "portProblem"), "") << "its reason is gone";
+        }
         listPort(device);
         expectGoodConnection();
     }
@@ -162,6 +166,31 @@ TEST_F(OpeningTest, LeavesALineAloneThatAnotherProgramHolds) {
     expectGoodConnection();
 }
 
+TEST_F(OpeningTest, NamesALockFileThatAnotherUsersProgramLeft) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can be two users";
+    const pid_t gone = fork();
+    if (gone == 0)
+        _exit(0);
+    waitpid(gone, nullptr, 0);
+    std::ofstream(lockFile()) << gone << "\n";
+    chmod(device.c_str(), 0666);
+    const pid_t otherUser = fork();
+    if (otherUser == 0) {
+        constexpr uid_t nobody = 65534;
+        if (setgid(nobody) != 0 || setuid(nobody) != 0)
+            _exit(2);
+        const PortReport report = reportPort(examinePort(directory, {1}));
+        const bool told = report.obstacle == ::zlt::Obstacle::deadLock &&
+                          report.command == "sudo rm '" + lockFile() + "'";
+        _exit(told && !real.makePort(nullptr)->open({1}, "9600,N,8,1") ? 0 : 1);
+    }
+    int outcome = -1;
+    waitpid(otherUser, &outcome, 0);
+    EXPECT_EQ(outcome, 0);
+    expectGoodConnection();  // root may take it over
+}
+
 using HangUpTest = PortFaultsTest;
 
 TEST_F(HangUpTest, OnAnotherScreenIsToldAtTheNextExchangeAndEndsNothing) {
@@ -195,8 +224,6 @@ TEST_F(HangUpTest, OnAnotherScreenIsToldAtTheNextExchangeAndEndsNothing) {
                 if (row.message)
                     gate.expectMessageWith(row.message);
                 simulator.say("hangup");
-                // A pseudo-terminal's name may be another program's at once.
-                listPort("/dev/no-such-port");
                 expectIdle();
                 if (row.exchange)
                     row.exchange(screen);

@@ -27,6 +27,7 @@ Services World::servicesWith(Waits& pauses, decltype(Services::makePort) makePor
             .programEnd = programEnd,
             .processes = tools,
             .ownFolder = folder.path().toStdString(),
+            .dataFolder = dataFolder.path().toStdString(),
             .makePort = std::move(makePort)};
 }
 

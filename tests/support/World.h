@@ -33,7 +33,7 @@ struct World {
     World();
     ~World();
 
-    QTemporaryDir folder;
+    QTemporaryDir folder, dataFolder;
     ScriptedBus bus;
     RecordingGate gate;
     CountedWaits waits;
