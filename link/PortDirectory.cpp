@@ -148,9 +148,12 @@ void PortDirectory::settle(PortNumber number) {
 
 std::string PortDirectory::identityOf(const std::string& path) const {
     const std::string device = canonicalDevice(path);
-    for (const SerialDevice& known : m_devices)
-        if (known.path == device && known.usb)
+    for (const SerialDevice& known : m_devices) {
+        // Windows goes by the bare name, "COM3".
+        const bool same = known.path == device || fs::path(known.path).filename() == device;
+        if (same && known.usb)
             return known.usbIdentity;
+    }
     return device;
 }
 
