@@ -15,9 +15,9 @@ void showLine(QLabel& line, const std::string& text) {
     line.setVisible(!shown.isEmpty());
 }
 
-/// A sign and not only words tells a port in order from one that cannot be opened.
+/// A sign and not only words tells a port in order from one that is not.
 void showSign(QLabel& sign, bool inTrouble) {
-    const QString state = inTrouble ? QObject::tr("cannot be opened") : QObject::tr("in order");
+    const QString state = inTrouble ? QObject::tr("needs a look") : QObject::tr("in order");
     if (sign.accessibleDescription() == state)
         return;
     sign.setAccessibleDescription(state);
@@ -28,7 +28,8 @@ void showSign(QLabel& sign, bool inTrouble) {
 
 }  // namespace
 
-void showPortReport(Ui::SelectComForm& ui, const PortReport& report) {
+void showPortReport(Ui::SelectComForm& ui, const PortReport& report,
+                    std::initializer_list<std::string> remarks) {
     const bool nothingThere = report.obstacle == Obstacle::nothingThere;
     showLine(*ui.portDevice, nothingThere
                                  ? std::string()
@@ -40,7 +41,12 @@ void showPortReport(Ui::SelectComForm& ui, const PortReport& report) {
         ui.portCommand->setCursorPosition(0);
     }
     ui.portCommandRow->setVisible(!command.isEmpty());
-    showSign(*ui.portSign, !report.problem.empty());
+    std::string lines;
+    for (const std::string& remark : remarks)
+        if (!remark.empty())
+            lines += (lines.empty() ? "" : "\n") + remark;
+    showLine(*ui.portRemarks, lines);
+    showSign(*ui.portSign, !report.problem.empty() || !lines.empty());
 }
 
 }  // namespace zlt

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <initializer_list>
+#include <string>
+
 #include "link/serial/PortObstacle.h"
 
 namespace Ui {
@@ -8,7 +11,9 @@ class SelectComForm;
 
 namespace zlt {
 
-/// Puts a port's report into the lines below the start-up screen's boxes.
-void showPortReport(Ui::SelectComForm& ui, const PortReport& report);
+/// Puts a port's report into the lines below the start-up screen's boxes, and beside it what else
+/// is to be said of the port, a sentence each; empty ones are left out.
+void showPortReport(Ui::SelectComForm& ui, const PortReport& report,
+                    std::initializer_list<std::string> remarks);
 
 }  // namespace zlt

@@ -19,6 +19,7 @@ SearchCom::SearchCom(const Services& world, SearchMode mode, QWidget* parent)
       MSComm1(services().makePort()),
       m_search(*MSComm1, mode, *this) {
     m_ui->setupUi(this);
+    m_ui->foundList->setVisible(mode == SearchMode::all);
     m_statusTimer.setObjectName(QStringLiteral("StatusTimer"));
     m_statusTimer.setTimerType(Qt::PreciseTimer);
     m_statusTimer.setInterval(stepInterval);
@@ -55,6 +56,11 @@ void SearchCom::showText(std::string_view text) {
 void SearchCom::showProgress(int value, int maximum) {
     m_ui->Progress->setMaximum(maximum);
     m_ui->Progress->setValue(value);
+}
+
+void SearchCom::showResults(std::string_view results) {
+    m_ui->foundList->setPlainText(fromUtf8(results).trimmed());
+    m_ui->foundList->moveCursor(QTextCursor::End);
 }
 
 }  // namespace zlt

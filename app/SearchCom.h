@@ -35,6 +35,7 @@ class SearchCom : public Screen, private SearchView {
     void closeScreen() override { Cancel_Click(); }
     void showText(std::string_view text) override;
     void showProgress(int value, int maximum) override;
+    void showResults(std::string_view results) override;
 
     std::unique_ptr<Ui::SearchCom> m_ui;
     std::unique_ptr<Port> MSComm1;

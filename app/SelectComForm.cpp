@@ -28,12 +28,17 @@ bool runSearch(SearchCom& progress) {
 }  // namespace
 
 SelectComForm::SelectComForm(const Services& services, PortDirectory& directory)
-    : Screen(services), m_directory(directory), m_ui(std::make_unique<Ui::SelectComForm>()) {
+    : Screen(services),
+      m_directory(directory),
+      m_memory(services.files, services.dataFolder),
+      m_ui(std::make_unique<Ui::SelectComForm>()) {
     m_ui->setupUi(this);
     m_ui->portDevice->hide();
     m_ui->portProblem->hide();
     m_ui->portCommandRow->hide();
+    m_ui->portRemarks->hide();
     m_ui->settingsNote->hide();
+    m_portTimer.setObjectName(QStringLiteral("portTimer"));
     m_portTimer.setInterval(portNoteInterval);
     teachManners();
     connectHandlers();
@@ -48,7 +53,8 @@ void SelectComForm::connectHandlers() {
     handlers.onClick(*m_ui->SearchAllZLT, [this](bool) { SearchAllZLT_Click(); });
     handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
     handlers.onClick(*m_ui->copyCommand, [this](bool) { copyCommand_Click(); });
-    handlers.connect(m_ui->combo, &QComboBox::currentTextChanged, this, &SelectComForm::showPort);
+    for (QComboBox* box : {m_ui->combo, m_ui->baudCom, m_ui->DeviceIDCombo})
+        handlers.connect(box, &QComboBox::currentTextChanged, this, &SelectComForm::boxes_Changed);
     handlers.connect(&m_portTimer, &QTimer::timeout, this, &SelectComForm::portTimer_Timer);
 }
 
@@ -104,10 +110,17 @@ void SelectComForm::ProgramEdit_Click() {
 void SelectComForm::connectToController(bool startInProgram) {
     const Settings settings = typedSettings();
     saveSettings(settings);
+    const PortNumber port = portNumberFromText(settings.port);
+    m_lineFault = LineFault::none;
+    // Plugging and the port list change nothing under a running panel.
+    const SettledPort settled(m_directory, port);
+    m_memory.remember(port, m_directory.entry(port));
     MainControlForm panel(services(), this);
     if (startInProgram)
         panel.startInProgram();
-    panel.Form_Load({portNumberFromText(settings.port), settings.baud, settings.deviceId});
+    panel.Form_Load({port, settings.baud, settings.deviceId});
+    if (!panel.link().CommOK())
+        m_lineFault = panel.link().lineFault();
     panel.showModal();
     showPort();
 }
@@ -118,7 +131,9 @@ void SelectComForm::SearchZLT_Click() {
         return;
     const auto& device = progress.search().found();
     if (!device) {
-        services().gate.message("Device not found!  Please check wiring and power inputs");
+        const std::string& losses = progress.search().losses();
+        services().gate.message(
+            losses.empty() ? "Device not found!  Please check wiring and power inputs" : losses);
         return;
     }
     m_ui->combo->showText(portText(device->port));
@@ -132,8 +147,8 @@ void SelectComForm::SearchAllZLT_Click() {
     SearchCom progress(services(), SearchMode::all, this);
     if (!runSearch(progress))
         return;
-    const std::string& results = progress.search().results();
-    services().gate.message(results.empty() ? "No device found!" : results);
+    const std::string told = progress.search().results() + progress.search().losses();
+    services().gate.message(told.empty() ? "No device found!" : told);
 }
 
 void SelectComForm::Close_Click() {
@@ -155,6 +170,12 @@ void SelectComForm::portTimer_Timer() {
     showPort();
 }
 
+void SelectComForm::boxes_Changed() {
+    m_directory.forgetOpenings();
+    m_lineFault = LineFault::none;
+    showPort();
+}
+
 void SelectComForm::makeRoom() {
     // Qt does not make a window taller for lines that wrap.
     layout()->activate();
@@ -165,7 +186,9 @@ void SelectComForm::makeRoom() {
 
 void SelectComForm::showPort() {
     const PortNumber number = portNumberFromText(m_ui->combo->currentText().toStdString());
-    showPortReport(*m_ui, reportPort(examinePort(m_directory, number)));
+    showPortReport(*m_ui, reportPort(examinePort(m_directory, number)),
+                   {m_memory.change(number, m_directory.entry(number)),
+                    std::string(lineFaultText(m_lineFault)), m_directory.listProblem()});
     makeRoom();
 }
 

@@ -3,8 +3,10 @@
 #include <QTimer>
 #include <memory>
 
+#include "link/LineFault.h"
 #include "link/Settings.h"
 #include "link/serial/PortDirectory.h"
+#include "link/serial/PortMemory.h"
 #include "widgets/Screen.h"
 
 namespace Ui {
@@ -37,6 +39,8 @@ class SelectComForm : public Screen {
     void Close_Click();
     void copyCommand_Click();
     void portTimer_Timer();
+    /// What was said of the last connection is said no more: these are other settings.
+    void boxes_Changed();
 
     void closeScreen() override { Close_Click(); }
     void connectHandlers();
@@ -51,6 +55,8 @@ class SelectComForm : public Screen {
     void makeRoom();
 
     PortDirectory& m_directory;
+    PortMemory m_memory;
+    LineFault m_lineFault = LineFault::none;  ///< of the last connection, if it failed
     std::unique_ptr<Ui::SelectComForm> m_ui;
     QTimer m_portTimer{this};
 };

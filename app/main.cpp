@@ -1,8 +1,10 @@
 #include <QApplication>
 
+#include "app/EndOnSignal.h"
 #include "app/Picture.h"
 #include "app/SelectComForm.h"
 #include "link/serial/QtSerialPort.h"
+#include "platform/EndingGate.h"
 #include "platform_qt/QtFiles.h"
 #include "platform_qt/QtGate.h"
 #include "platform_qt/QtHelpViewer.h"
@@ -19,11 +21,12 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
     QApplication::setQuitOnLastWindowClosed(false);
 
     zlt::PortDirectory directory{zlt::portListFileName};
-    zlt::QtGate gate;
+    zlt::ProgramEnd programEnd;
+    zlt::QtGate boxes;
+    zlt::EndingGate gate(boxes, programEnd);
     zlt::ThreadWaits waits;
     zlt::QtFiles files;
     zlt::QtHelpViewer help(gate);
-    zlt::ProgramEnd programEnd;
     zlt::QtProcesses processes;
     const zlt::Services services{
         .gate = gate,
@@ -33,8 +36,10 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
         .programEnd = programEnd,
         .processes = processes,
         .ownFolder = zlt::ownFolder(),
+        .dataFolder = zlt::dataFolder(),
         .makePort = [&directory] { return std::make_unique<zlt::QtSerialPort>(directory); }};
 
+    const zlt::EndOnSignal endOnSignal(programEnd);
     zlt::SelectComForm startUp(services, directory);
     startUp.Form_Load();
     startUp.show();

@@ -44,7 +44,7 @@ PanelClient::PanelClient(PacedPeer& peer, EmptyRead emptyRead)
 void PanelClient::open() {
     if (!m_link.openPort())
         throw std::runtime_error("the panel cannot open its port: " +
-                                 m_world.directory.lastFailure(World::port));
+                                 m_world.directory.lastOpening(World::port).failure);
     m_link.setCommOK(true);
 }
 

@@ -94,13 +94,19 @@ DeviceSearch::State DeviceSearch::goToNextPort() {
     return m_number.value > portCount ? State::over : State::running;
 }
 
+DeviceSearch::State DeviceSearch::leaveLostPort() {
+    m_losses += portText(m_number) + " went away during the search (" + m_port.errorText() +
+                ").  Plug the adapter in and search again.\r\n";
+    return goToNextPort();
+}
+
 DeviceSearch::State DeviceSearch::nextBaudRate() {
     ++m_ratesTried;
     advanceTo(m_progress + perRate);
     const Connection place = here();
     m_view.showText("Trying Port " + std::to_string(m_number.value) + ", Baud:" + place.baudRate);
     if (!m_port.open(m_number, settingsText(place.baudRate)))
-        return goToNextPort();  // it went away since it was checked
+        return leaveLostPort();
     m_id = 1;
     m_step = Step::probe;
     return State::running;
@@ -115,10 +121,12 @@ DeviceSearch::State DeviceSearch::probe() {
         m_found = place;
         return State::over;
     }
-    if (answered)
+    if (answered) {
         m_results += "Found on Com Port:" + searchResultText(place) + "\r\n";
+        m_view.showResults(m_results);
+    }
     if (!m_port.isOpen())
-        return goToNextPort();  // lost
+        return leaveLostPort();
     if (++m_id > highestId) {
         m_port.close();
         if (m_ratesTried == baudRates.size())

@@ -22,6 +22,8 @@ class SearchView {
     /// What is being tried, told before it blocks.
     virtual void showText(std::string_view text) = 0;
     virtual void showProgress(int value, int maximum) = 0;
+    /// The results so far, each time there is one more.
+    virtual void showResults(std::string_view results) = 0;
 };
 
 /// Looks for controllers on ports 1 to 15, at five baud rates, with device IDs 01 to 09, one
@@ -49,6 +51,9 @@ class DeviceSearch {
     const std::optional<Connection>& found() const { return m_found; }
     /// The lines of a search for all, each ended by CR LF.
     const std::string& results() const { return m_results; }
+    /// The ports that could be opened and went away before they were searched to the end, as an
+    /// adapter that is pulled out does: a sentence each. Empty when none did.
+    const std::string& losses() const { return m_losses; }
 
  private:
     enum class Step { checkPort, nextPort, nextBaudRate, probe };
@@ -59,6 +64,8 @@ class DeviceSearch {
     State nextBaudRate();
     State probe();
     State goToNextPort();
+    /// As goToNextPort(), from one that went away.
+    State leaveLostPort();
     bool listen();
     Connection here() const;
     bool usable() const;
@@ -77,6 +84,7 @@ class DeviceSearch {
     int m_progress = 0;
     std::optional<Connection> m_found;
     std::string m_results;
+    std::string m_losses;
 };
 
 /// The words for a controller: " Baud:9600 ID:01" behind the port's number.

@@ -37,6 +37,9 @@ class Port {
     /// Waits until something can be read, `time` at the most.
     virtual PortInput waitForInput(std::chrono::milliseconds time) = 0;
 
+    /// What is not as it was asked for on the open port, a sentence in UTF-8; often empty.
+    virtual std::string remark() const { return {}; }
+
     /// The last failure in the system's words, UTF-8. Empty when there was none.
     virtual std::string errorText() const = 0;
 };

@@ -1,6 +1,9 @@
 #include "link/PortList.h"
 
+#include <algorithm>
+
 #include "platform/Lines.h"
+#include "platform/Text.h"
 
 namespace zlt {
 namespace {
@@ -12,6 +15,13 @@ std::string trimmed(std::string_view text) {
     return std::string(text.substr(first, text.find_last_not_of(" \t") - first + 1));
 }
 
+std::string capitals(std::string text) {
+    for (char& c : text)
+        if (c >= 'a' && c <= 'z')
+            c = static_cast<char>(c - 'a' + 'A');
+    return text;
+}
+
 }  // namespace
 
 std::optional<PortNumber> exactPortNumber(std::string_view text) {
@@ -21,19 +31,41 @@ std::optional<PortNumber> exactPortNumber(std::string_view text) {
     return std::nullopt;
 }
 
-std::map<PortNumber, std::string> parsePortList(std::string_view text) {
-    std::map<PortNumber, std::string> ports;
+PortList parsePortList(std::string_view text) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(byteOrderMark))
+        text.remove_prefix(byteOrderMark.size());
+    PortList list;
+    int lineNumber = 0;
     for (const std::string& raw : splitLines(text)) {
+        ++lineNumber;
         const std::string line = trimmed(raw);
-        const auto equals = line.find('=');
-        if (line.starts_with('#') || equals == std::string::npos)
+        if (line.empty() || line.starts_with('#'))
             continue;
-        const auto number = exactPortNumber(trimmed(std::string_view(line).substr(0, equals)));
-        const std::string device = trimmed(std::string_view(line).substr(equals + 1));
-        if (number && !device.empty())
-            ports[*number] = device.find('/') == std::string::npos ? "/dev/" + device : device;
+        const auto equals = std::min(line.find('='), line.size());
+        const auto number = exactPortNumber(capitals(trimmed(line.substr(0, equals))));
+        const std::string device =
+            trimmed(std::string_view(line).substr(std::min(equals + 1, line.size())));
+        if (!number || device.empty())
+            list.notUnderstood.emplace_back(lineNumber, line);
+        else
+            list.ports[*number] = device.find('/') == std::string::npos ? "/dev/" + device : device;
     }
-    return ports;
+    return list;
+}
+
+std::string notUnderstoodText(const PortList& list) {
+    if (list.notUnderstood.empty())
+        return {};
+    const auto& [first, text] = list.notUnderstood.front();
+    const std::string file(portListFileName);
+    if (list.notUnderstood.size() == 1)
+        return "Line " + std::to_string(first) + " of the port list " + file +
+               " is not understood: " + inQuotes(text);
+    std::string numbers = std::to_string(first);
+    for (std::size_t index = 1; index < list.notUnderstood.size(); ++index)
+        numbers += ", " + std::to_string(list.notUnderstood[index].first);
+    return "Lines " + numbers + " of the port list " + file + " are not understood.";
 }
 
 }  // namespace zlt

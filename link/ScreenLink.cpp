@@ -71,6 +71,7 @@ ScreenLink::Exchanged ScreenLink::exchange(std::string_view command) {
     if (m_lossReported || (m_flavour.onlyWhileConnected && !m_commOk))
         return {std::string(noAnswer)};
 
+    m_lineFault = LineFault::none;
     if (!MSComm1->write(frameRequest(connection.deviceId, command)))
         return {{}, &m_flavour.onPortLost, Ending::portLost};
     if (const auto wait = settlingWait(m_flavour.waits, command); wait.count() > 0)
@@ -84,6 +85,7 @@ ScreenLink::Exchanged ScreenLink::read(std::string_view command) {
         return {{}, &m_flavour.onPortLost, Ending::portLost};
     if (reading.ending == Ending::timedOut)
         return {{}, &m_flavour.onTimeOut, Ending::timedOut};
+    m_lineFault = lineFaultIn(frameRequest(connection.deviceId, command), reading.text);
     if (m_flavour.endOfReply == EndOfReply::atSilence)
         return {reading.text};
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "link/Flavour.h"
+#include "link/LineFault.h"
 #include "link/Services.h"
 #include "link/Values.h"
 
@@ -84,6 +85,11 @@ class ScreenLink {
     bool openPort();
     void closePort() { MSComm1->close(); }
 
+    /// What is not as it was asked for on the open port, a sentence; often empty.
+    std::string portRemark() const { return MSComm1->remark(); }
+    /// What the last exchange's reply said of the line.
+    LineFault lineFault() const { return m_lineFault; }
+
     /// Closes the port and ends the program. Does not return.
     [[noreturn]] void endProgram(int exitCode);
 
@@ -115,6 +121,7 @@ class ScreenLink {
     std::unique_ptr<Port> MSComm1;
     bool m_commOk = false;
     bool m_lossReported = false;
+    LineFault m_lineFault = LineFault::none;
 };
 
 }  // namespace zlt

@@ -25,6 +25,9 @@ struct Services {
     /// The folder of the executable, which holds the external tools' folder. Empty when its name
     /// is no valid text.
     std::filesystem::path ownFolder;
+    /// The user's own data folder for this program, which need not exist yet. Empty when there is
+    /// none.
+    std::filesystem::path dataFolder = {};
     /// Makes the port object that a screen owns.
     std::function<std::unique_ptr<Port>()> makePort;
 };

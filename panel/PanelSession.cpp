@@ -37,6 +37,7 @@ bool PanelSession::load(const Connection& connection) {
             return false;
         }
         link.PortReady = true;
+        m_view.showPortRemark(link.portRemark());
         link.setCommOK(true);
         if (identify())
             readOnce();

@@ -31,6 +31,8 @@ class PanelView {
     virtual void showIdentity(std::string_view id) = 0;
     virtual void showVersion(std::string_view version) = 0;
     virtual void showBaudRate(std::string_view baudRate) = 0;
+    /// What is not as it was asked for on the port, a sentence in UTF-8; empty for nothing.
+    virtual void showPortRemark(std::string_view remark) = 0;
 
     virtual void showSpeed(std::string_view speed) = 0;
     virtual void showAcceleration(std::string_view acceleration) = 0;

@@ -3,10 +3,17 @@
 namespace zlt {
 
 void ProgramEnd::endProgram(int exitCode) {
-    if (!m_ended)
-        m_exitCode = exitCode;
-    m_ended = true;
+    askForEnd(exitCode);
     throw Unwind();
+}
+
+void ProgramEnd::askForEnd(int exitCode) {
+    if (m_ended)
+        return;
+    m_exitCode = exitCode;
+    m_ended = true;
+    if (keepUnsaved)
+        keepUnsaved();
 }
 
 void ProgramEnd::passOn() const {

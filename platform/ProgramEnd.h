@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 namespace zlt {
 
 /// Ends the program from any depth of handlers and modal screens.
@@ -15,6 +17,14 @@ class ProgramEnd {
     /// Ends the program with this exit code (0 wanted, 1 a failure). Does not return; no code
     /// of the interrupted handler runs on.
     [[noreturn]] void endProgram(int exitCode);
+
+    /// Begins the end from outside all handlers, as a signal does. Returns; whoever shows a box or
+    /// a screen has to close it then, and what had shown it passes the end on.
+    void askForEnd(int exitCode);
+
+    /// Called once as the end begins, whichever way, while every screen still stands: to keep what
+    /// is not saved. Must not throw.
+    std::function<void()> keepUnsaved = {};
 
     /// Goes on unwinding when an inner screen has ended the program; otherwise does nothing.
     void passOn() const;

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QProcess>
+#include <QStandardPaths>
 
 #include "platform_qt/QtPaths.h"
 
@@ -14,6 +15,11 @@ constexpr qsizetype keptOutput = 64 * 1024;
 
 std::filesystem::path ownFolder() {
     return pathFromUtf8(QCoreApplication::applicationDirPath().toStdString());
+}
+
+std::filesystem::path dataFolder() {
+    return pathFromUtf8(
+        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString());
 }
 
 ProcessEnd QtProcesses::runAndWait(const std::filesystem::path& program, const Started& started) {

@@ -151,5 +151,18 @@ TEST(Exchange, EndsTheProgramWhenThePanelLosesItsPort) {
     }
 }
 
+TEST(LineFault, IsSeenInTheReply) {
+    using std::string_view_literals::operator""sv;
+    const std::pair<std::string_view, LineFault> table[] = {{"@01DN", LineFault::echo},
+                                                            {"\0ZLD01"sv, LineFault::zeroBytes},
+                                                            {"", LineFault::none},
+                                                            {"#01@01DN", LineFault::none},
+                                                            {"@01DN1", LineFault::none}};
+    for (const auto& [reply, fault] : table) {
+        EXPECT_EQ(lineFaultIn("@01DN\r", reply), fault) << reply;
+        EXPECT_EQ(lineFaultText(fault).empty(), fault == LineFault::none);
+    }
+}
+
 }  // namespace
 }  // namespace zlt::test

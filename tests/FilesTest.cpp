@@ -24,9 +24,7 @@ using Write = WriteFailure::Kind;
 class AsNobody {
  public:
     AsNobody() { m_became = ::geteuid() == 0 && ::seteuid(65534) == 0; }
-    ~AsNobody() {
-        EXPECT_TRUE(!m_became || ::seteuid(0) == 0);
-    }
+    ~AsNobody() { EXPECT_TRUE(!m_became || ::seteuid(0) == 0); }
     AsNobody(const AsNobody&) = delete;
     AsNobody& operator=(const AsNobody&) = delete;
 

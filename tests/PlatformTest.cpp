@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/EndingGate.h"
 #include "platform_qt/QtGate.h"
 #include "platform_qt/QtProcesses.h"
 #include "support/World.h"
@@ -138,6 +139,28 @@ TEST(QtProcesses, StartsAToolByItsPathAloneAndTellsHowItEnded) {
     }
     EXPECT_EQ(processes.runAndWait("/no/such/tool", {}).kind, Kind::notStarted);
     EXPECT_EQ(world.files.read("result").whole(), "0\n" + folder.string() + "\n");
+}
+
+TEST(EndingGate, RunsNothingOnOnceTheProgramWasEndedUnderABox) {
+    ProgramEnd end;
+    std::vector<int> kept;
+    end.keepUnsaved = [&] { kept.push_back(end.exitCode()); };
+    RecordingGate boxes;
+    EndingGate gate(boxes, end);
+    const auto ask = [&] { end.askForEnd(143); };
+    boxes.expectMessage("first");
+    gate.message("first");
+    boxes.expectMessage("second", ask);
+    EXPECT_THROW(gate.message("second"), ProgramEnd::Unwind);
+    boxes.expectQuestion("Title", "Sure?", true);
+    EXPECT_THROW(gate.ask("Title", "Sure?"), ProgramEnd::Unwind);
+    boxes.expectOpenDialog({"Open", "", ""}, "name");
+    EXPECT_THROW(gate.chooseToOpen({"Open", "", ""}), ProgramEnd::Unwind);
+    boxes.expectSaveDialog({"Save", "", ""}, "name");
+    EXPECT_THROW(gate.chooseToSave({"Save", "", ""}), ProgramEnd::Unwind);
+    EXPECT_THROW(end.endProgram(1), ProgramEnd::Unwind);
+    EXPECT_EQ(kept, std::vector<int>{143}) << "once, and the first code is the program's";
+    EXPECT_EQ(end.exitCode(), 143);
 }
 
 }  // namespace

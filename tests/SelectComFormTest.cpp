@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTest>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 
@@ -47,6 +48,7 @@ class SelectComFormTest : public ::testing::Test, public World {
     }
     std::string saved() { return files.read(settingsFileName).whole().value_or("none"); }
 
+    std::string adapter = "A";  ///< its serial number
     SelectComForm form{services, directory};
 };
 
@@ -165,6 +167,44 @@ TEST_F(SelectComFormTest, SaysWhatStandsBehindThePort) {
     choose(form, "combo", "COM2");
     EXPECT_EQ(textOf(form, "portDevice"), "COM2 is /dev/no-such-port");
     EXPECT_NE(textOf(form, "portProblem").find("no such device"), std::string::npos);
+    EXPECT_FALSE(control<QWidget>(form, "portRemarks").isVisible());
+    std::ofstream("zlt-r-485.ports", std::ios::app) << "COM 3\n";
+    tick(form, "portTimer");
+    EXPECT_NE(textOf(form, "portRemarks").find("Line 2 of the port list"), std::string::npos);
+}
+
+TEST_F(SelectComFormTest, SaysWhatAFailedIdentificationToldOfTheLine) {
+    show();
+    for (const auto& [reply, words] : {std::pair("@01D", ""), {"@01DN", "The adapter echoes"}}) {
+        bus.replies["DN"] = reply;
+        gate.expectMessage("No Communication with device!");
+        gate.expectMessage(std::string(portNotAvailable));
+        connect([](QWidget& panel) { click(panel, "Command2"); });
+        EXPECT_EQ(textOf(form, "portRemarks").substr(0, std::strlen(words)), words);
+        EXPECT_EQ(textOf(form, "portRemarks").empty(), *words == '\0');
+    }
+    choose(form, "DeviceIDCombo", "02");
+    EXPECT_EQ(textOf(form, "portRemarks"), "") << "it was said of other settings";
+}
+
+TEST_F(SelectComFormTest, SaysWhenAnotherAdapterHasThePort) {
+    PortDirectory bench{
+        portListFileName, [&] {
+            return std::vector<SerialDevice>{{"/dev/null", "Acme", true, "1:1", adapter, ""}};
+        }};
+    SelectComForm start(services, bench);
+    start.Form_Load();
+    start.show();
+    bench.refresh();
+    clickAndWork(start, "Command25", [](QWidget& panel) { click(panel, "Command2"); });
+    EXPECT_EQ(textOf(start, "portRemarks"), "");
+    adapter = "B";
+    bench.refresh();
+    tick(start, "portTimer");
+    EXPECT_EQ(textOf(start, "portRemarks"),
+              "COM1 was another one last time: Acme, serial number A.");
+    clickAndWork(start, "Command25", [](QWidget& panel) { click(panel, "Command2"); });
+    EXPECT_EQ(textOf(start, "portRemarks"), "");
 }
 
 }  // namespace

@@ -1,11 +1,13 @@
 // The panel over real pseudo-terminals, against the simulator.
 
+#include <asm/termbits.h>
 #include <fcntl.h>
 #include <linux/serial.h>
 #include <sys/ioctl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <cstdarg>
 
@@ -19,6 +21,8 @@ namespace {
 struct {
     bool knowsSerialSettings = false;  ///< the driver answers, as a pseudo-terminal's does not
     int flagsSet = -1;
+    speed_t rateStayedAt = 0;  ///< whatever it is told; 0: it does as told
+    int linesSet = 0, linesCleared = 0;
 } serialDriver;
 
 }  // namespace
@@ -36,7 +40,14 @@ extern "C" int ioctl(int handle, unsigned long request, ...) noexcept {
         serialDriver.flagsSet = static_cast<serial_struct*>(argument)->flags;
         return 0;
     }
-    return static_cast<int>(syscall(SYS_ioctl, handle, request, argument));
+    if (request == TIOCMBIS)
+        serialDriver.linesSet |= *static_cast<int*>(argument);
+    if (request == TIOCMBIC)
+        serialDriver.linesCleared |= *static_cast<int*>(argument);
+    const auto result = static_cast<int>(syscall(SYS_ioctl, handle, request, argument));
+    if (request == TCGETS2 && serialDriver.rateStayedAt > 0)
+        static_cast<termios2*>(argument)->c_ospeed = serialDriver.rateStayedAt;
+    return result;
 }
 
 namespace zlt::test {
@@ -91,10 +102,11 @@ TEST_F(SystemTest, OpensWithWholeBaudRatesAndNoOtherSettings) {
                                  "9600,E,7,1", "9600,N,8,1,N,8,1", "99999999999,N,8,1"}) {
         EXPECT_FALSE(open(settings)) << settings;
         EXPECT_FALSE(port.isOpen());
-        EXPECT_NE(directory.lastFailure({1}), "");
+        EXPECT_NE(directory.lastOpening({1}).failure, "");
     }
+    EXPECT_EQ(directory.lastOpening({1}).failure, "The baud rate is beyond 2147483647");
     EXPECT_TRUE(open());
-    EXPECT_EQ(port.errorText() + directory.lastFailure({1}), "");
+    EXPECT_EQ(port.errorText() + directory.lastOpening({1}).failure, "");
     EXPECT_EQ(ask("@01DN").text, "ZLD01");
     EXPECT_TRUE(open("19200,N,8,1"));
     EXPECT_EQ(ask("@01DN").ending, Ending::timedOut) << "not the controller's own rate";
@@ -136,6 +148,55 @@ TEST_F(SystemTest, AsksTheDriverForLowLatencyAndTakesNoForAnAnswer) {
     EXPECT_TRUE(open());
     serialDriver.knowsSerialSettings = false;
     EXPECT_EQ(serialDriver.flagsSet, ASYNC_SKIP_TEST | ASYNC_LOW_LATENCY) << "the rest as it was";
+}
+
+TEST_F(SystemTest, OpensWithoutAssertingDtr) {
+    serialDriver.linesSet = serialDriver.linesCleared = 0;
+    EXPECT_TRUE(open());
+    EXPECT_TRUE(serialDriver.linesCleared & TIOCM_DTR);
+    EXPECT_FALSE(serialDriver.linesSet & TIOCM_DTR);
+}
+
+TEST_F(SystemTest, TellsARateThatTheDriverDoesNotDo) {
+    const char* const told = "The adapter works at 9600 instead of 4000000.";
+    control<QComboBox>(startUp, "baudCom").setEditText(QStringLiteral("4000000"));
+    serialDriver.rateStayedAt = 9600;
+    gate.expectMessage("No Communication with device!");
+    gate.expectMessage(std::string(portNotAvailable));
+    connect([&](QWidget& panel) {
+        EXPECT_TRUE(control<QWidget>(panel, "portRemark").isVisible());
+        EXPECT_EQ(textOf(panel, "portRemark"), told);
+        click(panel, "Command2");
+    });
+    EXPECT_EQ(textOf(startUp, "portProblem"), told);
+    serialDriver.rateStayedAt = 9590;
+    choose(startUp, "baudCom", "9600");
+    EXPECT_EQ(textOf(startUp, "portProblem"), "") << "it was said of another rate";
+    connect([&](QWidget& panel) {
+        EXPECT_FALSE(control<QWidget>(panel, "portRemark").isVisible()) << "near enough";
+        click(panel, "Command2");
+    });
+    serialDriver.rateStayedAt = 0;
+}
+
+TEST_F(SystemTest, KeepsToTheDeviceThatWasConnected) {
+    SimulatedBus another({QStringLiteral("--unpaced")});
+    another.say("answer PX=777");
+    connect([&](QWidget& panel) {
+        clickAndWork(panel, "ManualTerminal", [&](QWidget& terminal) {
+            listPort(another.device());
+            click(terminal, "Close");
+        });
+        EXPECT_EQ(textOf(panel, "ComStatusDisplay"), "Communication OK");
+        tick(panel, "Timer1");
+        EXPECT_EQ(textOf(panel, "Pos"), "0");
+        click(panel, "Command2");
+    });
+    connect([&](QWidget& panel) {
+        tick(panel, "Timer1");
+        EXPECT_EQ(textOf(panel, "Pos"), "777") << "another run, another choice";
+        click(panel, "Command2");
+    });
 }
 
 TEST_F(SystemTest, BoundsWhatALineBabblesAndGivesUpOneThatTakesNothing) {

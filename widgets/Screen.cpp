@@ -23,6 +23,7 @@ Services withGate(const Services& world, Gate& gate) {
             .programEnd = world.programEnd,
             .processes = world.processes,
             .ownFolder = world.ownFolder,
+            .dataFolder = world.dataFolder,
             .makePort = world.makePort};
 }
 
@@ -44,8 +45,7 @@ Screen::Screen(const Services& world, QWidget* parent)
     : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       m_gate(
-          world.gate, world.programEnd, [this] { heldOff(); },
-          [this] { m_doubleClicks.windowClosed(); }),
+          world.gate, [this] { heldOff(); }, [this] { m_doubleClicks.windowClosed(); }),
       m_services(withGate(world, m_gate)),
       handlers(m_services, [this] { done(Rejected); }) {
     // A press or a key is looked at wherever it goes: to a list of this screen's, to a box over it.

@@ -4,20 +4,14 @@
 
 namespace zlt {
 
-ScreenGate::ScreenGate(Gate& gate, const ProgramEnd& programEnd, std::function<void()> boxOpens,
-                       std::function<void()> boxClosed)
-    : m_gate(gate),
-      m_programEnd(programEnd),
-      m_boxOpens(std::move(boxOpens)),
-      m_boxClosed(std::move(boxClosed)) {}
+ScreenGate::ScreenGate(Gate& gate, std::function<void()> boxOpens, std::function<void()> boxClosed)
+    : m_gate(gate), m_boxOpens(std::move(boxOpens)), m_boxClosed(std::move(boxClosed)) {}
 
 template <class Show>
 auto ScreenGate::around(const Show& show) {
     m_boxOpens();
     const auto answer = show();
     m_boxClosed();
-    // A stop by key, pressed while the box was up, may have met a lost port.
-    m_programEnd.passOn();
     return answer;
 }
 

@@ -3,17 +3,14 @@
 #include <functional>
 
 #include "platform/Gate.h"
-#include "platform/ProgramEnd.h"
 
 namespace zlt {
 
-/// The gate as one screen has it: tells the screen before a box is shown and after it was closed,
-/// and ends the handler that showed it when the program was ended meanwhile.
+/// The gate as one screen has it: tells the screen before a box is shown and after it was closed.
 class ScreenGate final : public Gate {
  public:
     /// All of it outlives this gate.
-    ScreenGate(Gate& gate, const ProgramEnd& programEnd, std::function<void()> boxOpens,
-               std::function<void()> boxClosed);
+    ScreenGate(Gate& gate, std::function<void()> boxOpens, std::function<void()> boxClosed);
 
     void message(std::string_view text) override;
     bool ask(std::string_view title, std::string_view text) override;
@@ -26,7 +23,6 @@ class ScreenGate final : public Gate {
     auto around(const Show& show);
 
     Gate& m_gate;
-    const ProgramEnd& m_programEnd;
     std::function<void()> m_boxOpens;
     std::function<void()> m_boxClosed;
 };

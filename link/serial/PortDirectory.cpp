@@ -1,111 +1,102 @@
 #include "link/serial/PortDirectory.h"
 
-#include <QFile>
-#include <QSerialPortInfo>
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
 #include <sstream>
-#include <tuple>
+#include <system_error>
 
 #include "link/serial/SerialHandle.h"
 
 namespace zlt {
 namespace {
 
-/// "ttyUSB10" behind "ttyUSB9": by length first, then by letters.
-std::pair<std::size_t, std::string_view> naturalOrder(const std::string& path) {
-    return {path.size(), path};
-}
+namespace fs = std::filesystem;
 
-/// A file's text; empty when it cannot be read.
-std::string readText(const std::filesystem::path& file) {
+/// A file's text, or the system's reason why it cannot be read.
+std::optional<std::string> readText(const fs::path& file, std::string& reason) {
+    std::error_code failure;
+    if (!fs::is_regular_file(file, failure)) {
+        reason = failure ? failure.message() : "it is no file";
+        return std::nullopt;
+    }
+    std::ifstream stream(file, std::ios::binary);
     std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    return text.str();
-}
-
-/// Where an adapter is plugged in, as Linux's sysfs has it; empty elsewhere. Tells adapters of
-/// one make without a serial number apart.
-std::string usbPlace(const QSerialPortInfo& info) {
-    std::error_code unknown;
-    const auto device = std::filesystem::canonical(
-        "/sys/class/tty/" + info.portName().toStdString() + "/device", unknown);
-    if (unknown)
-        return {};
-    // The last folder bears the number of the moment, "ttyUSB0".
-    return (device.filename() == info.portName().toStdString() ? device.parent_path() : device)
-        .string();
-}
-
-SerialDevice describe(const QSerialPortInfo& info) {
-    SerialDevice device;
-    device.path = QFile::encodeName(info.systemLocation()).toStdString();
-    device.usb = info.hasVendorIdentifier();
-    QStringList words{info.manufacturer(), info.description()};
-    words.removeAll(QString());
-    words.removeDuplicates();
-    device.maker = words.join(QLatin1Char(' ')).toStdString();
-    if (device.usb)
-        device.usbIdentity = QStringLiteral("%1:%2:%3")
-                                 .arg(info.vendorIdentifier(), 4, 16, QLatin1Char('0'))
-                                 .arg(info.productIdentifier(), 4, 16, QLatin1Char('0'))
-                                 .arg(info.serialNumber())
-                                 .toStdString() +
-                             ' ' + usbPlace(info);
-    return device;
+    if (stream && stream.peek() != std::ifstream::traits_type::eof())
+        text << stream.rdbuf();
+    if (stream.is_open() && !stream.bad())
+        return text.str();
+    reason = std::error_code(errno, std::generic_category()).message();
+    return std::nullopt;
 }
 
 }  // namespace
 
-void orderDevices(std::vector<SerialDevice>& devices) {
-    std::sort(devices.begin(), devices.end(), [](const SerialDevice& a, const SerialDevice& b) {
-        return std::tuple(a.usb, a.usbIdentity, naturalOrder(a.path)) <
-               std::tuple(b.usb, b.usbIdentity, naturalOrder(b.path));
-    });
-}
-
-std::vector<SerialDevice> devicesOfThisMachine() {
-    std::vector<SerialDevice> devices;
-    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
-        devices.push_back(describe(info));
-    return devices;
-}
-
-PortDirectory::PortDirectory(std::filesystem::path portList) : m_portList(std::move(portList)) {}
+PortDirectory::PortDirectory(fs::path portList, Machine machine)
+    : m_portList(std::move(portList)), m_machine(std::move(machine)) {}
 
 void PortDirectory::refresh() {
     m_fingerprint = fingerprint();
     m_entries.clear();
-    m_failures.clear();  // a port may stand for another device now
-    auto devices = devicesOfThisMachine();
+    m_openings.clear();  // a port may stand for another device now
+    m_listProblem.clear();
+    m_devices = m_machine();
 
 #ifdef Q_OS_WIN
-    for (const SerialDevice& device : devices) {
-        const auto name = std::filesystem::path(device.path).filename().string();
-        if (const auto number = exactPortNumber(name))
-            m_entries[*number] = {name, device.maker};
+    for (const SerialDevice& device : m_devices) {
+        const auto name = fs::path(device.path).filename().string();
+        if (const auto number = exactPortNumber(name)) {
+            m_entries[*number] = entryFor(device.path);
+            m_entries[*number].device = name;
+        }
     }
 #else
     std::error_code unknown;
-    m_fromList = std::filesystem::exists(m_portList, unknown);
-    if (m_fromList) {
-        for (const auto& [number, path] : parsePortList(readText(m_portList))) {
-            const std::string device = canonicalDevice(path);
-            const auto known = std::find_if(devices.begin(), devices.end(),
-                                            [&](const auto& d) { return d.path == device; });
-            m_entries[number] = {path, known == devices.end() ? std::string() : known->maker};
-        }
+    m_fromList = fs::exists(m_portList, unknown);
+    if (m_fromList)
+        readList();
+    else
+        numberDevices();
+#endif
+}
+
+void PortDirectory::readList() {
+    std::string reason;
+    const auto text = readText(m_portList, reason);
+    if (!text) {
+        m_listProblem =
+            "The port list " + m_portList.filename().string() + " cannot be read: " + reason + ".";
         return;
     }
-    orderDevices(devices);
+    const PortList list = parsePortList(*text);
+    for (const auto& [number, path] : list.ports)
+        m_entries[number] = entryFor(path);
+    m_listProblem = notUnderstoodText(list);
+}
+
+void PortDirectory::numberDevices() {
+    orderDevices(m_devices);
     PortNumber number{1};
-    for (const SerialDevice& device : devices) {
+    for (const SerialDevice& device : m_devices) {
         if (number.value > portCount)
             break;
-        m_entries[number] = {device.path, device.maker};
+        m_entries[number] = entryFor(device.path);
         ++number.value;
     }
-#endif
+}
+
+PortEntry PortDirectory::entryFor(const std::string& path) const {
+    const std::string device = canonicalDevice(path);
+    const auto known = std::find_if(m_devices.begin(), m_devices.end(),
+                                    [&](const SerialDevice& d) { return d.path == device; });
+    if (known == m_devices.end())
+        return {path, {}};
+    const std::string mark = distinction(*known, m_devices);
+    PortEntry entry{path, known->maker, known->usb};
+    if (!mark.empty())
+        entry.maker += (entry.maker.empty() ? "" : ", ") + mark;
+    entry.adapter = entry.usb ? entry.maker : device;
+    return entry;
 }
 
 void PortDirectory::refreshIfChanged() {
@@ -117,14 +108,13 @@ std::string PortDirectory::fingerprint() const {
     std::string marks;
 #ifdef Q_OS_WIN
     // There is nothing cheaper to tell by.
-    for (const SerialDevice& device : devicesOfThisMachine())
+    for (const SerialDevice& device : m_machine())
         marks += device.path + ' ' + device.maker + '/';
 #else
     // The maker's name comes with udev's data, a moment behind the device.
-    for (const std::filesystem::path& path :
-         {m_portList, std::filesystem::path("/dev"), std::filesystem::path("/run/udev/data")}) {
+    for (const fs::path& path : {m_portList, fs::path("/dev"), fs::path("/run/udev/data")}) {
         std::error_code missing;
-        const auto time = std::filesystem::last_write_time(path, missing);
+        const auto time = fs::last_write_time(path, missing);
         marks += missing ? "-" : std::to_string(time.time_since_epoch().count());
         marks += '/';
     }
@@ -134,6 +124,11 @@ std::string PortDirectory::fingerprint() const {
 
 std::optional<std::string> PortDirectory::device(PortNumber number) {
     refreshIfChanged();
+    if (isSettled(number)) {
+        const bool same =
+            !m_settled->device.empty() && identityOf(m_settled->device) == m_settled->identity;
+        return same ? std::optional(m_settled->device) : std::nullopt;
+    }
     const auto found = m_entries.find(number);
     if (found == m_entries.end())
         return std::nullopt;
@@ -145,13 +140,30 @@ PortEntry PortDirectory::entry(PortNumber number) const {
     return found == m_entries.end() ? PortEntry() : found->second;
 }
 
-void PortDirectory::noteOpening(PortNumber number, std::string failure) {
-    m_failures[number] = std::move(failure);
+void PortDirectory::settle(PortNumber number) {
+    refreshIfChanged();
+    const std::string device = entry(number).device;
+    m_settled = Settled{number, device, identityOf(device)};
 }
 
-std::string PortDirectory::lastFailure(PortNumber number) const {
-    const auto found = m_failures.find(number);
-    return found == m_failures.end() ? std::string() : found->second;
+std::string PortDirectory::identityOf(const std::string& path) const {
+    const std::string device = canonicalDevice(path);
+    for (const SerialDevice& known : m_devices) {
+        // Windows goes by the bare name, "COM3".
+        const bool same = known.path == device || fs::path(known.path).filename() == device;
+        if (same && known.usb)
+            return known.usbIdentity;
+    }
+    return device;
+}
+
+void PortDirectory::noteOpening(PortNumber number, Opening opening) {
+    m_openings[number] = std::move(opening);
+}
+
+Opening PortDirectory::lastOpening(PortNumber number) const {
+    const auto found = m_openings.find(number);
+    return found == m_openings.end() ? Opening() : found->second;
 }
 
 }  // namespace zlt

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -8,36 +9,34 @@
 
 #include "link/PortList.h"
 #include "link/Values.h"
+#include "link/serial/SerialDevices.h"
 
 namespace zlt {
-
-/// A serial device of this machine. Texts are UTF-8.
-struct SerialDevice {
-    std::string path;   ///< "/dev/ttyUSB0"
-    std::string maker;  ///< who made the adapter and what it is; empty when not known
-    bool usb = false;
-    std::string usbIdentity;  ///< vendor, product, serial number and place; orders USB adapters
-};
 
 /// What stands behind a port number. `device` is empty when nothing does.
 struct PortEntry {
     std::string device;
-    std::string maker;
+    std::string maker;         ///< who made the adapter, and what tells it from its like
+    bool usb = false;          ///< a USB adapter, as far as is known
+    std::string adapter = {};  ///< tells which it is, from one start to the next; else empty
 };
 
-/// The devices in the order in which they take the numbers from 1 up: built-in ports first,
-/// then USB adapters in an order that does not depend on when they were plugged in.
-void orderDevices(std::vector<SerialDevice>& devices);
-
-/// The serial devices that this machine has now, in no particular order. Takes some 20 ms.
-std::vector<SerialDevice> devicesOfThisMachine();
+/// How the last try to open a port went. Texts are UTF-8.
+struct Opening {
+    std::string failure = {};  ///< empty after a good one
+    bool holderSeen = false;   ///< it failed as somebody could be seen to hold the port
+    std::string remark = {};   ///< what is not as it was asked for on the open port
+};
 
 /// Says what stands behind each port number: the port list where there is one, else the
 /// machine's devices.
 class PortDirectory {
  public:
-    /// `portList` is the port list's path, relative to the current directory.
-    explicit PortDirectory(std::filesystem::path portList);
+    using Machine = std::function<std::vector<SerialDevice>()>;
+
+    /// `portList` is the port list's path, relative to the current directory; `machine` tells
+    /// which devices there are.
+    explicit PortDirectory(std::filesystem::path portList, Machine machine = devicesOfThisMachine);
 
     /// Looks again at the list and the machine. Slow: never within a poll.
     void refresh();
@@ -45,25 +44,65 @@ class PortDirectory {
     /// Looks again only when the list or the machine's devices have changed since.
     void refreshIfChanged();
 
-    /// The device of a port, freshly looked up when it is not known or gone.
+    /// The device of a port, freshly looked up when it is not known or gone. Nothing for a
+    /// settled port whose device is gone, whatever has its name or number by now.
     std::optional<std::string> device(PortNumber number);
 
     /// What was found at the last look.
     PortEntry entry(PortNumber number) const;
     bool fromList() const { return m_fromList; }
+    /// What is wrong with the port list, a sentence; empty when nothing is.
+    const std::string& listProblem() const { return m_listProblem; }
 
-    /// Remembers how the last try to open a port went: its failure, or nothing.
-    void noteOpening(PortNumber number, std::string failure);
-    std::string lastFailure(PortNumber number) const;
+    /// From here on this number stands for the device behind it now, and no other.
+    void settle(PortNumber number);
+    void release() { m_settled.reset(); }
+    bool isSettled(PortNumber number) const { return m_settled && m_settled->number == number; }
+
+    /// Remembers how the last try to open a port went, until its device may be another.
+    void noteOpening(PortNumber number, Opening opening);
+    Opening lastOpening(PortNumber number) const;
+    void forgetOpenings() { m_openings.clear(); }
 
  private:
+    struct Settled {
+        PortNumber number;
+        std::string device;
+        std::string identity;
+    };
+
     std::string fingerprint() const;
+    void readList();
+    void numberDevices();
+    PortEntry entryFor(const std::string& device) const;
+    /// What tells the device behind a path from any other: the adapter where it is known, else
+    /// the path itself.
+    std::string identityOf(const std::string& device) const;
 
     std::filesystem::path m_portList;
+    Machine m_machine;
+    std::vector<SerialDevice> m_devices;
     std::map<PortNumber, PortEntry> m_entries;
     bool m_fromList = false;
+    std::string m_listProblem;
     std::string m_fingerprint;
-    std::map<PortNumber, std::string> m_failures;
+    std::map<PortNumber, Opening> m_openings;
+    std::optional<Settled> m_settled;
+};
+
+/// Settles which device a port number means for as long as it lives: a run of the panel, its
+/// other screens and its tools included.
+class SettledPort {
+ public:
+    SettledPort(PortDirectory& directory, PortNumber number) : m_directory(directory) {
+        m_directory.settle(number);
+    }
+    ~SettledPort() { m_directory.release(); }
+    SettledPort(const SettledPort&) = delete;
+    SettledPort& operator=(const SettledPort&) = delete;
+
+ private:
+    PortDirectory& m_directory;
 };
 
 }  // namespace zlt

@@ -5,6 +5,7 @@
 #include <sstream>
 #include <string>
 
+#include "link/serial/LockFile.h"
 #include "link/serial/SerialHandle.h"
 
 #ifdef Q_OS_UNIX
@@ -92,6 +93,11 @@ void examineDevice(PortFindings& findings) {
     findings.serial = isTerminal(status);
     examineRights(device, status, findings);
     findings.users = otherUsersOf(device);
+    const auto lockFile = lockFileOf(device);
+    if (lockFile && !lockFile->holderLives && !lockFile->mayBeTaken)
+        findings.deadLock = lockFile->path;
+    if (findings.last.holderSeen && findings.users.empty() && !lockFile)
+        findings.last = {};  // the port is free by now
 }
 
 #else
@@ -122,7 +128,9 @@ std::string nothingThereText(const PortFindings& findings) {
 
 void reportNoRight(const PortFindings& findings, PortReport& report) {
     if (findings.group.empty()) {
-        report.problem = "You may not open it.  This line lets you, until it is unplugged:";
+        report.problem =
+            "You may not open it.  This line lets you, until " +
+            std::string(findings.entry.usb ? "it is unplugged:" : "the computer starts anew:");
         report.command =
             "sudo setfacl -m u:" + findings.user + ":rw " + quoted(findings.entry.device);
     } else if (findings.inGroupAlready) {
@@ -154,7 +162,7 @@ PortFindings examinePort(const PortDirectory& directory, PortNumber number) {
     findings.number = number;
     findings.entry = directory.entry(number);
     findings.fromList = directory.fromList();
-    findings.lastFailure = directory.lastFailure(number);
+    findings.last = directory.lastOpening(number);
     if (!findings.entry.device.empty())
         examineDevice(findings);
     return findings;
@@ -183,9 +191,17 @@ PortReport reportPort(const PortFindings& findings) {
     } else if (!findings.users.empty()) {
         report.obstacle = Obstacle::inUse;
         report.problem = "In use by " + usersInWords(findings.users) + ".  Close that first.";
-    } else if (!findings.lastFailure.empty()) {
+    } else if (!findings.deadLock.empty()) {
+        report.obstacle = Obstacle::deadLock;
+        report.problem =
+            "A program that is gone, of another user, left its lock file.  This line removes it:";
+        report.command = "sudo rm " + quoted(findings.deadLock);
+    } else if (!findings.last.failure.empty()) {
         report.obstacle = Obstacle::failed;
-        report.problem = "The last try to open it failed: " + findings.lastFailure + ".";
+        report.problem = "The last try to open it failed: " + findings.last.failure + ".";
+    } else if (!findings.last.remark.empty()) {
+        report.obstacle = Obstacle::otherwise;
+        report.problem = findings.last.remark;
     }
     return report;
 }

@@ -20,12 +20,24 @@ struct PortFindings {
     bool inGroupAlready = false;  ///< the user is in that group, but this session is older
     std::string user;             ///< who runs the panel
     std::vector<PortUser> users;
-    std::string lastFailure;  ///< of the last try to open it; empty after a good one
+    std::string deadLock;  ///< a lock file that a program left behind, another user's
+    Opening last;          ///< the last try to open it, while what made it fail is still there
 };
 
 /// What stands between the operator and an open port, in the order in which it is looked for.
-/// `failed` is the last try to open it, with nothing else to be seen.
-enum class Obstacle { none, nothingThere, noSuchDevice, notSerial, noRight, inUse, failed };
+/// `failed` is the last try to open it, with nothing else to be seen; `otherwise` that it did
+/// open, but not quite as it was asked to.
+enum class Obstacle {
+    none,
+    nothingThere,
+    noSuchDevice,
+    notSerial,
+    noRight,
+    inUse,
+    deadLock,
+    failed,
+    otherwise,
+};
 
 /// What the start-up screen says about the chosen port. Texts are UTF-8.
 struct PortReport {

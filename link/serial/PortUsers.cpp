@@ -5,7 +5,6 @@
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdio>
@@ -14,6 +13,7 @@
 #include <set>
 #include <sstream>
 
+#include "link/serial/LockFile.h"
 #include "link/serial/SerialHandle.h"
 #endif
 
@@ -76,17 +76,6 @@ void addFlockHolders(const std::string& device, std::set<int>& processes) {
     }
 }
 
-/// The lock files of serial programs, named after the path below /dev: the holder's process
-/// number comes first in them.
-void addLockFileHolder(const std::string& device, std::set<int>& processes) {
-    std::string name = fs::path(device).lexically_relative("/dev").string();
-    std::replace(name.begin(), name.end(), '/', '_');
-    std::ifstream file(fs::path("/var/lock") / ("LCK.." + name));
-    int process = 0;
-    if (file >> process && fs::exists(fs::path("/proc") / std::to_string(process)))
-        processes.insert(process);
-}
-
 }  // namespace
 
 std::vector<PortUser> otherUsersOf(const std::string& deviceName) {
@@ -96,7 +85,8 @@ std::vector<PortUser> otherUsersOf(const std::string& deviceName) {
     if (!device.starts_with("/dev/pts/"))
         addOpeners(device, processes);
     addFlockHolders(device, processes);
-    addLockFileHolder(device, processes);
+    if (const auto lockFile = lockFileOf(device); lockFile && lockFile->holderLives)
+        processes.insert(lockFile->process);
     processes.erase(static_cast<int>(getpid()));
 
     std::vector<PortUser> users;
@@ -106,10 +96,21 @@ std::vector<PortUser> otherUsersOf(const std::string& deviceName) {
     return users;
 }
 
+bool isOpenElsewhere(const std::string& deviceName) {
+    std::set<int> processes;
+    addOpeners(canonicalDevice(deviceName), processes);
+    processes.erase(static_cast<int>(getpid()));
+    return !processes.empty();
+}
+
 #else
 
 std::vector<PortUser> otherUsersOf(const std::string&) {
     return {};
+}
+
+bool isOpenElsewhere(const std::string&) {
+    return false;
 }
 
 #endif

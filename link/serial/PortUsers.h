@@ -16,4 +16,8 @@ struct PortUser {
 /// touching the device. Elsewhere always empty.
 std::vector<PortUser> otherUsersOf(const std::string& device);
 
+/// Whether another program has `device` open, as far as this user may see. Elsewhere than on
+/// Linux never.
+bool isOpenElsewhere(const std::string& device);
+
 }  // namespace zlt

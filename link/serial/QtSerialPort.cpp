@@ -2,9 +2,13 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <cstdlib>
+#include <limits>
 #include <optional>
 #include <system_error>
 
+#include "link/serial/LockFile.h"
+#include "link/serial/PortUsers.h"
 #include "link/serial/SerialHandle.h"
 #include "platform/NumberConversion.h"
 
@@ -25,10 +29,11 @@ std::string deviceBusy() {
     return std::make_error_code(std::errc::device_or_resource_busy).message();
 }
 
+constexpr std::string_view lineFormat = ",N,8,1";
+
 /// The baud rate of "9600,N,8,1"; nothing when it is no positive whole number or something
 /// else stands behind it.
 std::optional<qint32> baudRateOf(std::string_view settings) {
-    constexpr std::string_view lineFormat = ",N,8,1";
     if (!settings.ends_with(lineFormat))
         return std::nullopt;
     settings.remove_suffix(lineFormat.size());
@@ -36,6 +41,20 @@ std::optional<qint32> baudRateOf(std::string_view settings) {
         return std::nullopt;
     const auto baudRate = parseInteger(settings);
     return baudRate && *baudRate > 0 ? baudRate : std::nullopt;
+}
+
+/// Why baudRateOf() found none.
+std::string badBaudRate(std::string_view settings) {
+    const std::string_view text = settings.substr(0, settings.find(','));
+    const bool number = !text.empty() && text.find_first_not_of("0123456789") == text.npos;
+    if (number && text.find_first_not_of('0') != text.npos && settings.ends_with(lineFormat))
+        return "The baud rate is beyond " + std::to_string(std::numeric_limits<qint32>::max());
+    return "The baud rate is not a positive whole number";
+}
+
+/// Whether it can be seen that another program holds a device, and so when it does no more.
+bool isSeenHeld(const std::string& device) {
+    return lockFileOf(device) || !otherUsersOf(device).empty();
 }
 
 }  // namespace
@@ -60,19 +79,27 @@ bool QtSerialPort::open(PortNumber number, std::string_view settings) {
     const auto device = m_directory.device(number);
     const auto baudRate = baudRateOf(settings);
     m_errorText.clear();
-    if (!device)
+    m_remark.clear();
+    if (!device && m_directory.isSettled(number))
+        m_errorText = "The device that was connected as " + portText(number) + " is gone";
+    else if (!device)
         m_errorText = "No device stands behind " + portText(number);
     else if (!baudRate)
-        m_errorText = "The baud rate is not a positive whole number";
+        m_errorText = badBaudRate(settings);
     else
         openDevice(*device, *baudRate);
-    m_directory.noteOpening(number, m_errorText);
+    const bool held = m_errorText == deviceBusy();
+    m_directory.noteOpening(
+        number,
+        {.failure = m_errorText, .holderSeen = held && isSeenHeld(*device), .remark = m_remark});
     return isOpen();
 }
 
 void QtSerialPort::openDevice(const std::string& device, qint32 baudRate) {
     // One name for one device, so that the lock file of a link's target is met too.
     const std::string path = canonicalDevice(device);
+    if (!m_claim.take(path))
+        return lose(deviceBusy());
     m_serial.setPortName(QFile::decodeName(path.c_str()));
     m_serial.setDataBits(QSerialPort::Data8);
     m_serial.setParity(QSerialPort::NoParity);
@@ -80,11 +107,19 @@ void QtSerialPort::openDevice(const std::string& device, qint32 baudRate) {
     m_serial.setFlowControl(QSerialPort::NoFlowControl);
     if (!m_serial.open(QIODevice::ReadWrite) || !m_serial.setBaudRate(baudRate))
         return lose(heldByAnother(path) ? deviceBusy() : m_serial.errorString().toStdString());
-    if (!takeExclusively(m_serial.handle()))
-        return lose(deviceBusy());
     askForLowLatency(m_serial.handle());
+    checkBaudRate(baudRate);
     m_serial.setDataTerminalReady(false);  // a pseudo-terminal has no such line: no error
     m_serial.clear();                      // what came before is no answer to anything
+}
+
+void QtSerialPort::checkBaudRate(qint32 asked) {
+    const auto real = baudRateInUse(m_serial.handle());
+    // A rate is made by dividing a clock, and need not be met to the last digit.
+    constexpr int percentAllowed = 3;
+    if (real && std::abs(qint64{*real} - asked) * 100 > qint64{asked} * percentAllowed)
+        m_remark = "The adapter works at " + std::to_string(*real) + " instead of " +
+                   std::to_string(asked) + ".";
 }
 
 bool QtSerialPort::heldByAnother(const std::string& device) const {
@@ -95,6 +130,7 @@ bool QtSerialPort::heldByAnother(const std::string& device) const {
 void QtSerialPort::close() {
     if (m_serial.isOpen())
         m_serial.close();
+    m_claim.release();
 }
 
 void QtSerialPort::lose(std::string reason) {

@@ -3,6 +3,7 @@
 #include <QSerialPort>
 
 #include "link/Port.h"
+#include "link/serial/LineClaim.h"
 #include "link/serial/PortDirectory.h"
 
 namespace zlt {
@@ -22,10 +23,13 @@ class QtSerialPort final : public Port {
     bool write(std::string_view bytes) override;
     PortInput read(char& character) override;
     PortInput waitForInput(std::chrono::milliseconds time) override;
+    std::string remark() const override { return m_remark; }
     std::string errorText() const override { return m_errorText; }
 
  private:
     void openDevice(const std::string& device, qint32 baudRate);
+    /// Looks whether the driver took the rate.
+    void checkBaudRate(qint32 asked);
     /// Whether opening `device` failed because another program holds it.
     bool heldByAnother(const std::string& device) const;
     /// Waits up to `milliseconds`; false when the port is lost, which closes it.
@@ -34,8 +38,10 @@ class QtSerialPort final : public Port {
     void lose(std::string reason);
 
     PortDirectory& m_directory;
+    LineClaim m_claim;
     QSerialPort m_serial;
     std::string m_errorText;
+    std::string m_remark;
 };
 
 }  // namespace zlt

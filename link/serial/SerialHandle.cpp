@@ -4,26 +4,15 @@
 #include <system_error>
 
 #ifdef Q_OS_UNIX
-#include <sys/file.h>
 #include <unistd.h>
-
-#include <cerrno>
 #endif
 #ifdef Q_OS_LINUX
+#include <asm/termbits.h>
 #include <linux/serial.h>
 #include <sys/ioctl.h>
 #endif
 
 namespace zlt {
-
-bool takeExclusively(SerialHandle handle) {
-#ifdef Q_OS_UNIX
-    return flock(handle, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
-#else
-    (void)handle;
-    return true;
-#endif
-}
 
 void askForLowLatency(SerialHandle handle) {
 #ifdef Q_OS_LINUX
@@ -35,6 +24,17 @@ void askForLowLatency(SerialHandle handle) {
 #else
     (void)handle;
 #endif
+}
+
+std::optional<int> baudRateInUse(SerialHandle handle) {
+#ifdef Q_OS_LINUX
+    termios2 settings{};
+    if (ioctl(handle, TCGETS2, &settings) == 0)
+        return static_cast<int>(settings.c_ospeed);
+#else
+    (void)handle;
+#endif
+    return std::nullopt;
 }
 
 bool mayReadAndWrite(const std::string& device) {

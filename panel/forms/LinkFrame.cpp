@@ -8,6 +8,7 @@ namespace zlt {
 LinkFrame::LinkFrame(QWidget* parent) : QFrame(parent), m_ui(std::make_unique<Ui::LinkFrame>()) {
     m_ui->setupUi(this);
     addDeviceIds(*m_ui->SelectedDeviceID);
+    m_ui->portRemark->hide();
 }
 
 LinkFrame::~LinkFrame() = default;
@@ -41,6 +42,11 @@ void LinkFrame::showVersion(std::string_view version) {
 
 void LinkFrame::showBaudRate(std::string_view baudRate) {
     m_ui->BaudText->setText(shownText(baudRate));
+}
+
+void LinkFrame::showPortRemark(std::string_view remark) {
+    m_ui->portRemark->setText(fromUtf8(remark));
+    m_ui->portRemark->setVisible(!remark.empty());
 }
 
 }  // namespace zlt

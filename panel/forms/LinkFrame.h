@@ -28,6 +28,7 @@ class LinkFrame : public QFrame {
     void showIdentity(std::string_view id);
     void showVersion(std::string_view version);
     void showBaudRate(std::string_view baudRate);
+    void showPortRemark(std::string_view remark);
 
     const Ui::LinkFrame& controls() const { return *m_ui; }
 

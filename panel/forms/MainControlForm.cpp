@@ -212,6 +212,10 @@ void MainControlForm::showBaudRate(std::string_view baudRate) {
     m_ui->linkFrame->showBaudRate(baudRate);
 }
 
+void MainControlForm::showPortRemark(std::string_view remark) {
+    m_ui->linkFrame->showPortRemark(remark);
+}
+
 void MainControlForm::showSpeed(std::string_view speed) {
     m_ui->motionFrame->showSpeed(speed);
 }

@@ -33,6 +33,8 @@ class MainControlForm : public Screen, private PanelView {
     /// Puts the cursor into the program box once the panel is shown.
     void startInProgram() { m_startsInProgram = true; }
 
+    const ScreenLink& link() const { return m_session.link; }
+
  protected:
     void showEvent(QShowEvent* event) override;
 
@@ -68,6 +70,7 @@ class MainControlForm : public Screen, private PanelView {
     void showIdentity(std::string_view id) override;
     void showVersion(std::string_view version) override;
     void showBaudRate(std::string_view baudRate) override;
+    void showPortRemark(std::string_view remark) override;
     void showSpeed(std::string_view speed) override;
     void showAcceleration(std::string_view acceleration) override;
     void resetSync() override;

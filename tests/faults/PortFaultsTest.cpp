@@ -1,8 +1,11 @@
 // Ports that cannot be opened and adapters that are pulled out, met from the start-up screen.
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <QLockFile>
@@ -10,6 +13,7 @@
 #include <filesystem>
 
 #include "link/Flavour.h"
+#include "link/serial/PortObstacle.h"
 #include "support/StartUpWorld.h"
 
 namespace zlt::test {
@@ -37,8 +41,11 @@ class PortFaultsTest : public StartUpWorld {
         });
         EXPECT_NE(textOf(startUp, "portProblem").find(obstacle.words), std::string::npos)
             << textOf(startUp, "portProblem");
-        if (obstacle.remove)
+        if (obstacle.remove) {
             obstacle.remove();
+            tick(startUp, "portTimer");
+            EXPECT_EQ(textOf(startUp, "portProblem"), "") << "its reason is gone";
+        }
         listPort(device);
         expectGoodConnection();
     }
@@ -95,6 +102,95 @@ TEST_F(OpeningTest, IsRefusedForWantOfRights) {
     close(other);
 }
 
+/// Another program with the line at 57600 baud and two stop bits, held in one way.
+class OtherProgram {
+ public:
+    enum class Lock { flock, exclusive, lockFile };
+
+    OtherProgram(const std::string& device, const std::string& lockFile, Lock lock) {
+        int ready[2];
+        EXPECT_EQ(pipe(ready), 0);
+        m_process = fork();
+        if (m_process == 0) {
+            const int line = open(device.c_str(), O_RDWR | O_NOCTTY);
+            hold(line, lockFile, lock);
+            (void)!write(ready[1], "!", 1);
+            for (;;)
+                pause();
+        }
+        char there = 0;
+        EXPECT_EQ(read(ready[0], &there, 1), 1);
+        close(ready[0]);
+        close(ready[1]);
+    }
+    ~OtherProgram() {
+        kill(m_process, SIGKILL);
+        waitpid(m_process, nullptr, 0);
+    }
+
+ private:
+    static void hold(int line, const std::string& lockFile, Lock lock) {
+        termios settings{};
+        tcgetattr(line, &settings);
+        settings.c_cflag |= CSTOPB;  // a pseudo-terminal takes no other data bits or parity
+        cfsetspeed(&settings, B57600);
+        tcsetattr(line, TCSANOW, &settings);
+        if (lock == Lock::flock)
+            flock(line, LOCK_EX);
+        else if (lock == Lock::exclusive)
+            ioctl(line, TIOCEXCL);
+        else
+            std::ofstream(lockFile) << "      " << getpid() << "\n";
+    }
+
+    pid_t m_process = 0;
+};
+
+TEST_F(OpeningTest, LeavesALineAloneThatAnotherProgramHolds) {
+    using Lock = OtherProgram::Lock;
+    const int line = open(device.c_str(), O_RDWR | O_NOCTTY);
+    for (const Lock lock : {Lock::flock, Lock::exclusive, Lock::lockFile}) {
+        SCOPED_TRACE(static_cast<int>(lock));
+        const OtherProgram other(device, lockFile(), lock);
+        const auto port = real.makePort();
+        EXPECT_FALSE(port->open({1}, "9600,N,8,1"));
+        EXPECT_EQ(port->errorText(), "Device or resource busy");
+        termios settings{};
+        tcgetattr(line, &settings);
+        EXPECT_EQ(cfgetospeed(&settings), speed_t{B57600});
+        EXPECT_TRUE(settings.c_cflag & CSTOPB);
+        ioctl(line, TIOCNXCL);
+    }
+    close(line);
+    EXPECT_TRUE(std::filesystem::exists(lockFile())) << "left behind by a program that was killed";
+    expectGoodConnection();
+}
+
+TEST_F(OpeningTest, NamesALockFileThatAnotherUsersProgramLeft) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can be two users";
+    const pid_t gone = fork();
+    if (gone == 0)
+        _exit(0);
+    waitpid(gone, nullptr, 0);
+    std::ofstream(lockFile()) << gone << "\n";
+    chmod(device.c_str(), 0666);
+    const pid_t otherUser = fork();
+    if (otherUser == 0) {
+        constexpr uid_t nobody = 65534;
+        if (setgid(nobody) != 0 || setuid(nobody) != 0)
+            _exit(2);
+        const PortReport report = reportPort(examinePort(directory, {1}));
+        const bool told = report.obstacle == ::zlt::Obstacle::deadLock &&
+                          report.command == "sudo rm '" + lockFile() + "'";
+        _exit(told && !real.makePort()->open({1}, "9600,N,8,1") ? 0 : 1);
+    }
+    int outcome = -1;
+    waitpid(otherUser, &outcome, 0);
+    EXPECT_EQ(outcome, 0);
+    expectGoodConnection();  // root may take it over
+}
+
 using HangUpTest = PortFaultsTest;
 
 TEST_F(HangUpTest, OnAnotherScreenIsToldAtTheNextExchangeAndEndsNothing) {
@@ -128,8 +224,6 @@ TEST_F(HangUpTest, OnAnotherScreenIsToldAtTheNextExchangeAndEndsNothing) {
                 if (row.message)
                     gate.expectMessageWith(row.message);
                 simulator.say("hangup");
-                // A pseudo-terminal's name may be another program's at once.
-                listPort("/dev/no-such-port");
                 expectIdle();
                 if (row.exchange)
                     row.exchange(screen);

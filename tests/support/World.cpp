@@ -20,13 +20,14 @@ World::~World() {
 }
 
 Services World::servicesWith(Waits& pauses, decltype(Services::makePort) makePort) {
-    return {.gate = gate,
+    return {.gate = endingGate,
             .waits = pauses,
             .files = files,
             .help = help,
             .programEnd = programEnd,
             .processes = tools,
             .ownFolder = folder.path().toStdString(),
+            .dataFolder = dataFolder.path().toStdString(),
             .makePort = std::move(makePort)};
 }
 

@@ -3,6 +3,7 @@
 #include <QTemporaryDir>
 
 #include "link/serial/PortDirectory.h"
+#include "platform/EndingGate.h"
 #include "platform_qt/QtFiles.h"
 #include "support/RecordingGate.h"
 #include "support/ScriptedBus.h"
@@ -46,13 +47,14 @@ struct World {
     World();
     ~World();
 
-    QTemporaryDir folder;
+    QTemporaryDir folder, dataFolder;
     ScriptedBus bus;
     RecordingGate gate;
     CountedWaits waits;
     BreakingFiles files;
     RecordingHelp help;
     ProgramEnd programEnd;
+    EndingGate endingGate{gate, programEnd};
     ScriptedTools tools;
     PortDirectory directory{portListFileName};
 

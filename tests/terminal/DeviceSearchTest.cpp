@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
+#include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QTest>
 #include <filesystem>
 #include <set>
 
@@ -98,6 +101,23 @@ TEST_F(SearchTest, ListsEachControllerOnce) {
     EXPECT_EQ(shown(), "COM1|9600|01");
 }
 
+TEST_F(SearchTest, ListsWhatHasBeenFoundSoFar) {
+    ports = {1};
+    answers = {{"1 9600 @01DN", "ZLD01"}, {"1 9600 @02DN", "ZLD02"}};
+    const std::string one = "Found on Com Port:1 Baud:9600 ID:01";
+    const std::string two = "Found on Com Port:1 Baud:9600 ID:02";
+    std::vector<std::string> lists;
+    const auto atTick = [&](QWidget& screen, int number) {
+        const auto& list = control<QPlainTextEdit>(screen, "foundList");
+        if (number >= 17 && number <= 19)
+            lists.push_back(list.isVisible() ? list.toPlainText().toStdString() : "hidden");
+    };
+    search("SearchAllZLT", one + "\r\n" + two + "\r\n", atTick);
+    search("SearchZLT", "ZLT-R-NX Found on Port:1 Baud:9600 ID:01", atTick);
+    const std::vector<std::string> expected{"", one, one + "\n" + two, "hidden"};
+    EXPECT_EQ(lists, expected);
+}
+
 TEST_F(SearchTest, SaysOnlyThatThereIsNoPort) {
     search("SearchAllZLT", "No Port Available!");
     EXPECT_EQ(texts.size(), 16U);
@@ -131,6 +151,41 @@ TEST_F(SearchTest, GivesUpAPortThatGoesAway) {
         });
         EXPECT_EQ(bus.requests.size(), 9U + 1U);
     }
+    const std::string lost =
+        "COM2 went away during the search (Input/output error).  Plug the adapter in and search "
+        "again.\r\n";
+    const auto pull = [&](QWidget&, int number) {
+        bus.losesAtWriteOf = number == 28 ? std::optional("DN") : std::nullopt;
+    };
+    search("SearchAllZLT", "Found on Com Port:4 Baud:9600 ID:01\r\n" + lost, pull);
+    answers.clear();
+    search("SearchZLT", lost, pull);
+}
+
+TEST_F(SearchTest, LetsACancelGoBeforeTheTickThatIsOverdueAfterALongStep) {
+    constexpr std::int64_t interval = 20;
+    int leftAfterProbe = -1;
+    gate.expectMessage(notFound);
+    bus.answer = [&](const std::string&) -> std::optional<std::string> {
+        QElapsedTimer probe;
+        for (probe.start(); !probe.hasExpired(interval + 5);) {
+        }
+        return std::nullopt;
+    };
+    clickAndWork(form, "SearchZLT", [&](QWidget& screen) {
+        auto& timer = control<QTimer>(screen, "StatusTimer");
+        timer.setInterval(interval);
+        // Connected later than the screen's own, so called after it.
+        QObject::connect(&timer, &QTimer::timeout, &screen, [&] {
+            if (bus.requests.empty() || leftAfterProbe >= 0)
+                return;
+            leftAfterProbe = timer.remainingTime();
+            click(screen, "Cancel");
+        });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !screen.isVisible(); }));
+    });
+    EXPECT_GT(leftAfterProbe, 0) << "an overdue timer goes before what the operator does";
+    EXPECT_EQ(bus.requests.size(), 1U);
 }
 
 TEST_F(SearchTest, EndsOnCancelWithWhatItHas) {

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QObject>
+
+#include "platform/ProgramEnd.h"
+
+namespace zlt {
+
+/// Ends the program in order on SIGTERM, SIGHUP and SIGINT, once the running exchange or tool is
+/// over: closes what is on the screen from the top, so that the port is let go, with its lock
+/// file. The exit code is 128 and the signal's number, as shells have it. A signal more than two
+/// seconds after the first ends the program at once: a line that never falls silent would hold it
+/// for ever. Nothing on Windows. There is one of these.
+class EndOnSignal : public QObject {
+    Q_OBJECT
+
+ public:
+    /// `programEnd` outlives it.
+    explicit EndOnSignal(ProgramEnd& programEnd);
+
+ private:
+    void end(int signal);
+
+    ProgramEnd& m_programEnd;
+};
+
+}  // namespace zlt
