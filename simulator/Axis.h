@@ -85,13 +85,14 @@ class Axis {
         double backOff = 0;   ///< the stage after this one goes to that far before the event
     };
 
-    bool mayStart(int sign, const Ramp& ramp) const;
+    [[nodiscard]] bool mayStart(int sign, const Ramp& ramp) const;
     void start(std::vector<Stage> stages, const Ramp& ramp);
     void step();
-    double nextVelocity(const Stage& stage) const;
-    std::optional<double> eventBetween(const Stage& stage, double from, double to) const;
-    std::optional<double> limitBetween(int sign, double to) const;
-    std::optional<double> homeBetween(double from, double to) const;
+    [[nodiscard]] double nextVelocity(const Stage& stage) const;
+    [[nodiscard]] std::optional<double> eventBetween(const Stage& stage, double from,
+                                                     double to) const;
+    [[nodiscard]] std::optional<double> limitBetween(int sign, double to) const;
+    [[nodiscard]] std::optional<double> homeBetween(double from, double to) const;
     void meetEvent(const Stage& stage, double where, double next);
     void finishStage();
     void halt();

@@ -29,11 +29,11 @@ class StandInsTest : public ::testing::Test {
     void write(const std::string& file, const std::string& bytes) const {
         std::ofstream(exe / file, std::ios::binary) << bytes;
     }
-    std::string read(const std::string& file) const {
+    [[nodiscard]] std::string read(const std::string& file) const {
         std::ifstream stream(exe / file, std::ios::binary);
         return {std::istreambuf_iterator<char>(stream), {}};
     }
-    std::string firstLine(const std::string& file) const {
+    [[nodiscard]] std::string firstLine(const std::string& file) const {
         const std::string bytes = read(file);
         return bytes.substr(0, bytes.find("\r\n"));
     }
