@@ -38,6 +38,9 @@ class TerminalForm : public LinkedScreen {
 
     void closeScreen() override { Close_Click(); }
     void connectHandlers();
+    /// Holds one conversation in the transcript.
+    void talk(std::string_view address, std::string_view command);
+    void focusEntry();
 
     std::unique_ptr<Ui::TerminalForm> m_ui;
     ScreenLink m_link;

@@ -3,7 +3,6 @@
 #include <chrono>
 #include <string>
 
-#include "terminal/forms/AddressField.h"
 #include "ui_VariableForm.h"
 #include "widgets/WireText.h"
 
@@ -67,10 +66,9 @@ void VariableForm::SendText_Enter() {
     const std::string command = m_ui->SendText->command();
     if (command.empty())
         return;
-    m_ui->SendText->clear();
-    m_ui->SendText->repaint();
-    if (const auto address = readAddress(*m_ui->DeviceID, services().gate))
-        m_link.converse({.deviceId = *address, .command = command, .tellsLoss = false});
+    const std::string address = m_ui->DeviceID->address();
+    m_ui->SendText->take();
+    m_link.converse({.deviceId = address, .command = command, .tellsLoss = false});
 }
 
 void VariableForm::commChanged(bool connected) {

@@ -76,6 +76,7 @@ TEST_F(VariableFormTest, SendsCommandsToTheirOwnAddressAndReportsNothing) {
     bus.requests.clear();
     enterFor("100", "V3=26");
     EXPECT_TRUE(bus.requests.empty());
+    EXPECT_EQ(textOf(form, "SendText"), "V3=26");
     bus.losesAtReadOf = "V3=26";
     bus.silent = true;
     for (const char* command : {"V3=25", "V3=26", "V3=27"})
