@@ -7,12 +7,15 @@
 
 namespace zlt {
 
-TerminalForm::TerminalForm(const Services& world, const LinkHandOver& handedOver, QWidget* parent)
+TerminalForm::TerminalForm(const Services& world, const LinkHandOver& handedOver,
+                           CommandHistory& history, QWidget* parent)
     : LinkedScreen(world, parent),
       m_ui(std::make_unique<Ui::TerminalForm>()),
-      m_link(services(), flavours::terminal, nullptr) {
+      m_link(services(), flavours::terminal, nullptr),
+      m_history(history) {
     m_ui->setupUi(this);
     m_link.takeOver(handedOver);
+    m_history.endWalk();
     teachManners();
     connectHandlers();
 }

@@ -18,7 +18,9 @@ class TerminalForm : public LinkedScreen {
     Q_OBJECT
 
  public:
-    TerminalForm(const Services& world, const LinkHandOver& handedOver, QWidget* parent);
+    /// `history` outlives the screen: the commands sent at its earlier showings are in it.
+    TerminalForm(const Services& world, const LinkHandOver& handedOver, CommandHistory& history,
+                 QWidget* parent);
     ~TerminalForm() override;
 
     /// Opens the port, before the screen is shown. Part of the caller's handler.
@@ -45,7 +47,7 @@ class TerminalForm : public LinkedScreen {
     std::unique_ptr<Ui::TerminalForm> m_ui;
     ScreenLink m_link;
     QString m_lastCommand;
-    CommandHistory m_history;
+    CommandHistory& m_history;
 };
 
 }  // namespace zlt

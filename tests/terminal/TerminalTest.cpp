@@ -73,7 +73,8 @@ class TerminalFormTest : public ::testing::Test, public World {
     }
 
     LinkHandOver handedOver{true, true, {{3}, "9600", "07"}, {}};
-    TerminalForm form{services, handedOver, nullptr};
+    CommandHistory history;
+    TerminalForm form{services, handedOver, history, nullptr};
     Transcript& pad = control<Transcript>(form, "Pad");
 };
 
@@ -252,6 +253,25 @@ TEST_F(TerminalFrameTest, SendsByEnterAloneAndRemembersOnlyWhatWasSent) {
     talk("05", "EX");
     EXPECT_EQ(sent(), "") << "the panel is not connected";
     EXPECT_EQ(shown("SendTerminalText"), "EX");
+}
+
+TEST_F(TerminalFrameTest, KeepsTheTerminalScreensCommandsAsLongAsThePanel) {
+    const auto shownIn = [](QWidget& screen, Qt::Key key) {
+        press(screen, "SendText", key);
+        return textOf(screen, "SendText");
+    };
+    clickAndWork(form, "ManualTerminal", [&](QWidget& terminal) {
+        for (const char* command : {"PX", "EX", "CUR"})
+            enter(terminal, "SendText", command);
+        for (const char* command : {"CUR", "EX"})
+            EXPECT_EQ(shownIn(terminal, Qt::Key_Up), command);
+        terminal.close();
+    });
+    clickAndWork(form, "ManualTerminal", [&](QWidget& terminal) {
+        EXPECT_EQ(shownIn(terminal, Qt::Key_F1), "") << "nothing was sent at this showing";
+        EXPECT_EQ(shownIn(terminal, Qt::Key_Up), "CUR") << "from the newest again";
+        terminal.close();
+    });
 }
 
 }  // namespace
