@@ -109,10 +109,11 @@ bool soakCycles(SoakBed& bed, int count) {
 bool soakScreens(SoakBed& bed, int count) {
     const Services& services = bed.services;
     const std::string listing(2000, 'x');
+    CommandHistory history;
     const std::pair<const char*, std::function<bool()>> screens[] = {
         {"MainControlForm", [&] { return openOnce<MainControlForm>(services); }},
         {"SetupParameters", [&] { return openOnce<SetupParameters>(services, bed.handOver); }},
-        {"TerminalForm", [&] { return openOnce<TerminalForm>(services, bed.handOver); }},
+        {"TerminalForm", [&] { return openOnce<TerminalForm>(services, bed.handOver, history); }},
         {"VariableForm", [&] { return openOnce<VariableForm>(services, bed.handOver); }},
         {"XThreadForm", [&] { return openOnce<XThreadForm>(services, bed.handOver); }},
         {"ViewCompiledForm", [&] { return openOnce<ViewCompiledForm>(services, listing); }},

@@ -22,7 +22,7 @@
 #include "support/FormDriver.h"
 #include "support/RealWorld.h"
 #include "support/SimulatedBus.h"
-#include "terminal/forms/CommandLine.h"
+#include "terminal/forms/EntryFields.h"
 
 namespace zlt::pictures {
 namespace {

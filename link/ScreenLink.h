@@ -73,7 +73,7 @@ class ScreenLink {
 
     /// Sends "ABORT" to the controller as a raw conversation: whatever the flags say, and without
     /// a message unless the port is lost.
-    void abort() { converse({.deviceId = connection.deviceId, .command = "ABORT"}); }
+    Ending abort() { return converse({.deviceId = connection.deviceId, .command = "ABORT"}); }
 
     /// Takes connection and flags over from the main screen; tells the listener.
     void takeOver(const LinkHandOver& handOver);

@@ -31,9 +31,4 @@ ShownState shownState(ProgramState state) {
     return {"Idle", Meaning::atRest};
 }
 
-std::optional<ShownState> programStateText(std::int32_t code) {
-    const auto state = programStateOfCode(code);
-    return state ? std::optional(shownState(*state)) : std::nullopt;
-}
-
 }  // namespace zlt

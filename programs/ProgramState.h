@@ -17,7 +17,4 @@ std::optional<ProgramState> programStateOfCode(std::int32_t code);
 /// How a screen shows it.
 ShownState shownState(ProgramState state);
 
-/// Both at once, for the thread screen.
-std::optional<ShownState> programStateText(std::int32_t code);
-
 }  // namespace zlt

@@ -5,7 +5,7 @@ namespace zlt {
 void CommandHistory::add(const std::string& command) {
     if (m_commands.empty() || m_commands.back() != command)
         m_commands.push_back(command);
-    m_place = m_commands.size();
+    endWalk();
 }
 
 std::string CommandHistory::older(const std::string& shown) {

@@ -13,6 +13,9 @@ class CommandHistory {
     /// Adds a command and ends the walk. The same one again in a row is kept once.
     void add(const std::string& command);
 
+    /// Ends the walk where it is: the next one starts from the newest.
+    void endWalk() { m_place = m_commands.size(); }
+
     /// The command before the one shown; `shown` itself at the far end.
     std::string older(const std::string& shown);
     /// The command after the one shown, then what stood in the line before the walk.

@@ -1,5 +1,8 @@
 #include "terminal/TerminalTalk.h"
 
+#include "platform/NumberConversion.h"
+#include "platform/Text.h"
+
 namespace zlt {
 namespace {
 
@@ -19,7 +22,7 @@ std::string joined(std::initializer_list<std::string_view> parts) {
     return text;
 }
 
-/// What stands in place of a reply, or behind the part of it that came.
+/// What stands in place of a reply, or after the part of it that came.
 std::string_view instead(Ending ending, bool broadcast) {
     if (ending == Ending::portLost)
         return comPortError;
@@ -30,39 +33,56 @@ std::string_view instead(Ending ending, bool broadcast) {
 
 }  // namespace
 
-void talkInTranscript(ScreenLink& link, std::string_view address, std::string_view command,
-                      TranscriptView& view) {
-    const bool broadcast = address == broadcastAddress;
-    bool marked = false;
-    view.add(joined({">@", address, command, lineEnd}));
-    const Ending ending = link.converse({.deviceId = address,
-                                         .command = command,
-                                         .readsReply = !broadcast,
-                                         .settled =
-                                             [&] {
-                                                 view.add(replyMark);
-                                                 marked = true;
-                                             },
-                                         .character = [&](char c) { view.grow(c); }});
-    if (!marked)
-        view.add(replyMark);
-    view.add(joined({instead(ending, broadcast), lineEnd}));
+BadAddress::BadAddress(std::string_view typed)
+    : std::runtime_error(inQuotes(typed) +
+                         " in the field \"Device ID\" is not an address from 0 to 99.  "
+                         "Nothing was sent.") {}
+
+std::string deviceAddress(std::string_view typed) {
+    // Rounded, "-0.4" would be the broadcast, and "0.6" somebody's.
+    const bool whole = typed.find_first_of("-.") == std::string_view::npos;
+    const auto number = parseInteger(typed);
+    if (!number || !whole || *number > 99)
+        throw BadAddress(typed);
+    const std::string digits = std::to_string(*number);
+    return digits.size() == 1 ? "0" + digits : digits;
 }
 
-void talkInReplyBox(ScreenLink& link, std::string_view address, std::string_view command,
-                    ReplyBoxView& view) {
+void talkInTranscript(ScreenLink& link, std::string_view address, std::string_view command,
+                      const std::function<void(std::string_view)>& write) {
     const bool broadcast = address == broadcastAddress;
+    bool marked = false;
+    write(joined({">@", address, command, lineEnd}));
+    const Ending ending = link.converse(
+        {.deviceId = address,
+         .command = command,
+         .readsReply = !broadcast,
+         .settled =
+             [&] {
+                 write(replyMark);
+                 marked = true;
+             },
+         .character = [&](char character) { write(std::string_view(&character, 1)); }});
+    if (!marked)
+        write(replyMark);
+    write(joined({instead(ending, broadcast), lineEnd}));
+}
+
+std::string talkInReplyBox(ScreenLink& link, std::string_view address, std::string_view command,
+                           const ReplyBoxSteps& steps) {
+    const bool broadcast = address == broadcastAddress;
+    std::string reply;
     const Ending ending = link.converse({.deviceId = address,
                                          .command = command,
                                          .readsReply = !broadcast,
                                          .emptyReadsAllowed = patientEmptyReads,
-                                         .written = [&] { view.requestWritten(); },
-                                         .character = [&](char c) { view.growReply(c); }});
+                                         .written = steps.written,
+                                         .character = [&](char character) {
+                                             reply += character;
+                                             steps.replyGrew(reply);
+                                         }});
     const std::string_view text = instead(ending, broadcast);
-    if (text.empty())
-        view.replyEnded();
-    else
-        view.showInsteadOfReply(text);
+    return text.empty() ? reply : std::string(text);
 }
 
 std::string savedTranscript(std::string transcript) {

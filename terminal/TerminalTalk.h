@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -7,41 +9,34 @@
 
 namespace zlt {
 
-/// Shows a conversation as it goes on. All texts Latin-1, as on the wire.
-class TranscriptView {
+/// What was typed into the field "Device ID" is no address. what() is the sentence for the
+/// operator, UTF-8.
+class BadAddress : public std::runtime_error {
  public:
-    virtual ~TranscriptView() = default;
-
-    /// Adds text at the end and paints it at once: what follows blocks.
-    virtual void add(std::string_view text) = 0;
-    /// Adds one character of a reply that is coming in.
-    virtual void grow(char character) = 0;
+    explicit BadAddress(std::string_view typed);
 };
 
-/// Sends `command` to `address` (two digits; "00" is all devices and brings no reply) and
-/// writes both sides down, a line each, a missing reply and a lost port too.
+/// The two-digit address that a typed one stands for: "5" is "05". Throws BadAddress for what is
+/// no whole number from 0 to 99.
+std::string deviceAddress(std::string_view typed);
+
+/// Sends `command` to `address` (two digits; "00" is all devices and brings no reply) and writes
+/// both sides down, a line each, a missing reply and a lost port too. `write` takes each piece as
+/// it comes (Latin-1), the characters of a reply one by one.
 void talkInTranscript(ScreenLink& link, std::string_view address, std::string_view command,
-                      TranscriptView& view);
+                      const std::function<void(std::string_view)>& write);
 
-/// Shows the last reply only.
-class ReplyBoxView {
- public:
-    virtual ~ReplyBoxView() = default;
-
-    /// The request is out: the entry is taken, the last reply is past.
-    virtual void requestWritten() = 0;
-    /// Adds one character of a reply that is coming in.
-    virtual void growReply(char character) = 0;
-    /// No more comes: all of the reply is to stand now.
-    virtual void replyEnded() = 0;
-    /// Shows a word of the panel's own, a missing reply say; what came of one goes.
-    virtual void showInsteadOfReply(std::string_view text) = 0;
+/// What a box that shows the last reply only does while a conversation goes on.
+struct ReplyBoxSteps {
+    std::function<void()> written;                    ///< the request is out: the entry is taken
+    std::function<void(std::string_view)> replyGrew;  ///< so much of it has come, Latin-1
 };
 
-/// Sends `command` to `address`, as it stands, and shows the reply alone. A controller that is
-/// asked by hand is given more time.
-void talkInReplyBox(ScreenLink& link, std::string_view address, std::string_view command,
-                    ReplyBoxView& view);
+/// Sends `command` to `address`, as it stands, and returns what the box is to show then, Latin-1:
+/// the reply alone, or a word of the panel's own in place of it. A controller that is asked by hand
+/// is given more time.
+std::string talkInReplyBox(ScreenLink& link, std::string_view address, std::string_view command,
+                           const ReplyBoxSteps& steps);
 
 /// A transcript as it is saved: its last line ended, and one line end more.
 std::string savedTranscript(std::string transcript);

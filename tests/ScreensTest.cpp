@@ -61,7 +61,11 @@ const ScreenRow screens[] = {
              world.bus.replies[number] = "1";
          return loaded<SetupParameters>(world, handOver);
      }},
-    {"terminal", [](World& world) { return loaded<TerminalForm>(world, handOver); }},
+    {"terminal",
+     [](World& world) {
+         static CommandHistory history;
+         return loaded<TerminalForm>(world, handOver, history);
+     }},
     {"variables", [](World& world) { return loaded<VariableForm>(world, handOver); }},
     {"threads", [](World& world) { return loaded<XThreadForm>(world, handOver); }},
     {"listing",

@@ -141,6 +141,7 @@ TEST_F(StopsTest, GetOutWhateverTheFlagsSayAndTellALostPort) {
             if (!talksAtLoad) {
                 bus.silentAt = firstQuery;
                 expectSilence();
+                screen.grab();  // before it is painted the monitor asks nothing
                 tick(screen, "Timer1");
             }
             bus.silentAt.reset();

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <functional>
 #include <type_traits>
+#include <utility>
 
 #include "link/Services.h"
 
@@ -35,6 +36,13 @@ class Handlers {
             QObject::connect(sender, signal, receiver, [this, receiver, handler](Args... args) {
                 run([=] { (receiver->*handler)(args...); });
             });
+    }
+
+    /// Connects a signal of an operator's act, a button's click apart, to a function.
+    template <class Sender>
+    void onSignal(Sender& sender, void (Sender::*signal)(), std::function<void()> handler) {
+        QObject::connect(&sender, signal, &sender,
+                         [this, handler = std::move(handler)] { run(handler); });
     }
 
     /// Runs `handler` at each click of the operator, with the button's mark as the click left

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/Latin1.h"
+#include "platform/Text.h"
 
 namespace zlt {
 
@@ -41,14 +42,23 @@ std::string wireText(const QString& shown) {
 }
 
 std::string commandText(const QString& shown) {
-    const auto isControl = [](QChar c) { return c < QLatin1Char(' ') || c == QChar(0x7F); };
-    if (std::any_of(shown.begin(), shown.end(), isControl))
+    std::string text = wireText(shown);
+    // A tab may stand in a line of text, not in a command.
+    const auto isRefused = [](char c) { return isControlCharacter(c) || c == '\t'; };
+    if (std::any_of(text.begin(), text.end(), isRefused))
         throw ControlCharacter();
-    return wireText(shown);
+    return text;
 }
 
 std::string wireLines(const QString& shown) {
     return convert(shown, 1);
+}
+
+QString withoutLineEnd(const QString& shown) {
+    for (const auto end : {QLatin1String("\r\n"), QLatin1String("\n"), QLatin1String("\r")})
+        if (shown.endsWith(end))
+            return shown.chopped(end.size());
+    return shown;
 }
 
 QString fromUtf8(std::string_view text) {

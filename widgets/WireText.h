@@ -28,6 +28,9 @@ std::string commandText(const QString& shown);
 /// names the line too.
 std::string wireLines(const QString& shown);
 
+/// A typed or pasted text less one line end at its end.
+QString withoutLineEnd(const QString& shown);
+
 /// UTF-8 text, as messages and the system's own words are, for a widget.
 QString fromUtf8(std::string_view text);
 

@@ -141,11 +141,11 @@ void MainControlForm::Command2_Click() {
     done(Accepted);
 }
 
-template <class Form>
-void MainControlForm::showOverPanel() {
+template <class Form, class... Own>
+void MainControlForm::showOverPanel(Own&... own) {
     const LinkHandOver handOver = m_session.link.handOver();
     m_session.link.lendPort([&] {
-        Form form(services(), handOver, this);
+        Form form(services(), handOver, own..., this);
         form.Form_Load();
         form.showModal();
         if (form.stoppedAxis())
@@ -159,7 +159,7 @@ void MainControlForm::Setup_Click() {
 }
 
 void MainControlForm::ManualTerminal_Click() {
-    showOverPanel<TerminalForm>();
+    showOverPanel<TerminalForm>(m_terminalHistory);
 }
 
 void MainControlForm::Variable_Click() {

@@ -9,6 +9,7 @@
 #include "panel/PanelSession.h"
 #include "programs/ProgramTransfer.h"
 #include "programs/RunControl.h"
+#include "terminal/CommandHistory.h"
 #include "widgets/Screen.h"
 
 namespace Ui {
@@ -52,10 +53,10 @@ class MainControlForm : public Screen, private PanelView {
 
     void closeScreen() override { Command2_Click(); }
     void heldOff() override;
-    /// Lends the port to another screen and shows that until it is closed. A stop pressed there
-    /// ends the demo.
-    template <class Form>
-    void showOverPanel();
+    /// Lends the port to another screen and shows that until it is closed; `own` is what that
+    /// screen needs beside the link. A stop pressed there ends the demo.
+    template <class Form, class... Own>
+    void showOverPanel(Own&... own);
 
     void connectHandlers();
     void connectFrames();
@@ -87,6 +88,7 @@ class MainControlForm : public Screen, private PanelView {
     ProgramActions m_programs;
     ProgramTransfer m_transfer;
     RunControl m_runControl;
+    CommandHistory m_terminalHistory;
     QTimer m_timer1{this};
     bool m_startsInProgram = false;
 };

@@ -1,9 +1,5 @@
 #include "programs/forms/XThreadForm.h"
 
-#include <chrono>
-
-#include "platform/NumberConversion.h"
-#include "programs/ProgramState.h"
 #include "ui_XThreadForm.h"
 
 namespace zlt {
@@ -11,21 +7,22 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto passInterval = 1ms;
-/// After a pass with a failure, whose messages keep the screen busy, the operator gets this
-/// long to press a button, Close above all.
-constexpr auto breathingSpace = 1000ms;
+constexpr auto firstPass = 1ms;
+
+std::unique_ptr<Ui::XThreadForm> makeControls(QDialog& form) {
+    auto controls = std::make_unique<Ui::XThreadForm>();
+    controls->setupUi(&form);
+    return controls;
+}
 
 }  // namespace
 
 XThreadForm::XThreadForm(const Services& world, const LinkHandOver& handOver, QWidget* parent)
     : LinkedScreen(world, parent),
-      m_ui(std::make_unique<Ui::XThreadForm>()),
-      m_link(services(), flavours::secondThread, this) {
-    m_ui->setupUi(this);
-    m_link.takeOver(handOver);
+      m_ui(makeControls(*this)),
+      m_watch(services(), handOver, [this] { showLive(false); }) {
     m_timer1.setObjectName(QStringLiteral("Timer1"));
-    m_timer1.setInterval(passInterval);
+    m_timer1.setInterval(firstPass);
     teachManners();
     connectHandlers();
 }
@@ -34,75 +31,67 @@ XThreadForm::~XThreadForm() = default;
 
 void XThreadForm::connectHandlers() {
     handlers.onClick(*m_ui->RunProg, [this](bool) { sendToThread(RunCommand::run); });
-    handlers.onClick(*m_ui->StopProg, [this](bool) { sendToThreadAndStop(RunCommand::stop); });
-    handlers.onClick(*m_ui->PauseProg, [this](bool) { sendToThreadAndStop(RunCommand::pause); });
+    handlers.onClick(*m_ui->StopProg, [this](bool) { sendToThread(RunCommand::stop); });
+    handlers.onClick(*m_ui->PauseProg, [this](bool) { sendToThread(RunCommand::pause); });
     handlers.onClick(*m_ui->ContProg, [this](bool) { sendToThread(RunCommand::resume); });
     handlers.onClick(*m_ui->Command1, [this](bool) { Command1_Click(); });
     handlers.onTick(m_timer1, [this] { return Timer1_Timer(); });
-    connectAbort(*m_ui->stopBox, m_link.connection.deviceId, [this] { m_link.abort(); });
+    connectAbort(*m_ui->stopBox, m_watch.link.connection.deviceId, [this] {
+        m_watch.abort();
+        armTimer();
+    });
 }
 
 void XThreadForm::Form_Load() {
     handlers.runWithinCaller([this] {
         const BusyCursor busy;
-        m_link.openHandedOverPort();  // what fails here is told by the first exchange
+        m_watch.link.openHandedOverPort();  // what fails here is told by the first exchange
         m_ui->ProgSel0->setChecked(true);
         m_timer1.start();
     });
 }
 
 void XThreadForm::sendToThread(RunCommand command) {
-    m_link.SendReceive(threadCommand(command));
+    if (ThreadWatch::stopsAxis(command))
+        noteAxisStopped();
+    m_watch.send(m_ui->ProgSel1->isChecked() ? 1 : 0, command);
+    armTimer();
 }
 
-void XThreadForm::sendToThreadAndStop(RunCommand command) {
-    noteAxisStopped();
-    m_link.sendAll({threadCommand(command), "ABORT"});
-}
-
-std::string XThreadForm::threadCommand(RunCommand command) const {
-    return runCommandText(command, m_ui->ProgSel1->isChecked() ? "1" : "0");
+void XThreadForm::armTimer() {
+    if (m_timer1.isActive())
+        m_timer1.start(m_watch.untilNextPass());
 }
 
 std::chrono::milliseconds XThreadForm::Timer1_Timer() {
-    if (m_link.lossReported()) {  // met and told at a button; what stands there is dimmed
+    if (const auto pass = m_watch.readPass())
+        showPass(*pass);
+    if (m_watch.ended())
         m_timer1.stop();
-        return passInterval;
-    }
-    if (!m_link.CommOK())
-        m_link.dropInput();  // late answers to the pass that failed
-    // No flag guards this screen's exchanges; set here, it tells how the pass went.
-    m_link.setCommOK(true);
-    m_ui->ProgIndex0->showReply(m_link.SendReceive("SPC0"));
-    m_ui->ProgIndex1->showReply(m_link.SendReceive("SPC1"));
-    showState("SASTAT0", *m_ui->ProgStatus0);
-    showState("SASTAT1", *m_ui->ProgStatus1);
-    showLive(m_link.CommOK());
-    if (m_link.lossReported())
-        m_timer1.stop();
-    return m_link.CommOK() ? passInterval : breathingSpace;
+    return m_watch.untilNextPass();
 }
 
-void XThreadForm::commChanged(bool connected) {
-    // Dimmed before the message is up; live again once a whole pass has been answered.
-    if (!connected)
-        showLive(false);
+void XThreadForm::showPass(const ThreadPass& pass) {
+    const std::array counters{m_ui->ProgIndex0, m_ui->ProgIndex1};
+    const std::array states{m_ui->ProgStatus0, m_ui->ProgStatus1};
+    for (std::size_t thread = 0; thread < pass.threads.size(); ++thread) {
+        const ThreadReading& reading = pass.threads.at(thread);
+        counters.at(thread)->showReply(reading.counter);
+        if (reading.state)
+            states.at(thread)->showState(shownState(*reading.state));
+    }
+    showLive(pass.live);
 }
 
 void XThreadForm::showLive(bool live) {
-    for (ReadOut* value : findChildren<ReadOut*>())
+    for (ReadOut* value :
+         {m_ui->ProgIndex0, m_ui->ProgIndex1, m_ui->ProgStatus0, m_ui->ProgStatus1})
         value->setLive(live);
-}
-
-void XThreadForm::showState(const char* query, ReadOut& state) {
-    const auto code = parseInteger(m_link.SendReceive(query));
-    if (const auto text = code ? programStateText(*code) : std::nullopt)
-        state.showState(*text);
 }
 
 void XThreadForm::Command1_Click() {
     m_timer1.stop();
-    m_link.closePort();
+    m_watch.link.closePort();
     done(Accepted);
 }
 

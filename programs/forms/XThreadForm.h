@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QTimer>
+#include <array>
+#include <chrono>
 #include <memory>
 
-#include "link/ScreenLink.h"
-#include "programs/RunControl.h"
+#include "programs/ThreadWatch.h"
 #include "widgets/LinkedScreen.h"
 
 namespace Ui {
@@ -13,10 +14,8 @@ class XThreadForm;
 
 namespace zlt {
 
-class ReadOut;
-
 /// Controls and watches the controller's two program threads one by one, over its own port.
-class XThreadForm : public LinkedScreen, private LinkListener {
+class XThreadForm : public LinkedScreen {
     Q_OBJECT
 
  public:
@@ -32,21 +31,16 @@ class XThreadForm : public LinkedScreen, private LinkListener {
     void closeScreen() override { Command1_Click(); }
     void heldOff() override { showLive(false); }
     void connectHandlers();
-    void commChanged(bool connected) override;
-    void exchangeTimedOut() override {}
-    void portLost() override {}
 
     /// Sends a run command to the selected thread.
     void sendToThread(RunCommand command);
-    /// The same, and stops the axis at once.
-    void sendToThreadAndStop(RunCommand command);
-    std::string threadCommand(RunCommand command) const;
-    /// Asks for a thread's state and shows its words, where the code has any.
-    void showState(const char* query, ReadOut& state);
+    /// Puts the next pass off where what was just sent was not answered.
+    void armTimer();
+    void showPass(const ThreadPass& pass);
     void showLive(bool live);
 
     std::unique_ptr<Ui::XThreadForm> m_ui;
-    ScreenLink m_link;
+    ThreadWatch m_watch;
     QTimer m_timer1{this};
 };
 

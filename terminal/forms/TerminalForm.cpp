@@ -1,18 +1,21 @@
 #include "terminal/forms/TerminalForm.h"
 
 #include "platform/FileNames.h"
-#include "terminal/forms/AddressField.h"
+#include "terminal/TerminalTalk.h"
 #include "ui_TerminalForm.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
 
-TerminalForm::TerminalForm(const Services& world, const LinkHandOver& handedOver, QWidget* parent)
+TerminalForm::TerminalForm(const Services& world, const LinkHandOver& handedOver,
+                           CommandHistory& history, QWidget* parent)
     : LinkedScreen(world, parent),
       m_ui(std::make_unique<Ui::TerminalForm>()),
-      m_link(services(), flavours::terminal, nullptr) {
+      m_link(services(), flavours::terminal, nullptr),
+      m_history(history) {
     m_ui->setupUi(this);
     m_link.takeOver(handedOver);
+    m_history.endWalk();
     teachManners();
     connectHandlers();
 }
@@ -24,6 +27,8 @@ void TerminalForm::connectHandlers() {
     handlers.connect(m_ui->SendText, &CommandLine::recalled, this, &TerminalForm::SendText_Recall);
     handlers.connect(m_ui->SendText, &CommandLine::older, this, &TerminalForm::SendText_Older);
     handlers.connect(m_ui->SendText, &CommandLine::newer, this, &TerminalForm::SendText_Newer);
+    handlers.connect(m_ui->SendText, &CommandLine::paged, m_ui->Pad, &Transcript::scrollPages);
+    handlers.connect(m_ui->Pad, &Transcript::clicked, this, &TerminalForm::focusEntry);
     handlers.onClick(*m_ui->Command2, [this](bool) { Command2_Click(); });
     handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
     connectAbort(*m_ui->stopBox, m_link.connection.deviceId, [this] { ISTOP_Press(); });
@@ -41,6 +46,10 @@ void TerminalForm::Form_Load() {
 
 void TerminalForm::showEvent(QShowEvent* event) {
     Screen::showEvent(event);
+    focusEntry();
+}
+
+void TerminalForm::focusEntry() {
     m_ui->SendText->setFocus();
 }
 
@@ -49,15 +58,17 @@ void TerminalForm::SendText_Enter() {
     m_lastCommand = m_ui->SendText->text();
     if (command.empty())
         return;
-    m_ui->SendText->clear();
-    m_ui->SendText->repaint();
-    const auto address = readAddress(*m_ui->DeviceID, services().gate);
-    if (!address)
-        return;
+    const std::string address = m_ui->DeviceID->address();
+    m_ui->SendText->take();
     m_history.add(m_lastCommand.toStdString());
-    talkInTranscript(m_link, *address, command, *m_ui->Pad);
+    talk(address, command);
+    focusEntry();
+}
+
+void TerminalForm::talk(std::string_view address, std::string_view command) {
+    talkInTranscript(m_link, address, command,
+                     [this](std::string_view text) { m_ui->Pad->write(text); });
     m_ui->Pad->placeCaret();
-    m_ui->SendText->setFocus();
 }
 
 void TerminalForm::SendText_Recall() {
@@ -73,6 +84,7 @@ void TerminalForm::SendText_Newer() {
 }
 
 void TerminalForm::Command2_Click() {
+    focusEntry();
     const auto name = chooseSaveName(
         services().gate, {"Save Terminal Text As", "Terminal Text Files (*.txt)|*.txt", {}},
         "No Program Name!");
@@ -83,8 +95,7 @@ void TerminalForm::Command2_Click() {
 }
 
 void TerminalForm::ISTOP_Press() {
-    talkInTranscript(m_link, m_link.connection.deviceId, "ABORT", *m_ui->Pad);
-    m_ui->Pad->placeCaret();
+    talk(m_link.connection.deviceId, "ABORT");
 }
 
 void TerminalForm::Close_Click() {

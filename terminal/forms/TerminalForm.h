@@ -18,7 +18,9 @@ class TerminalForm : public LinkedScreen {
     Q_OBJECT
 
  public:
-    TerminalForm(const Services& world, const LinkHandOver& handedOver, QWidget* parent);
+    /// `history` outlives the screen: the commands sent at its earlier showings are in it.
+    TerminalForm(const Services& world, const LinkHandOver& handedOver, CommandHistory& history,
+                 QWidget* parent);
     ~TerminalForm() override;
 
     /// Opens the port, before the screen is shown. Part of the caller's handler.
@@ -38,11 +40,14 @@ class TerminalForm : public LinkedScreen {
 
     void closeScreen() override { Close_Click(); }
     void connectHandlers();
+    /// Holds one conversation in the transcript.
+    void talk(std::string_view address, std::string_view command);
+    void focusEntry();
 
     std::unique_ptr<Ui::TerminalForm> m_ui;
     ScreenLink m_link;
     QString m_lastCommand;
-    CommandHistory m_history;
+    CommandHistory& m_history;
 };
 
 }  // namespace zlt

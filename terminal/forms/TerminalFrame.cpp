@@ -1,5 +1,6 @@
 #include "terminal/forms/TerminalFrame.h"
 
+#include "terminal/TerminalTalk.h"
 #include "ui_TerminalFrame.h"
 #include "widgets/WireText.h"
 
@@ -15,11 +16,9 @@ TerminalFrame::TerminalFrame(QWidget* parent)
 TerminalFrame::~TerminalFrame() = default;
 
 void TerminalFrame::connectTo(Handlers& handlers, PanelLink& link) {
-    m_link = &link;
-    handlers.connect(m_ui->SendTerminalText, &CommandLine::entered, this,
-                     &TerminalFrame::SendTerminalText_Enter);
-    handlers.connect(m_ui->SendTerminalText, &CommandLine::recalled, this,
-                     &TerminalFrame::SendTerminalText_Recall);
+    CommandLine& line = *m_ui->SendTerminalText;
+    handlers.onSignal(line, &CommandLine::entered, [&] { SendTerminalText_Enter(link); });
+    handlers.onSignal(line, &CommandLine::recalled, [this] { SendTerminalText_Recall(); });
 }
 
 void TerminalFrame::showDevice(std::string_view deviceId) {
@@ -35,41 +34,32 @@ void TerminalFrame::showLive(bool live) {
     m_ui->ReceiveTerminalText->setLive(live);
 }
 
-void TerminalFrame::SendTerminalText_Enter() {
-    if (!m_link->CommOK())
+void TerminalFrame::SendTerminalText_Enter(PanelLink& link) {
+    if (!link.CommOK())
         return;
     const std::string command = m_ui->SendTerminalText->command();
     if (command.empty())
         return;
     const std::string address = commandText(m_ui->DeviceIDComboTerminal->currentText());
-    talkInReplyBox(*m_link, address, command, *this);
+    const auto written = [this] {
+        m_lastCommand = m_ui->SendTerminalText->text();
+        m_ui->SendTerminalText->take();
+        showReply({});
+    };
+    const auto replyGrew = [this](std::string_view soFar) {
+        if (m_pace.due())
+            showReply(soFar);
+    };
+    showReply(talkInReplyBox(link, address, command, {written, replyGrew}));
 }
 
 void TerminalFrame::SendTerminalText_Recall() {
     m_ui->SendTerminalText->setText(m_lastCommand);
 }
 
-void TerminalFrame::requestWritten() {
-    m_lastCommand = m_ui->SendTerminalText->text();
-    m_ui->SendTerminalText->clear();
-    m_ui->SendTerminalText->repaint();
-    m_reply.clear();
-    showReplySoFar();
-}
-
-void TerminalFrame::growReply(char character) {
-    m_reply += character;
-    if (m_pace.due())
-        showReplySoFar();
-}
-
-void TerminalFrame::showReplySoFar() {
-    m_ui->ReceiveTerminalText->showReply(m_reply);
+void TerminalFrame::showReply(std::string_view soFar) {
+    m_ui->ReceiveTerminalText->showReply(soFar);
     m_ui->ReceiveTerminalText->repaint();
-}
-
-void TerminalFrame::showInsteadOfReply(std::string_view text) {
-    m_ui->ReceiveTerminalText->showReply(text);
 }
 
 }  // namespace zlt

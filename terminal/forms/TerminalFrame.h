@@ -2,11 +2,10 @@
 
 #include <QGroupBox>
 #include <memory>
-#include <string>
+#include <string_view>
 
 #include "link/PanelLink.h"
-#include "terminal/TerminalTalk.h"
-#include "terminal/forms/PaintPace.h"
+#include "terminal/forms/Transcript.h"
 #include "widgets/Handlers.h"
 
 namespace Ui {
@@ -17,7 +16,7 @@ namespace zlt {
 
 /// The "Terminal" frame of the main screen: one command by hand, on the main screen's port,
 /// and the last reply as it came.
-class TerminalFrame : public QGroupBox, private ReplyBoxView {
+class TerminalFrame : public QGroupBox {
     Q_OBJECT
 
  public:
@@ -34,20 +33,12 @@ class TerminalFrame : public QGroupBox, private ReplyBoxView {
     void showLive(bool live);
 
  private:
-    void SendTerminalText_Enter();
+    void SendTerminalText_Enter(PanelLink& link);
     void SendTerminalText_Recall();
-
-    void requestWritten() override;
-    void growReply(char character) override;
-    void replyEnded() override { showReplySoFar(); }
-    void showInsteadOfReply(std::string_view text) override;
-
-    void showReplySoFar();
+    void showReply(std::string_view soFar);
 
     std::unique_ptr<Ui::TerminalFrame> m_ui;
-    PanelLink* m_link = nullptr;
     QString m_lastCommand;
-    std::string m_reply;
     PaintPace m_pace;
 };
 

@@ -20,16 +20,10 @@ Transcript::Transcript(QWidget* parent) : QPlainTextEdit(parent) {
     setFont(font);
 }
 
-void Transcript::add(std::string_view text) {
+void Transcript::write(std::string_view text) {
     m_text += text;
     m_pending += text;
-    showPending();
-}
-
-void Transcript::grow(char character) {
-    m_text += character;
-    m_pending += character;
-    if (m_pace.due())
+    if (text.size() > 1 || m_pace.due())
         showPending();
 }
 
@@ -51,6 +45,18 @@ void Transcript::placeCaret() {
     caret.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
     caret.setKeepPositionOnInsert(true);  // what comes next is no part of the selection
     setTextCursor(caret);
+}
+
+void Transcript::scrollPages(int pages) {
+    QScrollBar& bar = *verticalScrollBar();
+    bar.setValue(bar.value() + pages * bar.pageStep());
+}
+
+void Transcript::mouseReleaseEvent(QMouseEvent* event) {
+    QPlainTextEdit::mouseReleaseEvent(event);
+    // What was selected is to be copied by key.
+    if (!textCursor().hasSelection())
+        emit clicked();
 }
 
 QMimeData* Transcript::createMimeDataFromSelection() const {

@@ -1,9 +1,5 @@
 #include "terminal/forms/VariableForm.h"
 
-#include <chrono>
-#include <string>
-
-#include "terminal/forms/AddressField.h"
 #include "ui_VariableForm.h"
 #include "widgets/WireText.h"
 
@@ -12,16 +8,21 @@ namespace {
 
 constexpr std::chrono::milliseconds refreshInterval{1};
 
+std::unique_ptr<Ui::VariableForm> makeControls(QDialog& form) {
+    auto controls = std::make_unique<Ui::VariableForm>();
+    controls->setupUi(&form);
+    return controls;
+}
+
 }  // namespace
 
 VariableForm::VariableForm(const Services& world, const LinkHandOver& handedOver, QWidget* parent)
     : LinkedScreen(world, parent),
-      m_ui(std::make_unique<Ui::VariableForm>()),
-      m_link(services(), flavours::variables, this) {
-    m_ui->setupUi(this);
-    for (std::size_t index = 0; index < m_boxes.size(); ++index)
-        m_boxes.at(index) = findChild<ReadOut*>(QStringLiteral("V%1").arg(index));
-    m_link.takeOver(handedOver);
+      m_ui(makeControls(*this)),
+      m_watch(services(), handedOver, [this] {
+          showLive(false);
+          showNote();
+      }) {
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setInterval(refreshInterval);
     teachManners();
@@ -34,16 +35,16 @@ void VariableForm::connectHandlers() {
     handlers.onTick(m_timer1, [this] { return Timer1_Timer(); });
     handlers.connect(m_ui->SendText, &CommandLine::entered, this, &VariableForm::SendText_Enter);
     handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
-    connectAbort(*m_ui->stopBox, m_link.connection.deviceId, [this] { m_link.abort(); });
+    connectAbort(*m_ui->stopBox, m_watch.link.connection.deviceId,
+                 [this] { m_watch.link.abort(); });
 }
 
 void VariableForm::Form_Load() {
     handlers.runWithinCaller([this] {
         const BusyCursor busy;
-        m_link.openHandedOverPort();
-        m_ui->valuesNote->setText(
-            tr("Values of device %1").arg(shownText(m_link.connection.deviceId)));
-        m_ui->DeviceID->setText(shownText(m_link.connection.deviceId));
+        m_watch.link.openHandedOverPort();
+        showNote();
+        m_ui->DeviceID->setText(shownText(m_watch.link.connection.deviceId));
         m_timer1.start();
     });
 }
@@ -53,13 +54,21 @@ void VariableForm::showEvent(QShowEvent* event) {
     m_ui->SendText->setFocus();
 }
 
+void VariableForm::paintEvent(QPaintEvent* event) {
+    Screen::paintEvent(event);
+    m_painted = true;
+}
+
 std::chrono::milliseconds VariableForm::Timer1_Timer() {
-    const bool live = m_link.CommOK();
-    for (std::size_t index = 0; index < m_boxes.size(); ++index)
-        m_boxes.at(index)->showReply(m_link.SendReceive("V" + std::to_string(index)));
-    if (!live)
-        m_timer1.stop();  // every box reads "0" by now, and will
-    showLive(m_link.CommOK());
+    if (!m_painted)
+        return refreshInterval;  // a refresh blocks, on a slow line for seconds
+    const VariableReading reading = m_watch.refresh();
+    const auto shown = boxes();
+    for (std::size_t index = 0; index < variableCount; ++index)
+        shown.at(index)->showReply(reading.values.at(index));
+    showLive(reading.live);
+    if (m_watch.ended())
+        m_timer1.stop();
     return refreshInterval;
 }
 
@@ -67,26 +76,30 @@ void VariableForm::SendText_Enter() {
     const std::string command = m_ui->SendText->command();
     if (command.empty())
         return;
-    m_ui->SendText->clear();
-    m_ui->SendText->repaint();
-    if (const auto address = readAddress(*m_ui->DeviceID, services().gate))
-        m_link.converse({.deviceId = *address, .command = command, .tellsLoss = false});
+    const std::string address = m_ui->DeviceID->address();
+    m_ui->SendText->take();
+    m_watch.send(address, command);
 }
 
-void VariableForm::commChanged(bool connected) {
-    // Dimmed before the message is up; live again once all have been read.
-    if (!connected)
-        showLive(false);
+std::array<ReadOut*, variableCount> VariableForm::boxes() const {
+    return {m_ui->V0,  m_ui->V1,  m_ui->V2,  m_ui->V3,  m_ui->V4,  m_ui->V5,  m_ui->V6,  m_ui->V7,
+            m_ui->V8,  m_ui->V9,  m_ui->V10, m_ui->V11, m_ui->V12, m_ui->V13, m_ui->V14, m_ui->V15,
+            m_ui->V16, m_ui->V17, m_ui->V18, m_ui->V19, m_ui->V20, m_ui->V21, m_ui->V22, m_ui->V23,
+            m_ui->V24, m_ui->V25, m_ui->V26, m_ui->V27, m_ui->V28, m_ui->V29, m_ui->V30, m_ui->V31};
 }
 
 void VariableForm::showLive(bool live) {
-    for (ReadOut* box : m_boxes)
+    for (ReadOut* box : boxes())
         box->setLive(live);
+}
+
+void VariableForm::showNote() {
+    m_ui->valuesNote->setText(fromUtf8(m_watch.note()));
 }
 
 void VariableForm::Close_Click() {
     m_timer1.stop();
-    m_link.closePort();
+    m_watch.link.closePort();
     done(Accepted);
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QTimer>
-#include <array>
+#include <chrono>
 #include <memory>
 
-#include "link/PanelLink.h"
+#include "terminal/VariableWatch.h"
 #include "widgets/LinkedScreen.h"
 #include "widgets/ReadOut.h"
 
@@ -16,7 +16,7 @@ namespace zlt {
 
 /// The variables V0 to V31 of the standalone programs, as fast as the bus allows, and a line
 /// for commands. Has the port to itself while it is shown.
-class VariableForm : public LinkedScreen, private LinkListener {
+class VariableForm : public LinkedScreen {
     Q_OBJECT
 
  public:
@@ -29,6 +29,7 @@ class VariableForm : public LinkedScreen, private LinkListener {
 
  protected:
     void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
  private:
     std::chrono::milliseconds Timer1_Timer();
@@ -37,16 +38,15 @@ class VariableForm : public LinkedScreen, private LinkListener {
 
     void closeScreen() override { Close_Click(); }
     void heldOff() override { showLive(false); }
-    void showLive(bool live);
     void connectHandlers();
-    void commChanged(bool connected) override;
-    void exchangeTimedOut() override {}
-    void portLost() override {}
+    std::array<ReadOut*, variableCount> boxes() const;
+    void showLive(bool live);
+    void showNote();
 
     std::unique_ptr<Ui::VariableForm> m_ui;
-    ScreenLink m_link;
-    std::array<ReadOut*, 32> m_boxes{};
+    VariableWatch m_watch;
     QTimer m_timer1{this};
+    bool m_painted = false;
 };
 
 }  // namespace zlt

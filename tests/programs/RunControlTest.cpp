@@ -98,7 +98,7 @@ TEST_F(RunControlTest, LeavesRoomToCloseTheThreadScreenOfASilentController) {
         bus.silent = true;
         for (const char* query : {"SPC0", "SPC1", "SASTAT0", "SASTAT1"})
             gate.expectMessage("No Reply to Command: " + std::string(query),
-                               [&] { EXPECT_NE(colour(), live) << "behind the message"; });
+                               [&] { EXPECT_NE(colour(), live) << "under the message"; });
         tick(threads, "Timer1");
         EXPECT_EQ(textOf(threads, "ProgIndex0"), "0");
         EXPECT_EQ(control<QTimer>(threads, "Timer1").interval(), 1000);
@@ -111,6 +111,37 @@ TEST_F(RunControlTest, LeavesRoomToCloseTheThreadScreenOfASilentController) {
         EXPECT_NE(colour(), live);
     });
     EXPECT_FALSE(programEnd.ended());
+}
+
+TEST_F(RunControlTest, IsNotShiftedForGoodByALateAnswer) {
+    const struct Row {
+        const char *silentAt, *press, *late;
+        std::vector<const char*> messages;
+    } table[] = {{"SPC1", nullptr, "34\r", {"No Reply to Command: SPC1"}},
+                 {"SR0=3", "ContProg", "OK\r", {"No Reply to Command: SR0=3"}},
+                 {"ABORT", "ISTOP", "OK\r", {}}};
+    onScreen("XThread", [&](QWidget& threads) {
+        bus.replies = {{"SPC0", "12"}, {"SPC1", "34"}, {"SASTAT0", "1"}, {"SASTAT1", "2"}};
+        for (const Row& row : table) {
+            SCOPED_TRACE(row.silentAt);
+            bus.silentAt = row.silentAt;
+            for (const char* message : row.messages)
+                gate.expectMessage(message);
+            if (row.press)
+                click(threads, row.press);
+            else
+                tick(threads, "Timer1");
+            EXPECT_EQ(control<QTimer>(threads, "Timer1").interval(), 1000) << "time for it to come";
+            bus.silentAt.reset();
+            bus.feed(row.late);
+            tick(threads, "Timer1");
+            EXPECT_EQ(textOf(threads, "ProgIndex0") + " " + textOf(threads, "ProgIndex1") + " " +
+                          textOf(threads, "ProgStatus0") + " " + textOf(threads, "ProgStatus1"),
+                      "12 34 Running Paused");
+            EXPECT_EQ(control<QTimer>(threads, "Timer1").interval(), 1);
+        }
+        answerAsController();
+    });
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScrollBar>
+#include <QTest>
 
 #include "support/PanelWorld.h"
 #include "terminal/forms/TerminalForm.h"
@@ -63,9 +65,16 @@ class TerminalFormTest : public ::testing::Test, public World {
         press(form, "SendText", key);
         return textOf(form, "SendText");
     }
+    void paste(const char* text) {
+        QApplication::clipboard()->setText(QString::fromUtf8(text));
+        auto& line = control<QLineEdit>(form, "SendText");
+        line.clear();
+        line.paste();
+    }
 
     LinkHandOver handedOver{true, true, {{3}, "9600", "07"}, {}};
-    TerminalForm form{services, handedOver, nullptr};
+    CommandHistory history;
+    TerminalForm form{services, handedOver, history, nullptr};
     Transcript& pad = control<Transcript>(form, "Pad");
 };
 
@@ -114,18 +123,48 @@ TEST_F(TerminalFormTest, RefusesWhatIsNoAddressAndWhatTheWireCannotCarry) {
                            "\" in the field \"Device ID\" is not an address from 0 to 99.  "
                            "Nothing was sent.");
         EXPECT_EQ(talk(typed, "PX"), "");
-        EXPECT_EQ(shownAfter(Qt::Key_F1), "PX") << "to be sent once the address is mended";
+        EXPECT_EQ(textOf(form, "SendText"), "PX") << "to be sent once the address is mended";
+        EXPECT_TRUE(control<QWidget>(form, "DeviceID").hasFocus());
     }
-    for (const auto& [pasted, words] :
-         {std::pair{"X=\u22125", "U+2212"}, {"PX\r\nABORT", "control character"}}) {
-        QApplication::clipboard()->setText(QString::fromUtf8(pasted));
-        auto& line = control<QLineEdit>(form, "SendText");
-        line.clear();
-        line.paste();
+    const std::pair<const char*, const char*> table[] = {{"X=\u22125", "U+2212"},
+                                                         {"PX\r\nABORT", "control character"},
+                                                         {"PX\n\n", "control character"},
+                                                         {"PX\t", "control character"}};
+    for (const auto& [pasted, words] : table) {
+        paste(pasted);
         gate.expectMessageWith(words);
         EXPECT_NE(shownAfter(Qt::Key_Return), "") << "to be mended";
     }
     EXPECT_TRUE(bus.requests.empty());
+    for (const char* line : {"PX\r\n", "PX\n", "PX\r"}) {
+        paste(line);
+        EXPECT_EQ(textOf(form, "SendText"), "PX") << "one line end belongs to a copied line";
+    }
+}
+
+TEST_F(TerminalFormTest, KeepsTheCursorInTheLineAndThePagesInReach) {
+    auto& line = control<QLineEdit>(form, "SendText");
+    for (int count = 0; count < 40; ++count)
+        talk("07", "PX");
+    auto& place = *pad.verticalScrollBar();
+    const int end = place.maximum();
+    press(form, "SendText", Qt::Key_PageUp);
+    EXPECT_LT(place.value(), end);
+    press(form, "SendText", Qt::Key_PageDown);
+    EXPECT_EQ(place.value(), end);
+
+    const auto clickPad = [&](auto click) {
+        pad.setFocus();
+        click(pad.viewport(), Qt::LeftButton, Qt::KeyboardModifiers(), QPoint(20, 20), -1);
+    };
+    clickPad([](auto... press) { QTest::mouseClick(press...); });
+    EXPECT_TRUE(line.hasFocus());
+    clickPad([](auto... press) { QTest::mouseDClick(press...); });
+    EXPECT_TRUE(pad.hasFocus()) << "what is selected can be copied by key";
+    gate.expectSaveDialog({"Save Terminal Text As", "Terminal Text Files (*.txt)|*.txt", ""}, {});
+    control<QWidget>(form, "Command2").setFocus();
+    click(form, "Command2");
+    EXPECT_TRUE(line.hasFocus());
 }
 
 TEST_F(TerminalFormTest, RecallsByItsOwnRuleAndWalksThroughTheCommands) {
@@ -214,6 +253,25 @@ TEST_F(TerminalFrameTest, SendsByEnterAloneAndRemembersOnlyWhatWasSent) {
     talk("05", "EX");
     EXPECT_EQ(sent(), "") << "the panel is not connected";
     EXPECT_EQ(shown("SendTerminalText"), "EX");
+}
+
+TEST_F(TerminalFrameTest, KeepsTheTerminalScreensCommandsAsLongAsThePanel) {
+    const auto shownIn = [](QWidget& screen, Qt::Key key) {
+        press(screen, "SendText", key);
+        return textOf(screen, "SendText");
+    };
+    clickAndWork(form, "ManualTerminal", [&](QWidget& terminal) {
+        for (const char* command : {"PX", "EX", "CUR"})
+            enter(terminal, "SendText", command);
+        for (const char* command : {"CUR", "EX"})
+            EXPECT_EQ(shownIn(terminal, Qt::Key_Up), command);
+        terminal.close();
+    });
+    clickAndWork(form, "ManualTerminal", [&](QWidget& terminal) {
+        EXPECT_EQ(shownIn(terminal, Qt::Key_F1), "") << "nothing was sent at this showing";
+        EXPECT_EQ(shownIn(terminal, Qt::Key_Up), "CUR") << "from the newest again";
+        terminal.close();
+    });
 }
 
 }  // namespace
