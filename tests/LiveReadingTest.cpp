@@ -103,6 +103,14 @@ int contrast(const QImage& image) {
     return most;
 }
 
+TEST_F(LiveReadingTest, IsDimmedWhileABoxHoldsThePollOff) {
+    gate.expectMessage("Cannot set while running!", [this] { EXPECT_EQ(live(), ""); });
+    click(form, "OnScurve");
+    EXPECT_EQ(live(), "");
+    sentByTick();
+    EXPECT_EQ(live(), all());
+}
+
 TEST_F(LiveReadingTest, DimsTheDriversMarkAsMuchAsItsWord) {
     const auto halves = [this] {
         const QImage whole = look("EnableStat");
