@@ -8,7 +8,7 @@
 #include "app/PortNote.h"
 #include "app/SearchCom.h"
 #include "panel/forms/MainControlForm.h"
-#include "platform/Latin1.h"
+#include "platform/Text.h"
 #include "ui_SelectComForm.h"
 #include "widgets/WireText.h"
 

@@ -1,7 +1,7 @@
 #include "bench/LiveController.h"
 
 #include "bench/Wire.h"
-#include "link/Framing.h"
+#include "link/Exchange.h"
 
 namespace zlt::bench {
 namespace {

@@ -4,7 +4,6 @@
 #include <bit>
 
 #include "link/Exchange.h"
-#include "link/Framing.h"
 
 namespace zlt {
 namespace {

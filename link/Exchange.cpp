@@ -1,6 +1,6 @@
 #include "link/Exchange.h"
 
-#include "link/Framing.h"
+#include <algorithm>
 
 namespace zlt {
 namespace {
@@ -48,6 +48,31 @@ Reading readReply(Port& port, const ReadRule& rule, const std::function<void(cha
                 break;
         }
     }
+}
+
+std::string frameRequest(std::string_view deviceId, std::string_view command) {
+    std::string request;
+    request.reserve(deviceId.size() + command.size() + 2);
+    request += '@';
+    request += deviceId;
+    request += command;
+    request += carriageReturn;
+    return request;
+}
+
+std::string_view ReplyHeaderStrip(std::string_view line) {
+    constexpr std::size_t headerLength = 3;
+    if (line.starts_with('#'))
+        line.remove_prefix(std::min(headerLength, line.size()));
+    return line;
+}
+
+std::string_view behindDeviceNamePrefix(std::string_view reply, std::size_t count) {
+    return reply.substr(std::min(deviceNamePrefix.size(), reply.size()), count);
+}
+
+bool isDeviceName(std::string_view reply) {
+    return reply.starts_with(deviceNamePrefix);
 }
 
 }  // namespace zlt

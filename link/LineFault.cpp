@@ -1,6 +1,6 @@
 #include "link/LineFault.h"
 
-#include "link/Framing.h"
+#include "link/Exchange.h"
 
 namespace zlt {
 

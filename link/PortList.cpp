@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/Lines.h"
 #include "platform/Text.h"
 
 namespace zlt {

@@ -1,7 +1,7 @@
 #include "link/ScreenLink.h"
 
-#include "link/Framing.h"
-#include "platform/Latin1.h"
+#include "link/Exchange.h"
+#include "platform/Text.h"
 
 namespace zlt {
 namespace {

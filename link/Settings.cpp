@@ -1,6 +1,6 @@
 #include "link/Settings.h"
 
-#include "platform/Lines.h"
+#include "platform/Text.h"
 
 namespace zlt {
 

@@ -1,6 +1,5 @@
 #include "link/Values.h"
 
-#include "platform/Latin1.h"
 #include "platform/NumberConversion.h"
 #include "platform/Text.h"
 

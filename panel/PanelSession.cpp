@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "link/Framing.h"
-#include "platform/Latin1.h"
+#include "link/Exchange.h"
 #include "platform/NumberConversion.h"
+#include "platform/Text.h"
 
 namespace zlt {
 namespace {

@@ -1,6 +1,6 @@
 #include "parameters/ParameterEncoding.h"
 
-#include "link/Framing.h"
+#include "link/Exchange.h"
 #include "platform/NumberConversion.h"
 
 namespace zlt {

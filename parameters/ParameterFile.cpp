@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "parameters/ParameterEncoding.h"
-#include "platform/Latin1.h"
-#include "platform/Lines.h"
 #include "platform/NumberConversion.h"
 #include "platform/Text.h"
 

@@ -1,8 +1,8 @@
 #include "parameters/ParameterTransfer.h"
 
 #include "parameters/ParameterEncoding.h"
-#include "platform/Latin1.h"
 #include "platform/NumberConversion.h"
+#include "platform/Text.h"
 
 namespace zlt {
 namespace {

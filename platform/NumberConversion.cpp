@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "platform/Latin1.h"
 #include "platform/Text.h"
 
 namespace zlt {

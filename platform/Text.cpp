@@ -1,9 +1,10 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 
 namespace zlt {
-
 bool isControlCharacter(char c) {
     return (static_cast<unsigned char>(c) < ' ' && c != '\t') || c == '\x7F';
 }
@@ -16,6 +17,55 @@ std::string inQuotes(std::string_view utf8) {
     std::string text(utf8.substr(0, end));
     std::replace_if(text.begin(), text.end(), isControlCharacter, '?');
     return '"' + text + (end < utf8.size() ? "\xE2\x80\xA6\"" : "\"");
+}
+
+namespace {
+
+std::string describe(char32_t codePoint, int line) {
+    std::array<char, 16> number{};
+    std::snprintf(number.data(), number.size(), "U+%04X", static_cast<unsigned>(codePoint));
+    const std::string place = line > 0 ? " in line " + std::to_string(line) : "";
+    return "The character \"" + utf8FromCodePoint(codePoint) + "\" (" + number.data() + ")" +
+           place + " is not one that the controller or a file can hold.  Please replace it.";
+}
+
+}  // namespace
+
+NotLatin1::NotLatin1(char32_t codePoint, int line)
+    : std::runtime_error(describe(codePoint, line)) {}
+
+std::string utf8FromLatin1(std::string_view latin1) {
+    std::string utf8;
+    utf8.reserve(latin1.size());
+    for (const char c : latin1)
+        utf8 += utf8FromCodePoint(static_cast<unsigned char>(c));
+    return utf8;
+}
+
+std::string utf8FromCodePoint(char32_t codePoint) {
+    const auto tail = [codePoint](int shift) {
+        return static_cast<char>(0x80 | ((codePoint >> shift) & 0x3F));
+    };
+    if (codePoint < 0x80)
+        return {static_cast<char>(codePoint)};
+    if (codePoint < 0x800)
+        return {static_cast<char>(0xC0 | (codePoint >> 6)), tail(0)};
+    if (codePoint < 0x10000)
+        return {static_cast<char>(0xE0 | (codePoint >> 12)), tail(6), tail(0)};
+    return {static_cast<char>(0xF0 | (codePoint >> 18)), tail(12), tail(6), tail(0)};
+}
+
+std::vector<std::string> splitLines(std::string_view text) {
+    std::vector<std::string> lines;
+    while (!text.empty()) {
+        const std::size_t end = text.find_first_of("\r\n");
+        lines.emplace_back(text.substr(0, end));
+        if (end == std::string_view::npos)
+            break;
+        const bool pair = text.substr(end, 2) == "\r\n";
+        text.remove_prefix(end + (pair ? 2 : 1));
+    }
+    return lines;
 }
 
 }  // namespace zlt

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zlt {
 
@@ -11,5 +13,23 @@ bool isControlCharacter(char c);
 /// A text from outside in quotes, as messages name it: the front of one that is long, and "?" for
 /// each control character.
 std::string inQuotes(std::string_view utf8);
+
+/// A character that the wire and the files cannot carry. what() names it, UTF-8.
+class NotLatin1 : public std::runtime_error {
+ public:
+    /// `codePoint` is the Unicode number of the character, `line` where it stands in a text of
+    /// several lines, from 1; 0 for a single field.
+    explicit NotLatin1(char32_t codePoint, int line = 0);
+};
+
+/// Text of the wire or of a file (one byte a character) as UTF-8.
+std::string utf8FromLatin1(std::string_view latin1);
+
+/// The UTF-8 form of one Unicode character.
+std::string utf8FromCodePoint(char32_t codePoint);
+
+/// The lines of a file's text, without their ends. CR LF, LF and CR each end a line; text
+/// behind the last end is a line too.
+std::vector<std::string> splitLines(std::string_view text);
 
 }  // namespace zlt

@@ -1,6 +1,6 @@
 #include "programs/ProgramText.h"
 
-#include "platform/Lines.h"
+#include "platform/Text.h"
 
 namespace zlt {
 

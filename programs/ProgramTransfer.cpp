@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "link/Framing.h"
+#include "link/Exchange.h"
 #include "platform/NumberConversion.h"
 #include "platform/Product.h"
 #include "programs/ProgramText.h"

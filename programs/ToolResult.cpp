@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/Lines.h"
 #include "platform/NumberConversion.h"
+#include "platform/Text.h"
 
 namespace zlt {
 

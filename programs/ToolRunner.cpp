@@ -4,8 +4,6 @@
 #include <system_error>
 
 #include "platform/FileNames.h"
-#include "platform/Latin1.h"
-#include "platform/Lines.h"
 #include "platform/Text.h"
 #include "programs/ProgramText.h"
 #include "programs/ToolResult.h"

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/Latin1.h"
+#include "platform/Text.h"
 
 namespace zlt {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "link/Framing.h"
+#include "link/Exchange.h"
 #include "link/ScreenLink.h"
 #include "support/World.h"
 

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QStyleOptionButton>
 
-#include "widgets/Dimmed.h"
+#include "widgets/ReadOut.h"
 
 namespace zlt {
 

@@ -36,4 +36,7 @@ class ReadOut : public NumberField {
     Meaning m_meaning = Meaning::atRest;
 };
 
+/// How much is left of what is painted and is no live value.
+inline constexpr double dimmedOpacity = 0.4;
+
 }  // namespace zlt

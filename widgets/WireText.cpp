@@ -3,7 +3,6 @@
 #include <QList>
 #include <algorithm>
 
-#include "platform/Latin1.h"
 #include "platform/Text.h"
 
 namespace zlt {

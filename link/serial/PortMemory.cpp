@@ -4,7 +4,7 @@
 #include <system_error>
 
 #include "platform/FileNames.h"
-#include "platform/Lines.h"
+#include "platform/Text.h"
 
 namespace zlt {
 namespace {

@@ -3,8 +3,7 @@
 #include <QEvent>
 
 #include "ui_MotionFrame.h"
-#include "widgets/FieldFocus.h"
-#include "widgets/FirmwareHint.h"
+#include "widgets/FieldHints.h"
 #include "widgets/WireText.h"
 
 namespace zlt {

@@ -1,7 +1,7 @@
 #include "panel/forms/OutputsFrame.h"
 
 #include "ui_OutputsFrame.h"
-#include "widgets/FieldFocus.h"
+#include "widgets/FieldHints.h"
 
 namespace zlt {
 

@@ -5,10 +5,9 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "platform/Latin1.h"
 #include "platform/Text.h"
 #include "widgets/ChoiceBox.h"
-#include "widgets/FirmwareHint.h"
+#include "widgets/FieldHints.h"
 #include "widgets/WireText.h"
 
 namespace zlt {

@@ -1,7 +1,7 @@
 #include "parameters/forms/SetupParameters.h"
 
 #include "ui_SetupParameters.h"
-#include "widgets/FirmwareHint.h"
+#include "widgets/FieldHints.h"
 #include "widgets/WireText.h"
 
 namespace zlt {

@@ -1,6 +1,6 @@
 #include "programs/forms/ProgramFrame.h"
 
-#include "platform/Latin1.h"
+#include "platform/Text.h"
 #include "programs/forms/ViewCompiledForm.h"
 #include "ui_ProgramFrame.h"
 #include "widgets/WireText.h"

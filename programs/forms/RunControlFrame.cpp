@@ -1,7 +1,7 @@
 #include "programs/forms/RunControlFrame.h"
 
 #include "ui_RunControlFrame.h"
-#include "widgets/FirmwareHint.h"
+#include "widgets/FieldHints.h"
 
 namespace zlt {
 

@@ -1,7 +1,6 @@
 #include "simulator/standins/Device.h"
 
 #include "link/Exchange.h"
-#include "link/Framing.h"
 #include "platform/NumberConversion.h"
 #include "simulator/standins/Listing.h"
 

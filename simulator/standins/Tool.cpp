@@ -4,7 +4,7 @@
 #include <iostream>
 #include <iterator>
 
-#include "platform/Lines.h"
+#include "platform/Text.h"
 
 namespace zlt::standins {
 namespace {

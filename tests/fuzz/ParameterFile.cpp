@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "Check.h"
-#include "platform/Lines.h"
+#include "platform/Text.h"
 
 void zlt::fuzz::check(std::string_view input) {
     std::vector<FieldText> fields;

@@ -5,7 +5,6 @@
 
 #include "Check.h"
 #include "link/Exchange.h"
-#include "link/Framing.h"
 
 namespace zlt::fuzz {
 namespace {

@@ -1,12 +1,19 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QLineEdit>
 #include <QString>
 #include <QWidget>
 
 #include "link/Values.h"
 
 namespace zlt {
+
+/// Puts the cursor into a field and selects what stands there, to be typed over.
+inline void pointToField(QLineEdit& field) {
+    field.setFocus(Qt::OtherFocusReason);
+    field.selectAll();
+}
 
 /// What a control lacks that the controller's firmware does not serve.
 inline QString needsFirmware(FirmwareVersion needed, FirmwareVersion present) {
