@@ -95,14 +95,14 @@ bool soakCycles(SoakBed& bed, int count) {
     return soak("open and close cycles " + std::to_string(count), count, growthAllowedKiB, bed.gate,
                 [&](int) {
                     const auto port = bed.makePort();
-                    bool good = port->open({1}, "9600,N,8,1") && ask(*port) == Ending::reply;
+                    bool good = port->open({1}, "9600") && ask(*port) == Ending::reply;
                     port->close();
-                    good = port->open({1}, "9600,N,8,1") && ask(*port) == Ending::reply && good;
+                    good = port->open({1}, "9600") && ask(*port) == Ending::reply && good;
                     bed.simulator.say("hangup");
                     good = ask(*port) == Ending::portLost && !port->isOpen() && good;
                     bed.simulator.say("plug");
                     bed.listPort();
-                    return port->open({1}, "9600,N,8,1") && ask(*port) == Ending::reply && good;
+                    return port->open({1}, "9600") && ask(*port) == Ending::reply && good;
                 });
 }
 

@@ -10,8 +10,8 @@ class TimedPort : public Port {
  public:
     TimedPort(PacedPeer& peer, PortDirectory& directory) : m_peer(peer), m_port(directory) {}
 
-    bool open(PortNumber number, std::string_view settings) override {
-        return m_port.open(number, settings);
+    bool open(PortNumber number, std::string_view baudRate) override {
+        return m_port.open(number, baudRate);
     }
     void close() override { m_port.close(); }
     bool isOpen() const override { return m_port.isOpen(); }

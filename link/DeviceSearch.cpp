@@ -23,10 +23,6 @@ constexpr std::size_t probeCharacters = 4096;
 /// An instrument that streams slowly must not hold a probe either: about a second of waiting.
 constexpr int probeEmptyReads = 500;
 
-std::string settingsText(std::string_view baudRate) {
-    return std::string(baudRate) + ",N,8,1";
-}
-
 }  // namespace
 
 std::string searchResultText(const Connection& device) {
@@ -62,7 +58,7 @@ DeviceSearch::State DeviceSearch::makeStep() {
 
 DeviceSearch::State DeviceSearch::checkPort() {
     m_view.showText("Checking Port " + std::to_string(m_number.value));
-    if (m_port.open(m_number, settingsText(baudRates.front())))
+    if (m_port.open(m_number, baudRates.front()))
         m_usablePorts |= 1U << (m_number.value - 1);
     m_port.close();
     const int checked = m_number.value++;
@@ -104,7 +100,7 @@ DeviceSearch::State DeviceSearch::nextBaudRate() {
     advanceTo(m_progress + perRate);
     const Connection place = here();
     m_view.showText("Trying Port " + std::to_string(m_number.value) + ", Baud:" + place.baudRate);
-    if (!m_port.open(m_number, settingsText(place.baudRate)))
+    if (!m_port.open(m_number, place.baudRate))
         return leaveLostPort();
     m_id = 1;
     m_step = Step::probe;

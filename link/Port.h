@@ -21,9 +21,9 @@ class Port {
  public:
     virtual ~Port() = default;
 
-    /// Opens the port for this program alone and drops what had arrived before. `settings` is
-    /// the baud rate followed by ",N,8,1". False, and closed, when that cannot be done.
-    virtual bool open(PortNumber number, std::string_view settings) = 0;
+    /// Opens the port for this program alone and drops what had arrived before. `baudRate` is the
+    /// operator's text, a positive whole number. False, and closed, when that cannot be done.
+    virtual bool open(PortNumber number, std::string_view baudRate) = 0;
     /// Closes the port; one that is closed already stays so.
     virtual void close() = 0;
     virtual bool isOpen() const = 0;

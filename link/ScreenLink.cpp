@@ -19,7 +19,7 @@ ScreenLink::ScreenLink(const Services& services, const Flavour& flavour, LinkLis
 
 bool ScreenLink::openPort() {
     m_lossReported = false;
-    return MSComm1->open(connection.port, connection.baudRate + ",N,8,1");
+    return MSComm1->open(connection.port, connection.baudRate);
 }
 
 void ScreenLink::takeOver(const LinkHandOver& handOver) {

@@ -28,7 +28,7 @@ TEST(Exchange, WritesOneFramedRequestAndStripsTheReplysHeader) {
         world.bus.replies["PX"] = line;
         EXPECT_EQ(world.link.SendReceive("PX"), reply);
     }
-    EXPECT_EQ(world.bus.openings, std::vector<std::string>{"3 9600,N,8,1"});
+    EXPECT_EQ(world.bus.openings, std::vector<std::string>{"3 9600"});
     EXPECT_EQ(world.bus.requests, std::vector<std::string>(std::size(table), "@01PX"));
 }
 

@@ -43,7 +43,7 @@ class MainControlFormTest : public ::testing::Test, public Panel {};
 TEST_F(MainControlFormTest, LoadsReadsOnceAndPolls) {
     bus.replies["DN"] = "#01ZLD07abcdef";
     open();
-    EXPECT_EQ(bus.openings, std::vector<std::string>{"3 9600,N,8,1"});
+    EXPECT_EQ(bus.openings, std::vector<std::string>{"3 9600"});
     EXPECT_EQ(sent(), loadCommands);
     expectState("Communication OK", green);
     EXPECT_EQ(sentByTick(), longTick);

@@ -101,7 +101,7 @@ TEST_F(SelectComFormTest, SavesAndHandsOverOnConnect) {
             EXPECT_EQ(bus.portsOpen, 1);
             click(panel, "Command2");
         });
-    EXPECT_EQ(bus.openings, std::vector<std::string>(3, "12 38400,N,8,1"));
+    EXPECT_EQ(bus.openings, std::vector<std::string>(3, "12 38400"));
     EXPECT_EQ(bus.requests[0], "@07DN");
     EXPECT_EQ(bus.portsOpen, 0);
     EXPECT_EQ(saved(), "COM12\r\n38400\r\n07\r\n");

@@ -29,25 +29,18 @@ std::string deviceBusy() {
     return std::make_error_code(std::errc::device_or_resource_busy).message();
 }
 
-constexpr std::string_view lineFormat = ",N,8,1";
-
-/// The baud rate of "9600,N,8,1"; nothing when it is no positive whole number or something
-/// else stands behind it.
-std::optional<qint32> baudRateOf(std::string_view settings) {
-    if (!settings.ends_with(lineFormat))
+/// The number of a baud rate's text; nothing when it is no positive whole number.
+std::optional<qint32> baudRateOf(std::string_view text) {
+    if (text.find('.') != std::string_view::npos)
         return std::nullopt;
-    settings.remove_suffix(lineFormat.size());
-    if (settings.find('.') != std::string_view::npos)
-        return std::nullopt;
-    const auto baudRate = parseInteger(settings);
+    const auto baudRate = parseInteger(text);
     return baudRate && *baudRate > 0 ? baudRate : std::nullopt;
 }
 
 /// Why baudRateOf() found none.
-std::string badBaudRate(std::string_view settings) {
-    const std::string_view text = settings.substr(0, settings.find(','));
+std::string badBaudRate(std::string_view text) {
     const bool number = !text.empty() && text.find_first_not_of("0123456789") == text.npos;
-    if (number && text.find_first_not_of('0') != text.npos && settings.ends_with(lineFormat))
+    if (number && text.find_first_not_of('0') != text.npos)
         return "The baud rate is beyond " + std::to_string(std::numeric_limits<qint32>::max());
     return "The baud rate is not a positive whole number";
 }
@@ -74,20 +67,20 @@ QtSerialPort::QtSerialPort(PortDirectory& directory, QObject* owner)
                      });
 }
 
-bool QtSerialPort::open(PortNumber number, std::string_view settings) {
+bool QtSerialPort::open(PortNumber number, std::string_view baudRate) {
     close();
     const auto device = m_directory.device(number);
-    const auto baudRate = baudRateOf(settings);
+    const auto rate = baudRateOf(baudRate);
     m_errorText.clear();
     m_remark.clear();
     if (!device && m_directory.isSettled(number))
         m_errorText = "The device that was connected as " + portText(number) + " is gone";
     else if (!device)
         m_errorText = "No device stands behind " + portText(number);
-    else if (!baudRate)
-        m_errorText = badBaudRate(settings);
+    else if (!rate)
+        m_errorText = badBaudRate(baudRate);
     else
-        openDevice(*device, *baudRate);
+        openDevice(*device, *rate);
     const bool held = m_errorText == deviceBusy();
     m_directory.noteOpening(
         number,

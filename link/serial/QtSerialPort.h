@@ -17,7 +17,7 @@ class QtSerialPort final : public Port {
     /// `owner`, among whose children Qt's own port is then found by its name, `MSComm1`.
     explicit QtSerialPort(PortDirectory& directory, QObject* owner = nullptr);
 
-    bool open(PortNumber number, std::string_view settings) override;
+    bool open(PortNumber number, std::string_view baudRate) override;
     void close() override;
     bool isOpen() const override { return m_serial.isOpen(); }
     bool write(std::string_view bytes) override;

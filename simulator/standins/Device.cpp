@@ -21,7 +21,7 @@ std::string quoted(const std::string& reply) {
 
 Device::Device(PortNumber port, const std::string& baudRate, std::string deviceId)
     : m_id(std::move(deviceId)) {
-    if (!m_port.open(port, baudRate + ",N,8,1")) {
+    if (!m_port.open(port, baudRate)) {
         throw Failure(portText(port) + " at " + baudRate +
                       " baud cannot be opened: " + m_port.errorText() + ".");
     }

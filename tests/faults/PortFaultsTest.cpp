@@ -153,7 +153,7 @@ TEST_F(OpeningTest, LeavesALineAloneThatAnotherProgramHolds) {
         SCOPED_TRACE(static_cast<int>(lock));
         const OtherProgram other(device, lockFile(), lock);
         const auto port = real.makePort();
-        EXPECT_FALSE(port->open({1}, "9600,N,8,1"));
+        EXPECT_FALSE(port->open({1}, "9600"));
         EXPECT_EQ(port->errorText(), "Device or resource busy");
         termios settings{};
         tcgetattr(line, &settings);
@@ -183,7 +183,7 @@ TEST_F(OpeningTest, NamesALockFileThatAnotherUsersProgramLeft) {
         const PortReport report = reportPort(examinePort(directory, {1}));
         const bool told = report.obstacle == ::zlt::Obstacle::deadLock &&
                           report.command == "sudo rm '" + lockFile() + "'";
-        _exit(told && !real.makePort()->open({1}, "9600,N,8,1") ? 0 : 1);
+        _exit(told && !real.makePort()->open({1}, "9600") ? 0 : 1);
     }
     int outcome = -1;
     waitpid(otherUser, &outcome, 0);

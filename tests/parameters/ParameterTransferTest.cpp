@@ -9,7 +9,7 @@ class ParameterTransferTest : public SetupWorld {};
 
 TEST_F(ParameterTransferTest, ReadsTheSetWhenItOpensAndWritesItAsRead) {
     EXPECT_EQ(open(), wholeUpload);
-    EXPECT_EQ(bus.openings, Commands{"3 9600,N,8,1"});
+    EXPECT_EQ(bus.openings, Commands{"3 9600"});
     EXPECT_EQ(shown("DeviceIDCombo") + " " + shown("baudCombo"), "42 38400");
     EXPECT_EQ(down(), wholeDown);
     const std::pair<const char*, int> offered[] = {{"RunCurrentSelect", 15}, {"Microstep", 4}};

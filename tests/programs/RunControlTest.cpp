@@ -55,7 +55,7 @@ TEST_F(RunControlTest, WorksAndShowsEachThreadOverAPortOfItsOwn) {
     click(form, "Command5");
     onScreen("XThread", [this](QWidget& threads) {
         EXPECT_EQ(bus.portsOpen, 1) << "one port at a time";
-        EXPECT_EQ(bus.openings.back(), "3 9600,N,8,1");
+        EXPECT_EQ(bus.openings.back(), "3 9600");
         EXPECT_EQ(commandsOf(threads, "RunProg"), Commands{"SR0=1"});
         EXPECT_EQ(commandsOf(threads, "StopProg"), (Commands{"SR0=0", "ABORT"}));
         click(threads, "ProgSel1");

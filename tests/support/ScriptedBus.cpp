@@ -15,8 +15,8 @@ class ScriptedPort : public Port {
     explicit ScriptedPort(ScriptedBus& bus) : m_bus(bus) {}
     ~ScriptedPort() override { ScriptedPort::close(); }
 
-    bool open(PortNumber number, std::string_view settings) override {
-        m_bus.openings.push_back(std::to_string(number.value) + " " + std::string(settings));
+    bool open(PortNumber number, std::string_view baudRate) override {
+        m_bus.openings.push_back(std::to_string(number.value) + " " + std::string(baudRate));
         m_open = m_bus.opens;
         m_bus.portsOpen += m_open;
         m_bus.m_input.clear();

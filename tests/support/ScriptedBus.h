@@ -38,7 +38,7 @@ class ScriptedBus {
 
     /// Requests as they went out, without the carriage return: "@01PX".
     std::vector<std::string> requests;
-    std::vector<std::string> openings;  ///< "3 9600,N,8,1"
+    std::vector<std::string> openings;  ///< "3 9600"
     int emptyReads = 0;
     int portsOpen = 0;
 

@@ -75,7 +75,7 @@ TEST_F(SearchTest, GoesThroughPortsRatesAndIdsOneStepATick) {
     for (const auto& [place, text] : table)
         EXPECT_EQ(texts[place], text) << place;
     EXPECT_EQ(bus.requests[9], "@01DN");
-    EXPECT_EQ(bus.openings[15 + 1], "2 19200,N,8,1");
+    EXPECT_EQ(bus.openings[15 + 1], "2 19200");
     EXPECT_EQ(bus.emptyReads, 90 * 31);
     EXPECT_EQ(barLeft, 0) << "the bar is full at the end";
 }

@@ -79,7 +79,7 @@ class TerminalFormTest : public ::testing::Test, public World {
 };
 
 TEST_F(TerminalFormTest, WritesDownBothSidesAsTheyWere) {
-    EXPECT_EQ(bus.openings, std::vector<std::string>{"3 9600,N,8,1"});
+    EXPECT_EQ(bus.openings, std::vector<std::string>{"3 9600"});
     EXPECT_EQ(textOf(form, "DeviceID"), "07");
     expectTalks(bus,
                 {{"07", "PX", "#071500", ">@07PX\r\n<#071500\r\n", "@07PX"},

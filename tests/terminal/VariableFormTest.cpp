@@ -42,7 +42,7 @@ TEST_F(VariableFormTest, ReadsAllVariablesInOrder) {
         values.push_back(std::to_string(index - 16));
         bus.replies["V" + std::to_string(index)] = "#07" + values.back();
     }
-    EXPECT_EQ(bus.openings, std::vector<std::string>{"3 9600,N,8,1"});
+    EXPECT_EQ(bus.openings, std::vector<std::string>{"3 9600"});
     EXPECT_EQ(textOf(form, "DeviceID"), "07");
     control<QLineEdit>(form, "DeviceID").setText(QStringLiteral("9"));
     EXPECT_EQ(textOf(form, "valuesNote"), "Values of device 07");
