@@ -42,7 +42,7 @@ std::vector<FieldText> fieldsOfWord(std::int32_t word, FieldRange fields) {
     return texts;
 }
 
-std::vector<FieldText> fieldsOfReply(const ParameterRow& parameter, std::string_view reply) {
+std::vector<FieldText> fieldsOfReply(const Parameter& parameter, std::string_view reply) {
     const ParameterField field = parameter.fields.first;
     switch (parameter.encoding) {
         case Encoding::text:
@@ -65,8 +65,7 @@ std::vector<FieldText> fieldsOfReply(const ParameterRow& parameter, std::string_
     }
 }
 
-std::optional<std::string> writeCommand(const ParameterRow& parameter,
-                                        const ParameterValues& values) {
+std::optional<std::string> writeCommand(const Parameter& parameter, const ParameterValues& values) {
     const std::string name = std::string(parameter.command) + "=";
     const std::string& text = values[parameter.fields.first];
     switch (parameter.encoding) {

@@ -10,6 +10,13 @@
 
 namespace zlt {
 
+/// A field and what it is to hold, Latin-1.
+struct FieldText {
+    ParameterField field;
+    std::string text;
+    bool offered = true;  ///< false for a word of the controller's that the screen cannot show
+};
+
 /// The word whose bits the fields are; a field that is not "1" is a bit clear.
 std::int32_t wordOf(const ParameterValues& values, FieldRange fields);
 /// The fields by a word's bits; the bits above them are ignored.
@@ -17,10 +24,9 @@ std::vector<FieldText> fieldsOfWord(std::int32_t word, FieldRange fields);
 
 /// What a reply makes of the parameter's fields. Throws ConversionError, naming command and
 /// reply, where a number is expected and the reply is none.
-std::vector<FieldText> fieldsOfReply(const ParameterRow& parameter, std::string_view reply);
+std::vector<FieldText> fieldsOfReply(const Parameter& parameter, std::string_view reply);
 
 /// The command that writes the parameter. Nothing for a baud rate that has no code.
-std::optional<std::string> writeCommand(const ParameterRow& parameter,
-                                        const ParameterValues& values);
+std::optional<std::string> writeCommand(const Parameter& parameter, const ParameterValues& values);
 
 }  // namespace zlt

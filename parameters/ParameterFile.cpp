@@ -1,8 +1,9 @@
 #include "parameters/ParameterFile.h"
 
 #include <algorithm>
+#include <filesystem>
 
-#include "parameters/ParameterEncoding.h"
+#include "platform/FileNames.h"
 #include "platform/Latin1.h"
 #include "platform/Lines.h"
 #include "platform/NumberConversion.h"
@@ -11,38 +12,42 @@
 namespace zlt {
 namespace {
 
-using F = ParameterField;
+/// A parameter file is twelve short lines; what comes after this is none of ours.
+constexpr std::size_t fileLimit = 64 * 1024;
 
-struct FileLine {
-    enum class Kind { word, text, flag };
+const FileChoice saveChoice{.title = "Save ZLT-R-NX Parameters As",
+                            .filter = "Parameter Files (*.par)|*.par",
+                            .initialName = ""};
+const FileChoice openChoice{.title = "Open ZLT-R-NX Parameter File",
+                            .filter = "ZLT-R-NX Parameter Files (*.par)|*.par",
+                            .initialName = "*.par"};
 
-    Kind kind;
-    FieldRange fields;
-    const char* name;
-};
+/// How a line of the file is written.
+enum class LineKind { word, text, flag };
 
-constexpr std::array layout{
-    FileLine{FileLine::Kind::word, {F::directionPolarity, 5}, "polarity"},
-    FileLine{FileLine::Kind::text, {F::deviceId}, "device ID"},
-    FileLine{FileLine::Kind::text, {F::microstep}, "microstep"},
-    FileLine{FileLine::Kind::text, {F::runCurrent}, "run current"},
-    FileLine{FileLine::Kind::text, {F::idleCurrent}, "idle current"},
-    FileLine{FileLine::Kind::text, {F::baudRate}, "baud rate"},
-    FileLine{FileLine::Kind::flag, {F::nameInReplies}, "name in replies"},
-    FileLine{FileLine::Kind::flag, {F::limitDisable}, "limit disable"},
-    FileLine{FileLine::Kind::flag, {F::autoRun0}, "auto run 0"},
-    FileLine{FileLine::Kind::flag, {F::autoRun1}, "auto run 1"},
-    FileLine{FileLine::Kind::text, {F::lca}, "LCA"},
-    FileLine{FileLine::Kind::text, {F::hca}, "HCA"},
-};
+LineKind kindOf(FieldRange line) {
+    if (line.count > 1)
+        return LineKind::word;
+    switch (parameterRow(line.first).encoding) {
+        case Encoding::bits:
+        case Encoding::nonZero:
+        case Encoding::one:
+            return LineKind::flag;
+        case Encoding::text:
+        case Encoding::deviceName:
+        case Encoding::baudCode:
+            break;
+    }
+    return LineKind::text;
+}
 
-const char* expectation(FileLine::Kind kind) {
+const char* expectation(LineKind kind) {
     switch (kind) {
-        case FileLine::Kind::word:
+        case LineKind::word:
             return "a whole number";
-        case FileLine::Kind::flag:
+        case LineKind::flag:
             return "0 or 1";
-        case FileLine::Kind::text:
+        case LineKind::text:
             break;
     }
     return "plain text";
@@ -53,26 +58,29 @@ bool isPlain(std::string_view text) {
 }
 
 [[noreturn]] void refuse(std::size_t place, const std::string& found) {
-    const FileLine& line = layout[place];
-    throw MalformedParameterFile("Line " + std::to_string(place + 1) + " (" + line.name +
-                                 ") should be " + expectation(line.kind) + ", but " + found + ".");
+    const FieldRange line = fileLayout()[place];
+    const ParameterRow& row = parameterRow(line.first);
+    throw MalformedParameterFile("Line " + std::to_string(place + 1) + " (" +
+                                 std::string(row.word.empty() ? row.name : row.word) +
+                                 ") should be " + expectation(kindOf(line)) + ", but " + found +
+                                 ".");
 }
 
 std::vector<FieldText> readLine(std::size_t place, const std::string& text) {
-    const FileLine& line = layout[place];
+    const FieldRange line = fileLayout()[place];
     const auto number = parseInteger(text);
-    switch (line.kind) {
-        case FileLine::Kind::text:
+    switch (kindOf(line)) {
+        case LineKind::text:
             if (isPlain(text))
-                return {{line.fields.first, text}};
+                return {{line.first, text}};
             break;
-        case FileLine::Kind::flag:
+        case LineKind::flag:
             if (text == "0" || text == "1")
-                return {{line.fields.first, text}};
+                return {{line.first, text}};
             break;
-        case FileLine::Kind::word:
+        case LineKind::word:
             if (number)
-                return fieldsOfWord(*number, line.fields);
+                return fieldsOfWord(*number, line);
             break;
     }
     refuse(place, "holds " + inQuotes(utf8FromLatin1(text)));
@@ -82,9 +90,9 @@ std::vector<FieldText> readLine(std::size_t place, const std::string& text) {
 
 std::string parameterFileText(const ParameterValues& values) {
     std::string text;
-    for (const FileLine& line : layout) {
-        text += line.kind == FileLine::Kind::word ? std::to_string(wordOf(values, line.fields))
-                                                  : values[line.fields.first];
+    for (const FieldRange line : fileLayout()) {
+        text += kindOf(line) == LineKind::word ? std::to_string(wordOf(values, line))
+                                               : values[line.first];
         text += "\r\n";
     }
     return text;
@@ -93,13 +101,48 @@ std::string parameterFileText(const ParameterValues& values) {
 std::vector<FieldText> readParameterFile(std::string_view bytes) {
     const std::vector<std::string> lines = splitLines(bytes);
     std::vector<FieldText> all;
-    for (std::size_t place = 0; place < layout.size(); ++place) {
+    for (std::size_t place = 0; place < fileLayout().size(); ++place) {
         if (place >= lines.size())
             refuse(place, "the file ends before it");
         for (FieldText& field : readLine(place, lines[place]))
             all.push_back(std::move(field));
     }
     return all;
+}
+
+void ParameterFiles::save() {
+    const auto name = chooseSaveName(m_services.gate, saveChoice, "No Parameter File Name!");
+    if (!name)
+        return;
+    const std::string text = parameterFileText(m_view.values());
+    if (const auto reason = m_services.files.writeWhole(*name, text))
+        m_services.gate.message("The parameters could not be saved in " + utf8FromPath(*name) +
+                                ": " + *reason);
+    else
+        m_services.gate.message("Save Parameters to file done!");
+}
+
+void ParameterFiles::open() {
+    const auto name = chooseOpenName(m_services.gate, openChoice);
+    if (!name)
+        return;
+    const std::string file = "File " + utf8FromPath(*name);
+    std::error_code unreachable;
+    if (!std::filesystem::exists(*name, unreachable)) {
+        m_services.gate.message(file + " does not exist!");
+        return;
+    }
+    const auto bytes = m_services.files.read(*name, fileLimit);
+    if (!bytes) {
+        m_services.gate.message(file + " could not be read.");
+        return;
+    }
+    try {
+        for (const FieldText& field : readParameterFile(*bytes))
+            m_view.showField(field.field, field.text);
+    } catch (const MalformedParameterFile& fault) {
+        m_services.gate.message(file + " is not a parameter file.  " + fault.what());
+    }
 }
 
 }  // namespace zlt

@@ -5,7 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "parameters/ParameterTable.h"
+#include "link/Services.h"
+#include "parameters/ParameterEncoding.h"
+#include "parameters/ParameterView.h"
 
 namespace zlt {
 
@@ -22,5 +24,21 @@ std::string parameterFileText(const ParameterValues& values);
 /// What a parameter file says, by line position; lines after the twelfth are ignored. Throws
 /// MalformedParameterFile.
 std::vector<FieldText> readParameterFile(std::string_view bytes);
+
+/// Keeps what the screen shows in a file and brings it back. Sends nothing.
+class ParameterFiles {
+ public:
+    ParameterFiles(const Services& services, ParameterView& view)
+        : m_services(services), m_view(view) {}
+
+    /// Throws NotLatin1 and ControlCharacter, nothing written, for a text that no file can hold.
+    void save();
+    /// Shows a file's values; the screen stays as it was when the file is not a whole one.
+    void open();
+
+ private:
+    const Services& m_services;
+    ParameterView& m_view;
+};
 
 }  // namespace zlt

@@ -37,9 +37,9 @@ void ParameterTransfer::upload() {
         return;
     m_view.showActivity(ParameterView::Activity::reading);
     for (const TransferStep& step : uploadOrder()) {
-        const FieldRange fields = step.parameter->fields;
+        const FieldRange fields = step.parameter.fields;
         disableUnread(fields);
-        if (m_firmware < fieldRow(fields.first).readFrom)
+        if (m_firmware < parameterRow(fields.first).readFrom)
             continue;
         read(step);
         if (step.check != LinkCheck::none && !m_link.CommOK())
@@ -49,16 +49,16 @@ void ParameterTransfer::upload() {
 
 void ParameterTransfer::disableUnread(FieldRange fields) {
     for (std::size_t place = 0; place < fields.count; ++place)
-        if (m_firmware < fieldRow(fields[place]).readFrom)
+        if (m_firmware < parameterRow(fields[place]).readFrom)
             m_view.disable(fields[place]);
 }
 
 void ParameterTransfer::read(const TransferStep& step) {
-    const auto words = fieldsOfReply(*step.parameter, m_link.SendReceive(step.parameter->command));
+    const auto words = fieldsOfReply(step.parameter, m_link.SendReceive(step.parameter.command));
     if (step.check == LinkCheck::beforeShowing && !m_link.CommOK())
         return;
     for (const FieldText& word : words) {
-        if (m_firmware < fieldRow(word.field).readFrom)
+        if (m_firmware < parameterRow(word.field).readFrom)
             continue;
         if (word.offered)
             m_view.showField(word.field, word.text);
@@ -75,8 +75,8 @@ void ParameterTransfer::download() {
     const ParameterValues values = m_view.values();
     m_view.showActivity(ParameterView::Activity::writing);
     for (const TransferStep& step : downOrder()) {
-        const ParameterRow& parameter = *step.parameter;
-        if (m_firmware < fieldRow(parameter.fields.first).writtenFrom)
+        const Parameter& parameter = step.parameter;
+        if (m_firmware < parameterRow(parameter.fields.first).writtenFrom)
             continue;
         if (parameter.encoding == Encoding::deviceName)
             writeDeviceId(parameter, values);
@@ -90,13 +90,12 @@ void ParameterTransfer::download() {
     showResult("Download Done!");
 }
 
-void ParameterTransfer::write(const ParameterRow& parameter, const ParameterValues& values) {
+void ParameterTransfer::write(const Parameter& parameter, const ParameterValues& values) {
     if (const auto command = writeCommand(parameter, values))
         send(*command, parameter, values);
 }
 
-void ParameterTransfer::writeDeviceId(const ParameterRow& parameter,
-                                      const ParameterValues& values) {
+void ParameterTransfer::writeDeviceId(const Parameter& parameter, const ParameterValues& values) {
     const auto words = fieldsOfReply(parameter, m_link.SendReceive(parameter.command));
     if (!m_link.CommOK())
         return;
@@ -116,8 +115,7 @@ void ParameterTransfer::writeDeviceId(const ParameterRow& parameter,
              parameter, values);
 }
 
-void ParameterTransfer::writeBaudRate(const ParameterRow& parameter,
-                                      const ParameterValues& values) {
+void ParameterTransfer::writeBaudRate(const Parameter& parameter, const ParameterValues& values) {
     const std::string code = m_link.SendReceive(parameter.command);
     if (!m_link.CommOK())
         return;
@@ -135,7 +133,7 @@ void ParameterTransfer::writeBaudRate(const ParameterRow& parameter,
              parameter, values);
 }
 
-void ParameterTransfer::carryOut(const ChangeMessages& messages, const ParameterRow& parameter,
+void ParameterTransfer::carryOut(const ChangeMessages& messages, const Parameter& parameter,
                                  const ParameterValues& values) {
     m_view.showActivity(ParameterView::Activity::writing);  // over where the question was
     const bool done = send(*writeCommand(parameter, values), parameter, values);
@@ -145,7 +143,7 @@ void ParameterTransfer::carryOut(const ChangeMessages& messages, const Parameter
     m_view.showActivity(ParameterView::Activity::writing);
 }
 
-bool ParameterTransfer::send(std::string_view command, const ParameterRow& parameter,
+bool ParameterTransfer::send(std::string_view command, const Parameter& parameter,
                              const ParameterValues& values) {
     if (m_link.SendReceive(command) != acknowledged)
         return false;

@@ -43,13 +43,12 @@ class ParameterTransfer {
     bool ready();
     void read(const TransferStep& step);
     void disableUnread(FieldRange fields);
-    void write(const ParameterRow& parameter, const ParameterValues& values);
-    void writeDeviceId(const ParameterRow& parameter, const ParameterValues& values);
-    void writeBaudRate(const ParameterRow& parameter, const ParameterValues& values);
-    void carryOut(const ChangeMessages& messages, const ParameterRow& parameter,
+    void write(const Parameter& parameter, const ParameterValues& values);
+    void writeDeviceId(const Parameter& parameter, const ParameterValues& values);
+    void writeBaudRate(const Parameter& parameter, const ParameterValues& values);
+    void carryOut(const ChangeMessages& messages, const Parameter& parameter,
                   const ParameterValues& values);
-    bool send(std::string_view command, const ParameterRow& parameter,
-              const ParameterValues& values);
+    bool send(std::string_view command, const Parameter& parameter, const ParameterValues& values);
     void note(const FieldText& word);
     /// Shows how a transfer came out; the screen is at rest again by then.
     void showResult(std::string_view message);

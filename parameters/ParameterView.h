@@ -1,6 +1,6 @@
 #pragma once
 
-#include "parameters/DeviceCopy.h"
+#include "parameters/Comparison.h"
 #include "parameters/ParameterTable.h"
 
 namespace zlt {

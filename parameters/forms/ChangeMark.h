@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "parameters/Comparison.h"
+
 namespace zlt {
 
 /// Says beside a field how it stands to the controller's word: a full dot where the two
@@ -11,13 +13,11 @@ class ChangeMark : public QWidget {
     Q_OBJECT
 
  public:
-    enum class State { same, differs, unread };
-
     explicit ChangeMark(QWidget* parent = nullptr);
 
-    State state() const { return m_state; }
+    Standing standing() const { return m_standing; }
     /// `reason` is the tooltip.
-    void showState(State state, const QString& reason);
+    void showStanding(Standing standing, const QString& reason);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -26,7 +26,7 @@ class ChangeMark : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
  private:
-    State m_state = State::same;
+    Standing m_standing = Standing::same;
 };
 
 }  // namespace zlt

@@ -29,8 +29,8 @@ SetupParameters::SetupParameters(const Services& world, const LinkHandOver& hand
       m_transfer(services(), handOver, *this),
       m_files(services(), *this) {
     m_ui->setupUi(this);
-    for (std::size_t place = 0; place < parameterFieldCount; ++place)
-        m_controls.emplace_back(*this, static_cast<ParameterField>(place));
+    for (const ParameterField field : parameterFields)
+        m_controls.push_back(makeControl(field, *m_ui));
     teachManners();
     connectHandlers();
     SetupParameters::showDeviceCopy(m_transfer.deviceCopy());
@@ -47,8 +47,8 @@ void SetupParameters::connectHandlers() {
     handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
     connectAbort(*m_ui->stopBox, m_transfer.deviceId(), [this] { m_transfer.abortMotion(); });
     // Marks only follow what stands on the screen, also while a transfer changes it.
-    for (ParameterControl& each : m_controls)
-        each.onChange([this] { compareAll(); });
+    for (const auto& each : m_controls)
+        each->onChange([this] { compareAll(); });
 }
 
 void SetupParameters::Form_Load() {
@@ -109,13 +109,20 @@ void SetupParameters::Close_Click() {
 // The rules' view of the screen
 
 ParameterControl& SetupParameters::control(ParameterField field) {
-    return m_controls[static_cast<std::size_t>(field)];
+    return *m_controls[static_cast<std::size_t>(field)];
 }
 
 ParameterValues SetupParameters::values() const {
     ParameterValues values;
-    for (std::size_t place = 0; place < parameterFieldCount; ++place)
-        values[static_cast<ParameterField>(place)] = commandText(m_controls[place].text());
+    for (const ParameterField field : parameterFields)
+        values[field] = commandText(m_controls[static_cast<std::size_t>(field)]->text());
+    return values;
+}
+
+ParameterValues SetupParameters::shownValues() const {
+    ParameterValues values;
+    for (const ParameterField field : parameterFields)
+        values[field] = m_controls[static_cast<std::size_t>(field)]->text().toStdString();
     return values;
 }
 
@@ -125,8 +132,8 @@ void SetupParameters::showField(ParameterField field, const std::string& text) {
 }
 
 void SetupParameters::disable(ParameterField field) {
-    QString reason = needsFirmware(fieldRow(field).readFrom, m_transfer.firmware());
-    if (m_transfer.firmware() >= fieldRow(field).writtenFrom)
+    QString reason = needsFirmware(parameterRow(field).readFrom, m_transfer.firmware());
+    if (m_transfer.firmware() >= parameterRow(field).writtenFrom)
         reason += tr("  Down writes it all the same.");
     control(field).disable(reason);
 }
@@ -159,16 +166,20 @@ void SetupParameters::showDeviceCopy(const DeviceCopy& copy) {
 }
 
 void SetupParameters::compareAll() {
-    int differing = 0;
-    int unread = 0;
-    for (std::size_t place = 0; place < parameterFieldCount; ++place) {
-        const auto field = static_cast<ParameterField>(place);
-        if (m_transfer.firmware() < fieldRow(field).writtenFrom)
-            continue;
-        const auto state = m_controls[place].compare(m_transfer.deviceCopy().word(field));
-        differing += state == ChangeMark::State::differs;
-        unread += state == ChangeMark::State::unread;
+    const DeviceCopy& copy = m_transfer.deviceCopy();
+    const Comparison comparison(shownValues(), copy, m_transfer.firmware());
+    for (const ParameterField field : parameterFields) {
+        const Standing standing = comparison[field];
+        QString reason;
+        if (standing == Standing::unread)
+            reason = tr("Not read from the controller.");
+        else if (standing == Standing::differs)
+            reason = tr("Not written yet: the controller says %1.")
+                         .arg(control(field).inWords(*copy.word(field)));
+        control(field).mark(standing, reason);
     }
+    const int differing = comparison.count(Standing::differs);
+    const int unread = comparison.count(Standing::unread);
     QStringList counts;
     if (differing > 0)
         counts << (differing == 1 ? tr("1 value not written yet")

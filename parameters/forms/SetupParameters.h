@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "parameters/ParameterFiles.h"
+#include "parameters/ParameterFile.h"
 #include "parameters/ParameterTransfer.h"
 #include "parameters/forms/ParameterControl.h"
 #include "widgets/LinkedScreen.h"
@@ -42,6 +42,8 @@ class SetupParameters : public LinkedScreen, private ParameterView {
     /// Runs a transfer under the busy cursor, with what it does told on the screen.
     void work(void (ParameterTransfer::*transfer)());
     ParameterControl& control(ParameterField field);
+    /// What the controls hold, UTF-8, whatever they hold.
+    ParameterValues shownValues() const;
     void compareAll();
 
     ParameterValues values() const override;
@@ -53,7 +55,7 @@ class SetupParameters : public LinkedScreen, private ParameterView {
     std::unique_ptr<Ui::SetupParameters> m_ui;
     ParameterTransfer m_transfer;
     ParameterFiles m_files;
-    std::vector<ParameterControl> m_controls;  ///< in the order of ParameterField
+    std::vector<std::unique_ptr<ParameterControl>> m_controls;  ///< in the order of ParameterField
 };
 
 }  // namespace zlt

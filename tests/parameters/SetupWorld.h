@@ -14,7 +14,7 @@
 namespace zlt::test {
 
 using Commands = std::vector<std::string>;
-using State = ChangeMark::State;
+using State = Standing;
 
 /// What a screen that holds the scripted controller's set reads and writes.
 inline const Commands wholeUpload{"DN",  "CURR", "CURI",   "MS",    "POL", "DL",
@@ -57,7 +57,7 @@ class SetupWorld : public ::testing::Test, public World {
     }
     std::string shown(const char* name) { return shownOn(*form, name); }
     State mark(const std::string& name) {
-        return control<ChangeMark>(*form, (name + "Mark").c_str()).state();
+        return control<ChangeMark>(*form, (name + "Mark").c_str()).standing();
     }
 
     LinkHandOver handOver{true, true, {{3}, "9600", "01"}, {322}};

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "parameters/ParameterEncoding.h"
 #include "parameters/ParameterTable.h"
 
 namespace zlt {
@@ -27,6 +28,28 @@ class DeviceCopy {
     static std::size_t index(ParameterField field) { return static_cast<std::size_t>(field); }
 
     std::array<std::optional<std::string>, parameterFieldCount> m_words;
+};
+
+/// How what the screen shows of a field stands to the controller.
+enum class Standing {
+    same,
+    differs,  ///< from what the controller last said
+    unread,   ///< the controller has said nothing yet
+};
+
+/// How each field stands. `shown` is what the screen shows, UTF-8: a text that no wire can carry
+/// differs like any other.
+class Comparison {
+ public:
+    Comparison(const ParameterValues& shown, const DeviceCopy& copy, FirmwareVersion firmware);
+
+    Standing operator[](ParameterField field) const {
+        return m_standings[static_cast<std::size_t>(field)];
+    }
+    int count(Standing standing) const;
+
+ private:
+    std::array<Standing, parameterFieldCount> m_standings{};
 };
 
 }  // namespace zlt
