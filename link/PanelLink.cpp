@@ -12,7 +12,7 @@ PanelLink::PanelLink(const Services& services, LinkListener* listener,
       m_portNotTakenBack(std::move(portNotTakenBack)) {}
 
 LinkHandOver PanelLink::handOver() const {
-    return {PortReady, CommOK(), connection, firmware};
+    return {PortReady, CommOK(), connection, firmware, notes};
 }
 
 void PanelLink::lendPort(const std::function<void()>& action, std::chrono::milliseconds settling) {

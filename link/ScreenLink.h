@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "link/DeviceNotes.h"
 #include "link/Flavour.h"
 #include "link/Services.h"
 #include "link/Values.h"
@@ -44,6 +45,7 @@ struct LinkHandOver {
     bool CommOK = false;
     Connection connection;
     FirmwareVersion firmware;
+    std::shared_ptr<DeviceNotes> notes = std::make_shared<DeviceNotes>();
 };
 
 /// One screen's link to its controller: the port it owns, the two flags and the exchange.
@@ -94,6 +96,8 @@ class ScreenLink {
     /// Set while this screen has its port open.
     bool PortReady = false;
     Connection connection;
+    /// What the screens of one run know of the controllers; never null.
+    std::shared_ptr<DeviceNotes> notes = std::make_shared<DeviceNotes>();
 
  private:
     struct Exchanged {
