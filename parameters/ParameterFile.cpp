@@ -12,8 +12,11 @@
 namespace zlt {
 namespace {
 
-/// A parameter file is twelve short lines; what comes after this is none of ours.
-constexpr std::size_t fileLimit = 64 * 1024;
+/// More than the twelve longest lines that are taken; what comes after this is none of ours.
+constexpr std::size_t fileLimit = 16 * longestParameterText;
+
+/// Some editors put it in front of a text.
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 const FileChoice saveChoice{.title = "Save ZLT-R-NX Parameters As",
                             .filter = "Parameter Files (*.par)|*.par",
@@ -34,6 +37,7 @@ LineKind kindOf(FieldRange line) {
         case Encoding::one:
             return LineKind::flag;
         case Encoding::text:
+        case Encoding::number:
         case Encoding::deviceName:
         case Encoding::baudCode:
             break;
@@ -53,37 +57,44 @@ const char* expectation(LineKind kind) {
     return "plain text";
 }
 
-bool isPlain(std::string_view text) {
-    return std::none_of(text.begin(), text.end(), isControlCharacter);
-}
-
 [[noreturn]] void refuse(std::size_t place, const std::string& found) {
     const FieldRange line = fileLayout()[place];
-    const ParameterRow& row = parameterRow(line.first);
     throw MalformedParameterFile("Line " + std::to_string(place + 1) + " (" +
-                                 std::string(row.word.empty() ? row.name : row.word) +
-                                 ") should be " + expectation(kindOf(line)) + ", but " + found +
-                                 ".");
+                                 namesOf({line.first}) + ") should be " +
+                                 expectation(kindOf(line)) + ", but " + found + ".");
+}
+
+/// A flag is a whole number, 0 or 1: no fraction is rounded to one.
+std::optional<std::string> readFlag(const std::string& text) {
+    const auto number = text.find('.') == std::string::npos ? parseInteger(text) : std::nullopt;
+    if (number == 0 || number == 1)
+        return std::to_string(*number);
+    return std::nullopt;
 }
 
 std::vector<FieldText> readLine(std::size_t place, const std::string& text) {
     const FieldRange line = fileLayout()[place];
-    const auto number = parseInteger(text);
     switch (kindOf(line)) {
         case LineKind::text:
-            if (isPlain(text))
-                return {{line.first, text}};
-            break;
+            if (const auto reason = whyUnsendable(text))
+                refuse(place, "it " + *reason + ": " + inQuotes(utf8FromLatin1(text)));
+            return {{line.first, text}};
         case LineKind::flag:
-            if (text == "0" || text == "1")
-                return {{line.first, text}};
+            if (const auto flag = readFlag(text))
+                return {{line.first, *flag}};
             break;
         case LineKind::word:
-            if (number)
+            if (const auto number = parseInteger(text))
                 return fieldsOfWord(*number, line);
             break;
     }
     refuse(place, "holds " + inQuotes(utf8FromLatin1(text)));
+}
+
+/// Empty texts at the end, whose empty lines editors like to take off.
+bool mayBeMissing(std::size_t place) {
+    const ParameterField field = fileLayout()[place].first;
+    return field == ParameterField::lca || field == ParameterField::hca;
 }
 
 }  // namespace
@@ -99,9 +110,13 @@ std::string parameterFileText(const ParameterValues& values) {
 }
 
 std::vector<FieldText> readParameterFile(std::string_view bytes) {
-    const std::vector<std::string> lines = splitLines(bytes);
+    if (bytes.starts_with(byteOrderMark))
+        bytes.remove_prefix(byteOrderMark.size());
+    std::vector<std::string> lines = splitLines(bytes);
     std::vector<FieldText> all;
     for (std::size_t place = 0; place < fileLayout().size(); ++place) {
+        if (place >= lines.size() && mayBeMissing(place))
+            lines.emplace_back();
         if (place >= lines.size())
             refuse(place, "the file ends before it");
         for (FieldText& field : readLine(place, lines[place]))
@@ -110,11 +125,17 @@ std::vector<FieldText> readParameterFile(std::string_view bytes) {
     return all;
 }
 
-void ParameterFiles::save() {
+void ParameterFiles::save(const std::vector<ParameterField>& unread) {
+    const ParameterValues values = m_view.values();
+    std::vector<ParameterField> saved = unread;
+    std::erase_if(saved, [](ParameterField field) { return parameterRow(field).fileLine == 0; });
+    if (!confirmUnread(m_services.gate, "Save", saved,
+                       "Save what the screen shows there all the same?"))
+        return;
     const auto name = chooseSaveName(m_services.gate, saveChoice, "No Parameter File Name!");
     if (!name)
         return;
-    const std::string text = parameterFileText(m_view.values());
+    const std::string text = parameterFileText(values);
     if (const auto reason = m_services.files.writeWhole(*name, text))
         m_services.gate.message("The parameters could not be saved in " + utf8FromPath(*name) +
                                 ": " + *reason);
@@ -138,8 +159,12 @@ void ParameterFiles::open() {
         return;
     }
     try {
-        for (const FieldText& field : readParameterFile(*bytes))
+        ParameterValues opened;
+        for (const FieldText& field : readParameterFile(*bytes)) {
             m_view.showField(field.field, field.text);
+            opened[field.field] = field.text;
+        }
+        m_view.showOpened(opened);
     } catch (const MalformedParameterFile& fault) {
         m_services.gate.message(file + " is not a parameter file.  " + fault.what());
     }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "link/Services.h"
+#include "parameters/Comparison.h"
 #include "parameters/ParameterEncoding.h"
 #include "parameters/ParameterView.h"
 
@@ -21,8 +22,8 @@ class MalformedParameterFile : public std::runtime_error {
 /// The twelve lines of a parameter file, each ended by CR LF.
 std::string parameterFileText(const ParameterValues& values);
 
-/// What a parameter file says, by line position; lines after the twelfth are ignored. Throws
-/// MalformedParameterFile.
+/// What a parameter file says, by line position. Lines after the twelfth are ignored, a byte order
+/// mark too, and the last two may be missing. Throws MalformedParameterFile.
 std::vector<FieldText> readParameterFile(std::string_view bytes);
 
 /// Keeps what the screen shows in a file and brings it back. Sends nothing.
@@ -31,8 +32,9 @@ class ParameterFiles {
     ParameterFiles(const Services& services, ParameterView& view)
         : m_services(services), m_view(view) {}
 
-    /// Throws NotLatin1 and ControlCharacter, nothing written, for a text that no file can hold.
-    void save();
+    /// Asks first where the file would hold one of `unread`. Throws what ParameterView::values()
+    /// throws, before anything is asked or written.
+    void save(const std::vector<ParameterField>& unread);
     /// Shows a file's values; the screen stays as it was when the file is not a whole one.
     void open();
 

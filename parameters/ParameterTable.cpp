@@ -18,9 +18,9 @@ constexpr std::array<ParameterRow, parameterFieldCount> table{{
     {F::deviceId, "device ID", "DN", E::deviceName, any, any, 2},
     {F::baudRate, "baud rate", "DB", E::baudCode, any, any, 6},
     {F::nameInReplies, "name in replies", "RT", E::one, any, any, 7},
-    {F::runCurrent, "run current", "CURR", E::text, any, any, 4},
-    {F::idleCurrent, "idle current", "CURI", E::text, any, any, 5},
-    {F::microstep, "microstep", "MS", E::text, any, any, 3},
+    {F::runCurrent, "run current", "CURR", E::number, any, any, 4},
+    {F::idleCurrent, "idle current", "CURI", E::number, any, any, 5},
+    {F::microstep, "microstep", "MS", E::number, any, any, 3},
     {F::directionPolarity, "Dir", "POL", E::bits, any, any, 1, "polarity"},
     {F::limitPolarity, "Limits", "POL", E::bits, any, any, 1, "polarity"},
     {F::homePolarity, "Home", "POL", E::bits, any, any, 1, "polarity"},
@@ -137,6 +137,18 @@ static_assert(layoutHolds());
 
 const ParameterRow& parameterRow(ParameterField field) {
     return table[static_cast<std::size_t>(field)];
+}
+
+std::string parameterName(ParameterField field) {
+    const ParameterRow& row = parameterRow(field);
+    return std::string(row.word) + (row.word.empty() ? "" : " ") + std::string(row.name);
+}
+
+const Parameter& parameterOf(ParameterField field) {
+    const auto step =
+        std::ranges::find(uploadTable, parameterRow(field).command,
+                          [](const TransferStep& each) { return each.parameter.command; });
+    return step->parameter;  // reachesAll() has seen to it that there is one
 }
 
 std::span<const TransferStep> uploadOrder() {

@@ -48,6 +48,7 @@ inline constexpr auto parameterFields = [] {
 /// How a value stands in a reply and in a command.
 enum class Encoding {
     text,        ///< as it stands
+    number,      ///< as it stands, though it should be a number
     deviceName,  ///< two digits after the name's prefix
     bits,        ///< a bit of a decimal word, which the fields of one command share from bit 0 up
     nonZero,     ///< set unless the reply is 0
@@ -69,6 +70,9 @@ struct ParameterRow {
 };
 
 const ParameterRow& parameterRow(ParameterField field);
+
+/// What a field is called: "run current", "polarity Dir".
+std::string parameterName(ParameterField field);
 
 /// Fields that follow one another; most are alone.
 struct FieldRange {
@@ -99,6 +103,9 @@ struct Parameter {
     Encoding encoding{};
     FieldRange fields;
 };
+
+/// The parameter that a field is, or is a bit of.
+const Parameter& parameterOf(ParameterField field);
 
 /// Where a transfer looks whether the link still stands, and ends when it does not.
 enum class LinkCheck { none, beforeShowing, afterwards };

@@ -6,9 +6,9 @@
 
 namespace zlt {
 
-/// Says beside a field how it stands to the controller's word: a full dot where the two
-/// differ, a ring where the controller has said nothing yet, otherwise nothing. Its place
-/// stays free, so that a mark that comes moves nothing.
+/// Says beside a field how it stands to the controller: a full dot where the two differ, a ring
+/// where the controller's word is not known, a cross where it refused what was sent, otherwise
+/// nothing. Its place stays free, so that a mark that comes moves nothing.
 class ChangeMark : public QWidget {
     Q_OBJECT
 

@@ -9,12 +9,23 @@
 #include "platform/Text.h"
 #include "ui_SetupParameters.h"
 #include "widgets/ChoiceBox.h"
+#include "widgets/FieldFocus.h"
 #include "widgets/FirmwareHint.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
+namespace {
+
+/// Qt would cut a text at some length without a word; what is too long is refused in words.
+constexpr int anyLength = 1 << 24;
+
+}  // namespace
 QString ParameterControl::inWords(const std::string& word) const {
     return fromUtf8(inQuotes(utf8FromLatin1(word)));
+}
+
+void ParameterControl::point() {
+    m_widget.setFocus(Qt::OtherFocusReason);
 }
 
 void ParameterControl::disable(const QString& reason) {
@@ -34,7 +45,9 @@ void ParameterControl::mark(Standing standing, const QString& reason) {
 }
 
 TextControl::TextControl(QLineEdit& field, ChangeMark& mark)
-    : ParameterControl(field, mark), m_field(field) {}
+    : ParameterControl(field, mark), m_field(field) {
+    field.setMaxLength(anyLength);
+}
 
 void TextControl::onChange(const std::function<void()>& changed) {
     QObject::connect(&m_field, &QLineEdit::textChanged, &m_mark, changed);
@@ -49,8 +62,14 @@ void TextControl::show(const std::string& text) {
     m_field.setCursorPosition(0);  // the front of a long value
 }
 
+void TextControl::point() {
+    pointToField(m_field);
+}
+
 ChoiceControl::ChoiceControl(EditableChoiceBox& box, ChangeMark& mark)
-    : ParameterControl(box, mark), m_box(box) {}
+    : ParameterControl(box, mark), m_box(box) {
+    box.lineEdit()->setMaxLength(anyLength);
+}
 
 void ChoiceControl::onChange(const std::function<void()>& changed) {
     QObject::connect(&m_box, &QComboBox::currentTextChanged, &m_mark, changed);
@@ -63,6 +82,10 @@ QString ChoiceControl::text() const {
 void ChoiceControl::show(const std::string& text) {
     m_box.showText(text);
     m_box.lineEdit()->setCursorPosition(0);
+}
+
+void ChoiceControl::point() {
+    pointToField(*m_box.lineEdit());
 }
 
 CheckControl::CheckControl(QAbstractButton& button, ChangeMark& mark)

@@ -37,6 +37,8 @@ class ParameterControl {
     /// A word of the controller's (Latin-1) as this control puts it.
     virtual QString inWords(const std::string& word) const;
 
+    /// Puts the cursor into it.
+    virtual void point();
     void disable(const QString& reason);
     /// Marks the control, and says why.
     void mark(Standing standing, const QString& reason);
@@ -55,6 +57,7 @@ class TextControl : public ParameterControl {
     void onChange(const std::function<void()>& changed) override;
     QString text() const override;
     void show(const std::string& text) override;
+    void point() override;
 
  private:
     QLineEdit& m_field;
@@ -67,6 +70,7 @@ class ChoiceControl : public ParameterControl {
     void onChange(const std::function<void()>& changed) override;
     QString text() const override;
     void show(const std::string& text) override;
+    void point() override;
 
  private:
     EditableChoiceBox& m_box;

@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <memory>
 
 #include "parameters/forms/ChangeMark.h"
+#include "parameters/forms/CompareGrid.h"
 #include "parameters/forms/SetupParameters.h"
 #include "support/FormDriver.h"
 #include "support/World.h"
@@ -59,6 +61,16 @@ class SetupWorld : public ::testing::Test, public World {
     State mark(const std::string& name) {
         return control<ChangeMark>(*form, (name + "Mark").c_str()).standing();
     }
+
+    /// What stands in the table that compares, the heading apart, and opens it for that.
+    std::string compared() {
+        if (shown("Compare") == "off")
+            click(*form, "Compare");
+        const std::string text = control<CompareGrid>(*form, "compareGrid").text().toStdString();
+        return text.substr(text.find('\n') + 1);
+    }
+    /// Forgets what the controllers have accepted, as a new start of the program does.
+    void forgetNotes() { handOver.notes = std::make_shared<DeviceNotes>(); }
 
     LinkHandOver handOver{true, true, {{3}, "9600", "01"}, {322}};
     std::unique_ptr<SetupParameters> form;
