@@ -7,6 +7,7 @@
 
 #include "app/PortNote.h"
 #include "app/SearchCom.h"
+#include "link/Framing.h"
 #include "panel/forms/MainControlForm.h"
 #include "platform/Latin1.h"
 #include "ui_SelectComForm.h"
@@ -50,6 +51,7 @@ void SelectComForm::connectHandlers() {
     handlers.onClick(*m_ui->SearchAllZLT, [this](bool) { SearchAllZLT_Click(); });
     handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
     handlers.onClick(*m_ui->copyCommand, [this](bool) { copyCommand_Click(); });
+    handlers.onClick(m_ui->pendingNote->button(), [this](bool) { usePending_Click(); });
     handlers.connect(m_ui->combo, &QComboBox::currentTextChanged, this, &SelectComForm::showPort);
     handlers.connect(&m_portTimer, &QTimer::timeout, this, &SelectComForm::portTimer_Timer);
 }
@@ -106,17 +108,20 @@ void SelectComForm::ProgramEdit_Click() {
 void SelectComForm::connectToController(bool startInProgram) {
     const Settings settings = typedSettings();
     saveSettings(settings);
-    MainControlForm panel(services(), this);
+    MainControlForm panel(services(), this, m_notes);
     if (startInProgram)
         panel.startInProgram();
     panel.Form_Load({portNumberFromText(settings.port), settings.baud, settings.deviceId});
     panel.showModal();
+    m_ui->pendingNote->showNote(panel.connection(), m_notes->of(panel.connection()));
     showPort();
 }
 
 void SelectComForm::SearchZLT_Click() {
     SearchCom progress(services(), SearchMode::firstFound, this);
-    if (!runSearch(progress))
+    const bool anyPort = runSearch(progress);
+    noteAnswers(progress.search());
+    if (!anyPort)
         return;
     const auto& device = progress.search().found();
     if (!device) {
@@ -132,7 +137,9 @@ void SelectComForm::SearchZLT_Click() {
 
 void SelectComForm::SearchAllZLT_Click() {
     SearchCom progress(services(), SearchMode::all, this);
-    if (!runSearch(progress))
+    const bool anyPort = runSearch(progress);
+    noteAnswers(progress.search());
+    if (!anyPort)
         return;
     const std::string& results = progress.search().results();
     services().gate.message(results.empty() ? "No device found!" : results);
@@ -150,6 +157,20 @@ void SelectComForm::Close_Click() {
 
 void SelectComForm::copyCommand_Click() {
     QGuiApplication::clipboard()->setText(m_ui->portCommand->text());
+}
+
+void SelectComForm::usePending_Click() {
+    const Connection& connection = m_ui->pendingNote->connection();
+    m_ui->combo->showText(portText(connection.port));
+    m_ui->baudCom->showText(connection.baudRate);
+    m_ui->DeviceIDCombo->showText(connection.deviceId);
+    m_ui->pendingNote->hide();
+    showPort();
+}
+
+void SelectComForm::noteAnswers(const DeviceSearch& search) {
+    for (const Connection& device : search.answered())
+        m_notes->noteReply(device, "DN", std::string(deviceNamePrefix) + device.deviceId);
 }
 
 void SelectComForm::portTimer_Timer() {

@@ -3,8 +3,10 @@
 #include <QTimer>
 #include <memory>
 
-#include "link/serial/PortDirectory.h"
+#include "link/DeviceNotes.h"
+#include "link/DeviceSearch.h"
 #include "link/Settings.h"
+#include "link/serial/PortDirectory.h"
 #include "widgets/Screen.h"
 
 namespace Ui {
@@ -36,6 +38,7 @@ class SelectComForm : public Screen {
     void SearchAllZLT_Click();
     void Close_Click();
     void copyCommand_Click();
+    void usePending_Click();
     void portTimer_Timer();
 
     void closeScreen() override { Close_Click(); }
@@ -50,7 +53,11 @@ class SelectComForm : public Screen {
     /// Grows with the lines below the boxes, so that they never squeeze what is above.
     void makeRoom();
 
+    /// Keeps who answered to a search.
+    void noteAnswers(const DeviceSearch& search);
+
     PortDirectory& m_directory;
+    std::shared_ptr<DeviceNotes> m_notes = std::make_shared<DeviceNotes>();
     std::unique_ptr<Ui::SelectComForm> m_ui;
     QTimer m_portTimer{this};
 };
