@@ -7,6 +7,7 @@
 
 #include "app/PortNote.h"
 #include "app/SearchCom.h"
+#include "link/Exchange.h"
 #include "panel/forms/MainControlForm.h"
 #include "platform/Text.h"
 #include "ui_SelectComForm.h"
@@ -53,6 +54,7 @@ void SelectComForm::connectHandlers() {
     handlers.onClick(*m_ui->SearchAllZLT, [this](bool) { SearchAllZLT_Click(); });
     handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
     handlers.onClick(*m_ui->copyCommand, [this](bool) { copyCommand_Click(); });
+    handlers.onClick(m_ui->pendingNote->button(), [this](bool) { usePending_Click(); });
     for (QComboBox* box : {m_ui->combo, m_ui->baudCom, m_ui->DeviceIDCombo})
         handlers.connect(box, &QComboBox::currentTextChanged, this, &SelectComForm::boxes_Changed);
     handlers.connect(&m_portTimer, &QTimer::timeout, this, &SelectComForm::portTimer_Timer);
@@ -115,19 +117,22 @@ void SelectComForm::connectToController(bool startInProgram) {
     // Plugging and the port list change nothing under a running panel.
     const SettledPort settled(m_directory, port);
     m_memory.remember(port, m_directory.entry(port));
-    MainControlForm panel(services(), this);
+    MainControlForm panel(services(), this, m_notes);
     if (startInProgram)
         panel.startInProgram();
     panel.Form_Load({port, settings.baud, settings.deviceId});
     if (!panel.link().CommOK())
         m_lineFault = panel.link().lineFault();
     panel.showModal();
+    m_ui->pendingNote->showNote(panel.connection(), m_notes->of(panel.connection()));
     showPort();
 }
 
 void SelectComForm::SearchZLT_Click() {
     SearchCom progress(services(), SearchMode::firstFound, this);
-    if (!runSearch(progress))
+    const bool anyPort = runSearch(progress);
+    noteAnswers(progress.search());
+    if (!anyPort)
         return;
     const auto& device = progress.search().found();
     if (!device) {
@@ -145,7 +150,9 @@ void SelectComForm::SearchZLT_Click() {
 
 void SelectComForm::SearchAllZLT_Click() {
     SearchCom progress(services(), SearchMode::all, this);
-    if (!runSearch(progress))
+    const bool anyPort = runSearch(progress);
+    noteAnswers(progress.search());
+    if (!anyPort)
         return;
     const std::string told = progress.search().results() + progress.search().losses();
     services().gate.message(told.empty() ? "No device found!" : told);
@@ -163,6 +170,20 @@ void SelectComForm::Close_Click() {
 
 void SelectComForm::copyCommand_Click() {
     QGuiApplication::clipboard()->setText(m_ui->portCommand->text());
+}
+
+void SelectComForm::usePending_Click() {
+    const Connection& connection = m_ui->pendingNote->connection();
+    m_ui->combo->showText(portText(connection.port));
+    m_ui->baudCom->showText(connection.baudRate);
+    m_ui->DeviceIDCombo->showText(connection.deviceId);
+    m_ui->pendingNote->hide();
+    showPort();
+}
+
+void SelectComForm::noteAnswers(const DeviceSearch& search) {
+    for (const Connection& device : search.answered())
+        m_notes->noteReply(device, "DN", std::string(deviceNamePrefix) + device.deviceId);
 }
 
 void SelectComForm::portTimer_Timer() {

@@ -3,6 +3,8 @@
 #include <QTimer>
 #include <memory>
 
+#include "link/DeviceNotes.h"
+#include "link/DeviceSearch.h"
 #include "link/LineFault.h"
 #include "link/Settings.h"
 #include "link/serial/PortDirectory.h"
@@ -38,6 +40,7 @@ class SelectComForm : public Screen {
     void SearchAllZLT_Click();
     void Close_Click();
     void copyCommand_Click();
+    void usePending_Click();
     void portTimer_Timer();
     /// What was said of the last connection is said no more: these are other settings.
     void boxes_Changed();
@@ -54,9 +57,13 @@ class SelectComForm : public Screen {
     /// Grows with the lines below the boxes, so that they never squeeze what is above.
     void makeRoom();
 
+    /// Keeps who answered to a search.
+    void noteAnswers(const DeviceSearch& search);
+
     PortDirectory& m_directory;
     PortMemory m_memory;
     LineFault m_lineFault = LineFault::none;  ///< of the last connection, if it failed
+    std::shared_ptr<DeviceNotes> m_notes = std::make_shared<DeviceNotes>();
     std::unique_ptr<Ui::SelectComForm> m_ui;
     QTimer m_portTimer{this};
 };

@@ -204,6 +204,8 @@ void Walk::setup(QWidget& form) {
     control<QComboBox>(form, "RunCurrentSelect").setEditText(QStringLiteral("1200"));
     click(form, "DirPol2");
     take(form, "setup");
+    click(form, "Compare");
+    take(form, "setup-compare");
 }
 
 void Walk::terminal(QWidget& form) {

@@ -112,6 +112,8 @@ DeviceSearch::State DeviceSearch::probe() {
     m_view.showText("Trying Port " + std::to_string(m_number.value) + ", Baud:" + place.baudRate +
                     " ID:" + place.deviceId);
     const bool answered = m_port.write(frameRequest(place.deviceId, "DN")) && listen();
+    if (answered)
+        m_answered.push_back(place);
     if (answered && m_mode == SearchMode::firstFound) {
         m_found = place;
         return State::over;

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "link/Port.h"
 
@@ -49,6 +50,8 @@ class DeviceSearch {
     /// The controller that ended a search for the first one, in the texts of the start-up screen's
     /// boxes.
     const std::optional<Connection>& found() const { return m_found; }
+    /// All that answered, however the search ended.
+    const std::vector<Connection>& answered() const { return m_answered; }
     /// The lines of a search for all, each ended by CR LF.
     const std::string& results() const { return m_results; }
     /// The ports that could be opened and went away before they were searched to the end, as an
@@ -83,6 +86,7 @@ class DeviceSearch {
     int m_id = 1;
     int m_progress = 0;
     std::optional<Connection> m_found;
+    std::vector<Connection> m_answered;
     std::string m_results;
     std::string m_losses;
 };

@@ -71,6 +71,14 @@ std::string_view behindDeviceNamePrefix(std::string_view reply, std::size_t coun
     return reply.substr(std::min(deviceNamePrefix.size(), reply.size()), count);
 }
 
+std::optional<std::string_view> deviceIdOfName(std::string_view reply) {
+    constexpr std::size_t deviceIdLength = 2;
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    const std::string_view digits = behindDeviceNamePrefix(reply, deviceIdLength);
+    const bool complete = digits.size() == deviceIdLength && std::ranges::all_of(digits, isDigit);
+    return isDeviceName(reply) && complete ? std::optional(digits) : std::nullopt;
+}
+
 bool isDeviceName(std::string_view reply) {
     return reply.starts_with(deviceNamePrefix);
 }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <functional>
 #include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -62,6 +63,9 @@ std::string_view ReplyHeaderStrip(std::string_view line);
 /// What stands behind the prefix in a "DN" reply, `count` characters at the most: the two
 /// digits of the device ID in a proper name. Whatever the reply is, it is not judged.
 std::string_view behindDeviceNamePrefix(std::string_view reply, std::size_t count);
+
+/// The two digits of the device ID in a "DN" reply; nothing for one that is no controller's name.
+std::optional<std::string_view> deviceIdOfName(std::string_view reply);
 
 /// Whether a "DN" reply is the name of one of our controllers.
 bool isDeviceName(std::string_view reply);

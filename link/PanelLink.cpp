@@ -10,7 +10,7 @@ PanelLink::PanelLink(const Services& services, PanelLinkListener& listener)
       m_listener(listener) {}
 
 LinkHandOver PanelLink::handOver() const {
-    return {PortReady, CommOK(), connection, firmware};
+    return {PortReady, CommOK(), connection, firmware, notes};
 }
 
 void PanelLink::lendPort(const std::function<void()>& action, std::chrono::milliseconds settling) {

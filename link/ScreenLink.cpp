@@ -24,6 +24,7 @@ bool ScreenLink::openPort() {
 
 void ScreenLink::takeOver(const LinkHandOver& handOver) {
     connection = handOver.connection;
+    notes = handOver.notes;
     PortReady = handOver.PortReady;
     setCommOK(handOver.CommOK);
 }
@@ -94,6 +95,7 @@ ScreenLink::Exchanged ScreenLink::read(std::string_view command) {
         m_flavour.emptyReply == EmptyReply::returned || command.starts_with("SA");
     if (reply.empty() && !mayBeEmpty)
         return {{}, &m_flavour.onEmptyReply, Ending::reply};
+    notes->noteReply(connection, command, reply);
     return {std::string(reply)};
 }
 

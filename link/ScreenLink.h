@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "link/DeviceNotes.h"
 #include "link/Flavour.h"
 #include "link/LineFault.h"
 #include "link/Services.h"
@@ -45,6 +46,7 @@ struct LinkHandOver {
     bool CommOK = false;
     Connection connection;
     FirmwareVersion firmware;
+    std::shared_ptr<DeviceNotes> notes = std::make_shared<DeviceNotes>();
 };
 
 /// One screen's link to its controller: the port it owns, the two flags and the exchange.
@@ -103,6 +105,8 @@ class ScreenLink {
     /// Set while this screen has its port open.
     bool PortReady = false;
     Connection connection;
+    /// What the screens of one run know of the controllers; never null.
+    std::shared_ptr<DeviceNotes> notes = std::make_shared<DeviceNotes>();
 
  private:
     struct Exchanged {

@@ -3,30 +3,67 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 
+#include "link/DeviceNotes.h"
+#include "parameters/ParameterEncoding.h"
 #include "parameters/ParameterTable.h"
 
 namespace zlt {
 
-/// What the controller last said of each field, by a reply to a query or its "OK" to a
-/// setting. What a failed exchange left on the screen is none of its words.
+/// A value that the controller did not take, and what it said instead of "OK". Latin-1.
+struct Refusal {
+    std::string text;
+    std::string reply;
+};
+
+/// What the controller last said of each field, and what is known of its flash. Kept by the replies
+/// alone: a failed exchange says nothing.
 class DeviceCopy {
  public:
-    void note(const FieldText& word) { m_words[index(word.field)] = word.text; }
+    /// `note` outlives the copy, and the screen.
+    explicit DeviceCopy(DeviceNote& note) : m_note(&note) {}
 
-    /// Nothing when the controller has said nothing yet.
+    /// The controller's word for a field; nothing when it is not known.
     const std::optional<std::string>& word(ParameterField field) const {
-        return m_words[index(field)];
+        return m_fields[index(field)].word;
     }
+    const std::optional<Refusal>& refusal(ParameterField field) const {
+        return m_fields[index(field)].refusal;
+    }
+    /// What it has accepted for its next power-up; device ID and baud rate only.
+    const std::optional<std::string>& pending(ParameterField field) const;
+    /// What the next power-up brings; nothing when that is not known.
+    std::optional<std::string> afterPowerUp(ParameterField field) const;
+    /// Whether the field was written and not stored.
+    bool isUnstored(ParameterField field) const;
+    bool isUnstored() const { return !m_note->unstored.empty(); }
 
-    /// Set when something was written that no store to flash has followed yet. What was
-    /// written before this screen opened is not known here.
-    bool unstored = false;
+    /// A reply to a query told what a field is.
+    void noteRead(const FieldText& word);
+    /// A query did not tell it.
+    void noteUnread(FieldRange fields);
+    /// The controller said "OK" to these values. True when they are new to it.
+    bool noteAccepted(const Parameter& parameter, const ParameterValues& values);
+    void noteRefused(const Parameter& parameter, const ParameterValues& values,
+                     std::string_view reply);
+    /// Whether these values were taken is not known: nothing was said in time.
+    void noteLost(const Parameter& parameter);
+    void noteStored() { m_note->unstored.clear(); }
 
  private:
+    struct Known {
+        std::optional<std::string> word;
+        std::optional<Refusal> refusal;
+    };
     static std::size_t index(ParameterField field) { return static_cast<std::size_t>(field); }
+    Known& known(ParameterField field) { return m_fields[index(field)]; }
+    std::optional<std::string>* pendingPlace(ParameterField field) const;
+    void keepFlashWord(ParameterField field);
+    void dropIfInFlash(ParameterField field);
 
-    std::array<std::optional<std::string>, parameterFieldCount> m_words;
+    DeviceNote* m_note;
+    std::array<Known, parameterFieldCount> m_fields;
 };
 
 }  // namespace zlt

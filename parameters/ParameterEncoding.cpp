@@ -1,7 +1,10 @@
 #include "parameters/ParameterEncoding.h"
 
+#include <algorithm>
+
 #include "link/Exchange.h"
 #include "platform/NumberConversion.h"
+#include "platform/Text.h"
 
 namespace zlt {
 namespace {
@@ -10,19 +13,38 @@ const char* flag(bool set) {
     return set ? "1" : "0";
 }
 
-FieldText baudRateField(std::int32_t code) {
-    if (const auto rate = baudRateOfCode(code))
-        return {ParameterField::baudRate, std::string(*rate)};
-    return {ParameterField::baudRate, "code " + std::to_string(code), false};
-}
-
 /// By number: "09600" is 9600 too.
-std::optional<std::string> codeOfBaudRate(std::string_view text) {
+std::optional<std::size_t> codeOfBaudRate(std::string_view text) {
     const auto wanted = parseInteger(text);
     for (std::size_t place = 0; wanted && place < baudRates.size(); ++place)
         if (wanted == parseInteger(baudRates[place]))
-            return std::to_string(place + 1);
+            return place + 1;
     return std::nullopt;
+}
+
+ReplyFields both(std::vector<FieldText> fields) {
+    return {fields, fields};
+}
+
+ReplyFields fieldsOfBaudCode(std::int32_t code) {
+    constexpr auto field = ParameterField::baudRate;
+    if (const auto rate = baudRateOfCode(code))
+        return both({{field, std::string(*rate)}});
+    return {{}, {{field, "code " + std::to_string(code)}}};
+}
+
+ReplyFields fieldsOfNumber(const Parameter& parameter, std::int32_t number) {
+    const ParameterField field = parameter.fields.first;
+    switch (parameter.encoding) {
+        case Encoding::nonZero:
+            return both({{field, flag(number != 0)}});
+        case Encoding::one:
+            return both({{field, flag(number == 1)}});
+        case Encoding::baudCode:
+            return fieldsOfBaudCode(number);
+        default:
+            return both(fieldsOfWord(number, parameter.fields));
+    }
 }
 
 }  // namespace
@@ -42,41 +64,59 @@ std::vector<FieldText> fieldsOfWord(std::int32_t word, FieldRange fields) {
     return texts;
 }
 
-std::vector<FieldText> fieldsOfReply(const ParameterRow& parameter, std::string_view reply) {
+std::optional<std::string> whyUnsendable(std::string_view text) {
+    const auto control = [](char c) { return c == '\t' || isControlCharacter(c); };
+    if (std::ranges::any_of(text, control))
+        return "holds a control character, which no command can carry";
+    if (text.size() > longestParameterText)
+        return "is longer than " + std::to_string(longestParameterText) + " characters";
+    return std::nullopt;
+}
+
+ReplyFields fieldsOfReply(const Parameter& parameter, std::string_view reply) {
     const ParameterField field = parameter.fields.first;
+    const FieldText asItStands{field, std::string(reply)};
+    const auto number = parseInteger(reply);
     switch (parameter.encoding) {
         case Encoding::text:
-            return {{field, std::string(reply)}};
+            return whyUnsendable(reply) ? ReplyFields{} : both({asItStands});
+        case Encoding::number:
+            if (whyUnsendable(reply))
+                return {};
+            return number ? both({asItStands}) : ReplyFields{{asItStands}, {}};
         case Encoding::deviceName:
-            return {{field, std::string(behindDeviceNamePrefix(reply, 2))}};
+            if (const auto id = deviceIdOfName(reply))
+                return both({{field, std::string(*id)}});
+            return {};
         default:
-            break;
-    }
-    const std::int32_t number = replyToInteger(parameter.command, reply);
-    switch (parameter.encoding) {
-        case Encoding::nonZero:
-            return {{field, flag(number != 0)}};
-        case Encoding::one:
-            return {{field, flag(number == 1)}};
-        case Encoding::baudCode:
-            return {baudRateField(number)};
-        default:
-            return fieldsOfWord(number, parameter.fields);
+            return number ? fieldsOfNumber(parameter, *number) : ReplyFields{};
     }
 }
 
-std::optional<std::string> writeCommand(const ParameterRow& parameter,
-                                        const ParameterValues& values) {
+std::string asTaken(ParameterField field, const std::string& text) {
+    const auto code = field == ParameterField::baudRate ? codeOfBaudRate(text) : std::nullopt;
+    return code ? std::string(baudRates[*code - 1]) : text;
+}
+
+bool isSameValue(ParameterField field, std::string_view one, std::string_view other) {
+    if (one == other)
+        return true;
+    const auto code = codeOfBaudRate(one);
+    return field == ParameterField::baudRate && code && code == codeOfBaudRate(other);
+}
+
+std::optional<std::string> writeCommand(const Parameter& parameter, const ParameterValues& values) {
     const std::string name = std::string(parameter.command) + "=";
     const std::string& text = values[parameter.fields.first];
     switch (parameter.encoding) {
         case Encoding::text:
+        case Encoding::number:
             return name + text;
         case Encoding::deviceName:
             return name + std::string(deviceNamePrefix) + text;
         case Encoding::baudCode:
             if (const auto code = codeOfBaudRate(text))
-                return name + *code;
+                return name + std::to_string(*code);
             return std::nullopt;
         default:
             return name + std::to_string(wordOf(values, parameter.fields));

@@ -2,102 +2,162 @@
 
 #include <algorithm>
 
-#include "parameters/ParameterEncoding.h"
+#include "platform/FileNames.h"
 #include "platform/NumberConversion.h"
 #include "platform/Text.h"
 
 namespace zlt {
 namespace {
 
-using F = ParameterField;
+/// Some editors put it in front of a text.
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-struct FileLine {
-    enum class Kind { word, text, flag };
+const FileChoice saveChoice{.title = "Save ZLT-R-NX Parameters As",
+                            .filter = "Parameter Files (*.par)|*.par",
+                            .initialName = ""};
+const FileChoice openChoice{.title = "Open ZLT-R-NX Parameter File",
+                            .filter = "ZLT-R-NX Parameter Files (*.par)|*.par",
+                            .initialName = "*.par"};
 
-    Kind kind;
-    FieldRange fields;
-    const char* name;
-};
+/// How a line of the file is written.
+enum class LineKind { word, text, flag };
 
-constexpr std::array layout{
-    FileLine{FileLine::Kind::word, {F::directionPolarity, 5}, "polarity"},
-    FileLine{FileLine::Kind::text, {F::deviceId}, "device ID"},
-    FileLine{FileLine::Kind::text, {F::microstep}, "microstep"},
-    FileLine{FileLine::Kind::text, {F::runCurrent}, "run current"},
-    FileLine{FileLine::Kind::text, {F::idleCurrent}, "idle current"},
-    FileLine{FileLine::Kind::text, {F::baudRate}, "baud rate"},
-    FileLine{FileLine::Kind::flag, {F::nameInReplies}, "name in replies"},
-    FileLine{FileLine::Kind::flag, {F::limitDisable}, "limit disable"},
-    FileLine{FileLine::Kind::flag, {F::autoRun0}, "auto run 0"},
-    FileLine{FileLine::Kind::flag, {F::autoRun1}, "auto run 1"},
-    FileLine{FileLine::Kind::text, {F::lca}, "LCA"},
-    FileLine{FileLine::Kind::text, {F::hca}, "HCA"},
-};
+LineKind kindOf(FieldRange line) {
+    if (line.count > 1)
+        return LineKind::word;
+    switch (parameterRow(line.first).encoding) {
+        case Encoding::bits:
+        case Encoding::nonZero:
+        case Encoding::one:
+            return LineKind::flag;
+        case Encoding::text:
+        case Encoding::number:
+        case Encoding::deviceName:
+        case Encoding::baudCode:
+            break;
+    }
+    return LineKind::text;
+}
 
-const char* expectation(FileLine::Kind kind) {
+const char* expectation(LineKind kind) {
     switch (kind) {
-        case FileLine::Kind::word:
+        case LineKind::word:
             return "a whole number";
-        case FileLine::Kind::flag:
+        case LineKind::flag:
             return "0 or 1";
-        case FileLine::Kind::text:
+        case LineKind::text:
             break;
     }
     return "plain text";
 }
 
-bool isPlain(std::string_view text) {
-    return std::none_of(text.begin(), text.end(), isControlCharacter);
+[[noreturn]] void refuse(std::size_t place, const std::string& found) {
+    const FieldRange line = fileLayout()[place];
+    throw MalformedParameterFile("Line " + std::to_string(place + 1) + " (" +
+                                 namesOf({line.first}) + ") should be " +
+                                 expectation(kindOf(line)) + ", but " + found + ".");
 }
 
-[[noreturn]] void refuse(std::size_t place, const std::string& found) {
-    const FileLine& line = layout[place];
-    throw MalformedParameterFile("Line " + std::to_string(place + 1) + " (" + line.name +
-                                 ") should be " + expectation(line.kind) + ", but " + found + ".");
+/// A flag is a whole number, 0 or 1: no fraction is rounded to one.
+std::optional<std::string> readFlag(const std::string& text) {
+    const auto number = text.find('.') == std::string::npos ? parseInteger(text) : std::nullopt;
+    if (number == 0 || number == 1)
+        return std::to_string(*number);
+    return std::nullopt;
 }
 
 std::vector<FieldText> readLine(std::size_t place, const std::string& text) {
-    const FileLine& line = layout[place];
-    const auto number = parseInteger(text);
-    switch (line.kind) {
-        case FileLine::Kind::text:
-            if (isPlain(text))
-                return {{line.fields.first, text}};
+    const FieldRange line = fileLayout()[place];
+    switch (kindOf(line)) {
+        case LineKind::text:
+            if (const auto reason = whyUnsendable(text))
+                refuse(place, "it " + *reason + ": " + inQuotes(utf8FromLatin1(text)));
+            return {{line.first, text}};
+        case LineKind::flag:
+            if (const auto flag = readFlag(text))
+                return {{line.first, *flag}};
             break;
-        case FileLine::Kind::flag:
-            if (text == "0" || text == "1")
-                return {{line.fields.first, text}};
-            break;
-        case FileLine::Kind::word:
-            if (number)
-                return fieldsOfWord(*number, line.fields);
+        case LineKind::word:
+            if (const auto number = parseInteger(text))
+                return fieldsOfWord(*number, line);
             break;
     }
     refuse(place, "holds " + inQuotes(utf8FromLatin1(text)));
+}
+
+/// Empty texts at the end, whose empty lines editors like to take off.
+bool mayBeMissing(std::size_t place) {
+    const ParameterField field = fileLayout()[place].first;
+    return field == ParameterField::lca || field == ParameterField::hca;
 }
 
 }  // namespace
 
 std::string parameterFileText(const ParameterValues& values) {
     std::string text;
-    for (const FileLine& line : layout) {
-        text += line.kind == FileLine::Kind::word ? std::to_string(wordOf(values, line.fields))
-                                                  : values[line.fields.first];
+    for (const FieldRange line : fileLayout()) {
+        text += kindOf(line) == LineKind::word ? std::to_string(wordOf(values, line))
+                                               : values[line.first];
         text += "\r\n";
     }
     return text;
 }
 
 std::vector<FieldText> readParameterFile(std::string_view bytes) {
-    const std::vector<std::string> lines = splitLines(bytes);
+    if (bytes.starts_with(byteOrderMark))
+        bytes.remove_prefix(byteOrderMark.size());
+    std::vector<std::string> lines = splitLines(bytes);
     std::vector<FieldText> all;
-    for (std::size_t place = 0; place < layout.size(); ++place) {
+    for (std::size_t place = 0; place < fileLayout().size(); ++place) {
+        if (place >= lines.size() && mayBeMissing(place))
+            lines.emplace_back();
         if (place >= lines.size())
             refuse(place, "the file ends before it");
         for (FieldText& field : readLine(place, lines[place]))
             all.push_back(std::move(field));
     }
     return all;
+}
+
+void ParameterFiles::save(const std::vector<ParameterField>& unread) {
+    const ParameterValues values = m_view.values();
+    std::vector<ParameterField> saved = unread;
+    std::erase_if(saved, [](ParameterField field) { return parameterRow(field).fileLine == 0; });
+    if (!confirmUnread(m_services.gate, "Save", saved,
+                       "Save what the screen shows there all the same?"))
+        return;
+    const auto name = chooseSaveName(m_services.gate, saveChoice, "No Parameter File Name!");
+    if (!name)
+        return;
+    const std::string text = parameterFileText(values);
+    if (const auto failure = m_services.files.writeWhole(*name, text))
+        m_services.gate.message(notSaved("The parameters", *name, *failure));
+    else
+        m_services.gate.message("Save Parameters to file done!");
+}
+
+void ParameterFiles::open() {
+    const auto name = chooseOpenName(m_services.gate, openChoice);
+    if (!name)
+        return;
+    const std::string file = "File " + utf8FromPath(*name);
+    const FileContent content = m_services.files.read(*name);
+    if (content.kind != FileContent::Kind::whole) {
+        m_services.gate.message(content.kind == FileContent::Kind::absent
+                                    ? file + " does not exist!"
+                                    : notRead(*name, content));
+        return;
+    }
+    try {
+        ParameterValues opened;
+        for (const FieldText& field : readParameterFile(content.bytes)) {
+            m_view.showField(field.field, field.text);
+            opened[field.field] = field.text;
+        }
+        m_view.showOpened(opened);
+    } catch (const MalformedParameterFile& fault) {
+        m_services.gate.message(file + " is not a parameter file.  " + fault.what());
+    }
 }
 
 }  // namespace zlt

@@ -1,24 +1,16 @@
 #include "parameters/ParameterTransfer.h"
 
+#include "parameters/Comparison.h"
 #include "parameters/ParameterEncoding.h"
-#include "platform/NumberConversion.h"
-#include "platform/Text.h"
 
 namespace zlt {
-namespace {
-
-constexpr std::string_view acknowledged = "OK";
-/// The baud question bears it too.
-constexpr std::string_view changeTitle = "Device ID";
-
-}  // namespace
-
 ParameterTransfer::ParameterTransfer(const Services& services, const LinkHandOver& handOver,
                                      ParameterView& view)
     : m_services(services),
       m_view(view),
       m_firmware(handOver.firmware),
-      m_link(services, flavours::parameterSetup, nullptr) {
+      m_link(services, flavours::parameterSetup, nullptr),
+      m_copy(handOver.notes->of(handOver.connection)) {
     m_link.takeOver(handOver);
 }
 
@@ -36,35 +28,55 @@ void ParameterTransfer::upload() {
     if (!ready())
         return;
     m_view.showActivity(ParameterView::Activity::reading);
+    m_view.showOutcome({});
     for (const TransferStep& step : uploadOrder()) {
-        const FieldRange fields = step.parameter->fields;
+        const FieldRange fields = step.parameter.fields;
         disableUnread(fields);
-        if (m_firmware < fieldRow(fields.first).readFrom)
+        if (m_firmware < parameterRow(fields.first).readFrom)
             continue;
         read(step);
         if (step.check != LinkCheck::none && !m_link.CommOK())
-            return;
+            break;
     }
+    showUnread();
 }
 
 void ParameterTransfer::disableUnread(FieldRange fields) {
     for (std::size_t place = 0; place < fields.count; ++place)
-        if (m_firmware < fieldRow(fields[place]).readFrom)
+        if (m_firmware < parameterRow(fields[place]).readFrom)
             m_view.disable(fields[place]);
 }
 
 void ParameterTransfer::read(const TransferStep& step) {
-    const auto words = fieldsOfReply(*step.parameter, m_link.SendReceive(step.parameter->command));
-    if (step.check == LinkCheck::beforeShowing && !m_link.CommOK())
-        return;
-    for (const FieldText& word : words) {
-        if (m_firmware < fieldRow(word.field).readFrom)
-            continue;
-        if (word.offered)
-            m_view.showField(word.field, word.text);
-        if (m_link.CommOK())
-            note(word);
+    const Parameter& parameter = step.parameter;
+    if (!m_link.CommOK())
+        return;  // not asked any more
+    const std::string reply = m_link.SendReceive(parameter.command);
+    m_copy.noteUnread(parameter.fields);
+    if (m_link.CommOK()) {
+        const ReplyFields fields = fieldsOfReply(parameter, reply);
+        const auto lacks = [this](const FieldText& each) {
+            return m_firmware < parameterRow(each.field).readFrom;
+        };
+        for (const FieldText& word : fields.words)
+            if (!lacks(word))
+                m_copy.noteRead(word);
+        for (const FieldText& each : fields.shown)
+            if (!lacks(each))
+                m_view.showField(each.field, each.text);
     }
+    m_view.showDeviceCopy(m_copy);
+}
+
+/// An exchange that failed has had its message; what it left unread is told on the screen alone.
+void ParameterTransfer::showUnread() {
+    const std::string unread = namesOf(unreadFields(m_copy, m_firmware));
+    if (unread.empty())
+        return;
+    m_view.showOutcome("Not read: " + unread);
+    if (m_link.CommOK())
+        showResult("Not read from the controller: " + unread +
+                   ".  What it answered there is no value.");
 }
 
 // Down
@@ -73,88 +85,10 @@ void ParameterTransfer::download() {
     if (!ready())
         return;
     const ParameterValues values = m_view.values();
-    m_view.showActivity(ParameterView::Activity::writing);
-    for (const TransferStep& step : downOrder()) {
-        const ParameterRow& parameter = *step.parameter;
-        if (m_firmware < fieldRow(parameter.fields.first).writtenFrom)
-            continue;
-        if (parameter.encoding == Encoding::deviceName)
-            writeDeviceId(parameter, values);
-        else if (parameter.encoding == Encoding::baudCode)
-            writeBaudRate(parameter, values);
-        else
-            write(parameter, values);
-        if (step.check != LinkCheck::none && !m_link.CommOK())
-            return;
-    }
-    showResult("Download Done!");
-}
-
-void ParameterTransfer::write(const ParameterRow& parameter, const ParameterValues& values) {
-    if (const auto command = writeCommand(parameter, values))
-        send(*command, parameter, values);
-}
-
-void ParameterTransfer::writeDeviceId(const ParameterRow& parameter,
-                                      const ParameterValues& values) {
-    const auto words = fieldsOfReply(parameter, m_link.SendReceive(parameter.command));
-    if (!m_link.CommOK())
+    if (!confirmUnread(m_services.gate, "Down", unreadFields(m_copy, m_firmware),
+                       "Write what the screen shows there all the same?"))
         return;
-    const FieldText& current = words.front();
-    note(current);
-    const std::string& wanted = values[current.field];
-    if (current.text == wanted)
-        return;
-    if (!m_services.gate.ask(changeTitle, "Are you sure you want change Device ID to " +
-                                              utf8FromLatin1(wanted) + "?")) {
-        m_view.showField(current.field, current.text);
-        return;
-    }
-    carryOut({.done = "Device ID Set.  Perform store to flash and reset power for new Device ID "
-                      "to take effect.",
-              .failed = "Error setting device ID"},
-             parameter, values);
-}
-
-void ParameterTransfer::writeBaudRate(const ParameterRow& parameter,
-                                      const ParameterValues& values) {
-    const std::string code = m_link.SendReceive(parameter.command);
-    if (!m_link.CommOK())
-        return;
-    if (parseInteger(code))
-        note(fieldsOfReply(parameter, code).front());
-    // Compared as texts: a code that is no number is simply another setting.
-    const auto wanted = writeCommand(parameter, values);
-    if (!wanted || *wanted == std::string(parameter.command) + "=" + code)
-        return;
-    if (!m_services.gate.ask(changeTitle, "Are you sure you want change the baudrate?"))
-        return;
-    carryOut({.done = "Baudrate change done.  Store to flash, exit program, and reset power for "
-                      "new baudrate to take effect.",
-              .failed = "Error setting baudrate."},
-             parameter, values);
-}
-
-void ParameterTransfer::carryOut(const ChangeMessages& messages, const ParameterRow& parameter,
-                                 const ParameterValues& values) {
-    m_view.showActivity(ParameterView::Activity::writing);  // over where the question was
-    const bool done = send(*writeCommand(parameter, values), parameter, values);
-    if (!m_link.CommOK())
-        return;
-    showResult(done ? messages.done : messages.failed);
-    m_view.showActivity(ParameterView::Activity::writing);
-}
-
-bool ParameterTransfer::send(std::string_view command, const ParameterRow& parameter,
-                             const ParameterValues& values) {
-    if (m_link.SendReceive(command) != acknowledged)
-        return false;
-    m_copy.unstored = true;
-    for (std::size_t place = 0; place < parameter.fields.count; ++place) {
-        const ParameterField field = parameter.fields[place];
-        note({field, values[field]});
-    }
-    return true;
+    ParameterDown(m_services.gate, m_view, m_link, m_copy, m_firmware).write(values);
 }
 
 // Flash
@@ -168,7 +102,7 @@ void ParameterTransfer::storeToFlash() {
     if (!m_link.CommOK())
         return;
     if (done) {
-        m_copy.unstored = false;
+        m_copy.noteStored();
         m_view.showDeviceCopy(m_copy);
     }
     showResult(done ? "Store to Flash done!" : "Error setting flash!");
@@ -177,11 +111,6 @@ void ParameterTransfer::storeToFlash() {
 void ParameterTransfer::showResult(std::string_view message) {
     m_view.showActivity(ParameterView::Activity::none);
     m_services.gate.message(message);
-}
-
-void ParameterTransfer::note(const FieldText& word) {
-    m_copy.note(word);
-    m_view.showDeviceCopy(m_copy);
 }
 
 }  // namespace zlt

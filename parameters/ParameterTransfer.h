@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "link/PanelLink.h"
-#include "parameters/ParameterView.h"
+#include "parameters/ParameterDown.h"
 
 namespace zlt {
 
@@ -17,10 +17,10 @@ class ParameterTransfer {
     void openPort() { m_link.openHandedOverPort(); }
     void closePort() { m_link.closePort(); }
 
-    /// Reads the whole set into the screen. Throws ConversionError, the rest left as it was,
-    /// at a reply that should be a number and is none.
+    /// Reads the whole set into the screen. What could not be read stays as it was, and is named
+    /// in one message at the end.
     void upload();
-    /// Writes the whole set to the controller. Throws NotLatin1 and ControlCharacter before
+    /// Writes the whole set to the controller. Throws what ParameterView::values() throws, before
     /// anything is sent.
     void download();
     void storeToFlash();
@@ -31,26 +31,15 @@ class ParameterTransfer {
     const DeviceCopy& deviceCopy() const { return m_copy; }
     /// The device that is addressed.
     const std::string& deviceId() const { return m_link.connection.deviceId; }
+    /// Whether another device has answered on the bus with this ID.
+    bool isTaken(const std::string& deviceId) const { return isTakenOn(m_link, deviceId); }
     FirmwareVersion firmware() const { return m_firmware; }
 
  private:
-    /// What the operator is told of a change that was asked about first.
-    struct ChangeMessages {
-        std::string_view done;
-        std::string_view failed;
-    };
-
     bool ready();
     void read(const TransferStep& step);
     void disableUnread(FieldRange fields);
-    void write(const ParameterRow& parameter, const ParameterValues& values);
-    void writeDeviceId(const ParameterRow& parameter, const ParameterValues& values);
-    void writeBaudRate(const ParameterRow& parameter, const ParameterValues& values);
-    void carryOut(const ChangeMessages& messages, const ParameterRow& parameter,
-                  const ParameterValues& values);
-    bool send(std::string_view command, const ParameterRow& parameter,
-              const ParameterValues& values);
-    void note(const FieldText& word);
+    void showUnread();
     /// Shows how a transfer came out; the screen is at rest again by then.
     void showResult(std::string_view message);
 

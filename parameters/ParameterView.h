@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "parameters/DeviceCopy.h"
 #include "parameters/ParameterTable.h"
 
@@ -10,8 +12,8 @@ class ParameterView {
  public:
     virtual ~ParameterView() = default;
 
-    /// What all controls hold. Throws NotLatin1 and ControlCharacter for a text that no wire and no
-    /// file can carry.
+    /// What all controls hold, Latin-1. Throws what names the field, with the cursor in it, for a
+    /// text that no wire and no file can carry.
     virtual ParameterValues values() const = 0;
     virtual void showField(ParameterField field, const std::string& text) = 0;
 
@@ -24,6 +26,10 @@ class ParameterView {
 
     /// The controller has said something new: marks on what differs, and what is not stored.
     virtual void showDeviceCopy(const DeviceCopy& copy) = 0;
+    /// What there is to say of the last transfer, in one line (UTF-8); nothing when empty.
+    virtual void showOutcome(std::string_view line) = 0;
+    /// A file's values stand on the screen now.
+    virtual void showOpened(const ParameterValues& values) = 0;
 };
 
 }  // namespace zlt

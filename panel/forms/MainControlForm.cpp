@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QShowEvent>
 #include <chrono>
+#include <utility>
 
 #include "panel/AboutText.h"
 #include "parameters/forms/SetupParameters.h"
@@ -29,7 +30,8 @@ std::unique_ptr<Ui::MainControlForm> makeControls(QDialog& form) {
 
 }  // namespace
 
-MainControlForm::MainControlForm(const Services& world, QWidget* parent)
+MainControlForm::MainControlForm(const Services& world, QWidget* parent,
+                                 std::shared_ptr<DeviceNotes> notes)
     : Screen(world, parent),
       m_ui(makeControls(*this)),
       m_session(services(), *this),
@@ -39,6 +41,7 @@ MainControlForm::MainControlForm(const Services& world, QWidget* parent)
       m_transfer(services(), m_session.link, *m_ui->programFrame),
       m_runControl(m_session.link,
                    [this](std::string_view command) { m_motion.SendMotionCommand(command); }) {
+    m_session.link.notes = std::move(notes);
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setTimerType(Qt::PreciseTimer);
     m_timer1.setInterval(pollInterval);
@@ -95,6 +98,7 @@ void MainControlForm::Form_Load(const Connection& connection) {
         m_ui->stopFrame->showDevice(connection.deviceId);
         if (m_session.load(connection))
             m_timer1.start();
+        showDeviceNote();
     });
 }
 
@@ -112,6 +116,7 @@ std::chrono::milliseconds MainControlForm::Timer1_Timer() {
     QElapsedTimer pass;
     pass.start();
     m_session.pollTick();
+    showDeviceNote();
     return pollInterval - std::chrono::milliseconds(pass.elapsed());
 }
 
@@ -121,6 +126,14 @@ void MainControlForm::heldOff() {
 
 void MainControlForm::SelectedDeviceID_Click(int index) {
     m_session.switchDevice(wireText(m_ui->linkFrame->controls().SelectedDeviceID->itemText(index)));
+}
+
+void MainControlForm::showDeviceNote() {
+    const DeviceNote& note = m_session.link.notes->of(connection());
+    const std::string pending = pendingText(note);
+    m_ui->notStored->setHidden(note.unstored.empty());
+    m_ui->pendingNote->setHidden(pending.empty());
+    m_ui->pendingNote->setText(tr("from the next power-up: %1").arg(shownText(pending)));
 }
 
 void MainControlForm::Command5_Click() {
@@ -156,6 +169,7 @@ void MainControlForm::showOverPanel(Own&... own) {
 void MainControlForm::Setup_Click() {
     showOverPanel<SetupParameters>();
     m_ui->runControlFrame->forgetRunOnBoot();  // that screen may have set it anew
+    showDeviceNote();
 }
 
 void MainControlForm::ManualTerminal_Click() {

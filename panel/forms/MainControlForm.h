@@ -24,12 +24,17 @@ class MainControlForm : public Screen, private PanelView {
     Q_OBJECT
 
  public:
-    MainControlForm(const Services& world, QWidget* parent);
+    /// `notes` is what is known of the controllers by now; the panel adds to it.
+    MainControlForm(const Services& world, QWidget* parent,
+                    std::shared_ptr<DeviceNotes> notes = std::make_shared<DeviceNotes>());
     ~MainControlForm() override;
 
     /// Loads the panel, before it is shown: its messages stand over the calling screen. Part
     /// of the caller's handler; passes an end of the program on.
     void Form_Load(const Connection& connection);
+
+    /// The controller that is addressed.
+    const Connection& connection() const { return m_session.link.connection; }
 
     /// Puts the cursor into the program box once the panel is shown.
     void startInProgram() { m_startsInProgram = true; }
@@ -57,6 +62,9 @@ class MainControlForm : public Screen, private PanelView {
     /// screen needs beside the link. A stop pressed there ends the demo.
     template <class Form, class... Own>
     void showOverPanel(Own&... own);
+
+    /// What the controller has accepted and not in use yet, or not stored.
+    void showDeviceNote();
 
     void connectHandlers();
     void connectFrames();

@@ -9,11 +9,11 @@ ChangeMark::ChangeMark(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-void ChangeMark::showState(State state, const QString& reason) {
+void ChangeMark::showStanding(Standing standing, const QString& reason) {
     setToolTip(reason);
-    if (m_state == state)
+    if (m_standing == standing)
         return;
-    m_state = state;
+    m_standing = standing;
     update();
 }
 
@@ -23,14 +23,21 @@ QSize ChangeMark::sizeHint() const {
 }
 
 void ChangeMark::paintEvent(QPaintEvent*) {
-    if (m_state == State::same)
+    if (m_standing == Standing::same || m_standing == Standing::lacking)
         return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     constexpr qreal ring = 1.5;
     const qreal side = std::min(width(), height()) - 2 * ring;
     const QRectF circle((width() - side) / 2, (height() - side) / 2, side, side);
-    const bool differs = m_state == State::differs;
+    if (m_standing == Standing::refused) {
+        painter.setPen(QPen(palette().color(QPalette::WindowText), 2 * ring));
+        const QRectF cross = circle.adjusted(ring, ring, -ring, -ring);
+        painter.drawLine(cross.topLeft(), cross.bottomRight());
+        painter.drawLine(cross.topRight(), cross.bottomLeft());
+        return;
+    }
+    const bool differs = m_standing == Standing::differs;
     const QColor colour = palette().color(differs ? QPalette::Highlight : QPalette::WindowText);
     painter.setPen(QPen(colour, ring));
     painter.setBrush(differs ? QBrush(colour) : QBrush(Qt::NoBrush));

@@ -2,22 +2,22 @@
 
 #include <QWidget>
 
+#include "parameters/Comparison.h"
+
 namespace zlt {
 
-/// Says beside a field how it stands to the controller's word: a full dot where the two
-/// differ, a ring where the controller has said nothing yet, otherwise nothing. Its place
-/// stays free, so that a mark that comes moves nothing.
+/// Says beside a field how it stands to the controller: a full dot where the two differ, a ring
+/// where the controller's word is not known, a cross where it refused what was sent, otherwise
+/// nothing. Its place stays free, so that a mark that comes moves nothing.
 class ChangeMark : public QWidget {
     Q_OBJECT
 
  public:
-    enum class State { same, differs, unread };
-
     explicit ChangeMark(QWidget* parent = nullptr);
 
-    State state() const { return m_state; }
+    Standing standing() const { return m_standing; }
     /// `reason` is the tooltip.
-    void showState(State state, const QString& reason);
+    void showStanding(Standing standing, const QString& reason);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -26,7 +26,7 @@ class ChangeMark : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
  private:
-    State m_state = State::same;
+    Standing m_standing = Standing::same;
 };
 
 }  // namespace zlt

@@ -1,11 +1,12 @@
 #include "parameters/forms/ParameterControl.h"
 
-#include <QAbstractButton>
 #include <QButtonGroup>
 #include <QLabel>
 #include <QLineEdit>
+#include <stdexcept>
 
 #include "platform/Text.h"
+#include "ui_SetupParameters.h"
 #include "widgets/ChoiceBox.h"
 #include "widgets/FieldHints.h"
 #include "widgets/WireText.h"
@@ -13,97 +14,165 @@
 namespace zlt {
 namespace {
 
-/// A controller's word for the operator; "1" says little beside a mark.
-QString shownWord(const std::string& word, bool isMark) {
-    if (isMark)
-        return word == "1" ? QObject::tr("set") : QObject::tr("clear");
+/// Qt would cut a text at some length without a word; what is too long is refused in words.
+constexpr int anyLength = 1 << 24;
+
+}  // namespace
+QString ParameterControl::inWords(const std::string& word) const {
     return fromUtf8(inQuotes(utf8FromLatin1(word)));
 }
 
-}  // namespace
-
-ParameterControl::ParameterControl(QWidget& screen, ParameterField field) {
-    const FieldRow& row = fieldRow(field);
-    const QString name = QLatin1String(row.control);
-    m_box = screen.findChild<EditableChoiceBox*>(name);
-    m_field = screen.findChild<QLineEdit*>(name);
-    m_button =
-        screen.findChild<QAbstractButton*>(row.setButton ? QLatin1String(row.setButton) : name);
-    m_clearButton = row.setButton ? screen.findChild<QAbstractButton*>(name) : nullptr;
-    m_mark = screen.findChild<ChangeMark*>(name + QLatin1String("Mark"));
-    Q_ASSERT(m_mark && (m_box || m_field || m_button));
-    if (m_clearButton) {
-        auto* pair = new QButtonGroup(&screen);
-        pair->addButton(m_clearButton);
-        pair->addButton(m_button);
-        m_clearButton->setChecked(true);  // in one group till now, each mark put out the last
-    }
-}
-
-void ParameterControl::onChange(const std::function<void()>& changed) {
-    if (m_box)
-        QObject::connect(m_box, &QComboBox::currentTextChanged, m_mark, changed);
-    else if (m_field)
-        QObject::connect(m_field, &QLineEdit::textChanged, m_mark, changed);
-    else
-        QObject::connect(m_button, &QAbstractButton::toggled, m_mark, changed);
-}
-
-QString ParameterControl::text() const {
-    if (m_box)
-        return m_box->currentText();
-    if (m_field)
-        return m_field->text();
-    return m_button->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
-}
-
-void ParameterControl::show(const std::string& text) {
-    if (m_box) {
-        m_box->showText(text);
-        m_box->lineEdit()->setCursorPosition(0);  // the front of a long value
-    } else if (m_field) {
-        m_field->setText(shownText(text));
-        m_field->setCursorPosition(0);
-    } else if (m_clearButton && text != "1") {
-        m_clearButton->setChecked(true);
-    } else {
-        m_button->setChecked(text == "1");
-    }
+void ParameterControl::point() {
+    m_widget.setFocus(Qt::OtherFocusReason);
 }
 
 void ParameterControl::disable(const QString& reason) {
-    widget().setEnabled(false);
-    addToToolTip(widget(), reason);
-    for (QLabel* label : widget().window()->findChildren<QLabel*>())
-        if (label->buddy() == &widget())
+    m_widget.setEnabled(false);
+    addToToolTip(m_widget, reason);
+    for (QLabel* label : m_widget.window()->findChildren<QLabel*>())
+        if (label->buddy() == &m_widget)
             label->setEnabled(false);
 }
 
-ChangeMark::State ParameterControl::compare(const std::optional<std::string>& word) {
-    auto state = ChangeMark::State::same;
-    QString reason;
-    if (!word) {
-        state = ChangeMark::State::unread;
-        reason = QObject::tr("Not read from the controller.");
-    } else if (text() != shownText(*word)) {
-        state = ChangeMark::State::differs;
-        reason = QObject::tr("Not written yet: the controller says %1.")
-                     .arg(shownWord(*word, m_button != nullptr));
-    }
+void ParameterControl::mark(Standing standing, const QString& reason) {
     // Marked as rich text, or a reply such as "<b>" would be taken for it.
-    m_mark->showState(state, reason.isEmpty()
-                                 ? reason
-                                 : QStringLiteral("<qt>%1</qt>").arg(reason.toHtmlEscaped()));
-    widget().setAccessibleDescription(reason);
-    return state;
+    m_mark.showStanding(standing, reason.isEmpty()
+                                      ? reason
+                                      : QStringLiteral("<qt>%1</qt>").arg(reason.toHtmlEscaped()));
+    m_widget.setAccessibleDescription(reason);
 }
 
-QWidget& ParameterControl::widget() const {
-    if (m_box)
-        return *m_box;
-    if (m_field)
-        return *m_field;
-    return *m_button;
+TextControl::TextControl(QLineEdit& field, ChangeMark& mark)
+    : ParameterControl(field, mark), m_field(field) {
+    field.setMaxLength(anyLength);
+}
+
+void TextControl::onChange(const std::function<void()>& changed) {
+    QObject::connect(&m_field, &QLineEdit::textChanged, &m_mark, changed);
+}
+
+QString TextControl::text() const {
+    return m_field.text();
+}
+
+void TextControl::show(const std::string& text) {
+    m_field.setText(shownText(text));
+    m_field.setCursorPosition(0);  // the front of a long value
+}
+
+void TextControl::point() {
+    pointToField(m_field);
+}
+
+ChoiceControl::ChoiceControl(EditableChoiceBox& box, ChangeMark& mark)
+    : ParameterControl(box, mark), m_box(box) {
+    box.lineEdit()->setMaxLength(anyLength);
+}
+
+void ChoiceControl::onChange(const std::function<void()>& changed) {
+    QObject::connect(&m_box, &QComboBox::currentTextChanged, &m_mark, changed);
+}
+
+QString ChoiceControl::text() const {
+    return m_box.currentText();
+}
+
+void ChoiceControl::show(const std::string& text) {
+    m_box.showText(text);
+    m_box.lineEdit()->setCursorPosition(0);
+}
+
+void ChoiceControl::point() {
+    pointToField(*m_box.lineEdit());
+}
+
+CheckControl::CheckControl(QAbstractButton& button, ChangeMark& mark)
+    : ParameterControl(button, mark), m_button(button) {}
+
+void CheckControl::onChange(const std::function<void()>& changed) {
+    QObject::connect(&m_button, &QAbstractButton::toggled, &m_mark, changed);
+}
+
+QString CheckControl::text() const {
+    return m_button.isChecked() ? QStringLiteral("1") : QStringLiteral("0");
+}
+
+void CheckControl::show(const std::string& text) {
+    m_button.setChecked(text == "1");
+}
+
+QString CheckControl::inWords(const std::string& word) const {
+    return word == "1" ? QObject::tr("set") : QObject::tr("clear");
+}
+
+PairControl::PairControl(QRadioButton& clear, QRadioButton& set, ChangeMark& mark)
+    : CheckControl(set, mark), m_clear(clear) {
+    auto* pair = new QButtonGroup(&set);
+    pair->addButton(&clear);
+    pair->addButton(&set);
+    clear.setChecked(true);  // in one group till now, each mark put out the last
+}
+
+void PairControl::show(const std::string& text) {
+    if (text == "1")
+        m_button.setChecked(true);
+    else
+        m_clear.setChecked(true);
+}
+
+std::unique_ptr<ParameterControl> makeControl(ParameterField field, Ui::SetupParameters& ui) {
+    using F = ParameterField;
+    using Control = std::unique_ptr<ParameterControl>;
+    const auto text = [](QLineEdit* box, ChangeMark* mark) -> Control {
+        return std::make_unique<TextControl>(*box, *mark);
+    };
+    const auto choice = [](EditableChoiceBox* box, ChangeMark* mark) -> Control {
+        return std::make_unique<ChoiceControl>(*box, *mark);
+    };
+    const auto check = [](QAbstractButton* button, ChangeMark* mark) -> Control {
+        return std::make_unique<CheckControl>(*button, *mark);
+    };
+    const auto pair = [](QRadioButton* clear, QRadioButton* set, ChangeMark* mark) -> Control {
+        return std::make_unique<PairControl>(*clear, *set, *mark);
+    };
+    // Without a default: a field that is missing here is a warning of the compiler.
+    switch (field) {
+        case F::deviceId:
+            return choice(ui.DeviceIDCombo, ui.DeviceIDComboMark);
+        case F::baudRate:
+            return choice(ui.baudCombo, ui.baudComboMark);
+        case F::nameInReplies:
+            return check(ui.RT, ui.RTMark);
+        case F::runCurrent:
+            return choice(ui.RunCurrentSelect, ui.RunCurrentSelectMark);
+        case F::idleCurrent:
+            return choice(ui.IdleCurrentSelect, ui.IdleCurrentSelectMark);
+        case F::microstep:
+            return choice(ui.Microstep, ui.MicrostepMark);
+        case F::directionPolarity:
+            return pair(ui.DirPol1, ui.DirPol2, ui.DirPol1Mark);
+        case F::limitPolarity:
+            return pair(ui.LimPol1, ui.LimPol2, ui.LimPol1Mark);
+        case F::homePolarity:
+            return pair(ui.HomePol1, ui.HomePol2, ui.HomePol1Mark);
+        case F::outputPolarity:
+            return pair(ui.dopol1, ui.dopol2, ui.dopol1Mark);
+        case F::programErrorPolarity:
+            return pair(ui.sapol1, ui.sapol2, ui.sapol1Mark);
+        case F::limitDisable:
+            return check(ui.DisableLimit, ui.DisableLimitMark);
+        case F::autoRun0:
+            return check(ui.Autostart, ui.AutostartMark);
+        case F::autoRun1:
+            return check(ui.Autostart1, ui.Autostart1Mark);
+        case F::outputsAtBoot:
+            return text(ui.DOBOOT, ui.DOBOOTMark);
+        case F::lca:
+            return text(ui.LCA, ui.LCAMark);
+        case F::hca:
+            return text(ui.HCA, ui.HCAMark);
+    }
+    throw std::logic_error("no such field");
 }
 
 }  // namespace zlt

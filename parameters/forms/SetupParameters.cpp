@@ -1,5 +1,11 @@
 #include "parameters/forms/SetupParameters.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <algorithm>
+#include <stdexcept>
+
+#include "platform/Text.h"
 #include "ui_SetupParameters.h"
 #include "widgets/FieldHints.h"
 #include "widgets/WireText.h"
@@ -20,6 +26,12 @@ class AtWork {
     BusyCursor m_busy;
 };
 
+/// A line that takes no room while there is nothing to say.
+void showNote(QLabel& label, const QString& text) {
+    label.setText(text);
+    label.setVisible(!text.isEmpty());
+}
+
 }  // namespace
 
 SetupParameters::SetupParameters(const Services& world, const LinkHandOver& handOver,
@@ -29,8 +41,10 @@ SetupParameters::SetupParameters(const Services& world, const LinkHandOver& hand
       m_transfer(services(), handOver, *this),
       m_files(services(), *this) {
     m_ui->setupUi(this);
-    for (std::size_t place = 0; place < parameterFieldCount; ++place)
-        m_controls.emplace_back(*this, static_cast<ParameterField>(place));
+    for (const ParameterField field : parameterFields)
+        m_controls.push_back(makeControl(field, *m_ui));
+    m_ui->compareGroup->hide();
+    m_ui->deviceGroup->setTitle(tr("Controller %1").arg(shownText(m_transfer.deviceId())));
     teachManners();
     connectHandlers();
     SetupParameters::showDeviceCopy(m_transfer.deviceCopy());
@@ -44,11 +58,13 @@ void SetupParameters::connectHandlers() {
     handlers.onClick(*m_ui->SaveParameters, [this](bool) { SaveParameters_Click(); });
     handlers.onClick(*m_ui->OpenParameters, [this](bool) { OpenParameters_Click(); });
     handlers.onClick(*m_ui->SetSN, [this](bool) { SetSN_Click(); });
+    handlers.onClick(*m_ui->Compare, [this](bool) { Compare_Click(); });
+    handlers.onClick(*m_ui->copyCompare, [this](bool) { copyCompare_Click(); });
     handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
     connectAbort(*m_ui->stopBox, m_transfer.deviceId(), [this] { m_transfer.abortMotion(); });
     // Marks only follow what stands on the screen, also while a transfer changes it.
-    for (ParameterControl& each : m_controls)
-        each.onChange([this] { compareAll(); });
+    for (const auto& each : m_controls)
+        each->onChange([this] { compareAll(); });
 }
 
 void SetupParameters::Form_Load() {
@@ -77,8 +93,23 @@ void SetupParameters::fillBoxes() {
 }
 
 void SetupParameters::work(void (ParameterTransfer::*transfer)()) {
-    const AtWork atWork(*m_ui->activity);
-    (m_transfer.*transfer)();
+    {
+        const AtWork atWork(*m_ui->activity);
+        (m_transfer.*transfer)();
+    }
+    const bool worthComparing = isWorthComparing();
+    if (worthComparing && !m_worthComparing)
+        setComparing(true);
+    m_worthComparing = worthComparing;
+}
+
+/// Whether the controller has something that the groups alone do not show.
+bool SetupParameters::isWorthComparing() const {
+    const DeviceCopy& copy = m_transfer.deviceCopy();
+    return copy.pending(ParameterField::deviceId) || copy.pending(ParameterField::baudRate) ||
+           std::ranges::any_of(parameterFields, [&copy](ParameterField field) {
+               return copy.refusal(field).has_value();
+           });
 }
 
 void SetupParameters::UploadPar_Click() {
@@ -94,11 +125,19 @@ void SetupParameters::SetSN_Click() {
 }
 
 void SetupParameters::SaveParameters_Click() {
-    m_files.save();
+    m_files.save(unreadFields(m_transfer.deviceCopy(), m_transfer.firmware()));
 }
 
 void SetupParameters::OpenParameters_Click() {
     m_files.open();
+}
+
+void SetupParameters::Compare_Click() {
+    setComparing(m_ui->Compare->isChecked());
+}
+
+void SetupParameters::copyCompare_Click() {
+    QGuiApplication::clipboard()->setText(m_ui->compareGrid->text());
 }
 
 void SetupParameters::Close_Click() {
@@ -109,13 +148,30 @@ void SetupParameters::Close_Click() {
 // The rules' view of the screen
 
 ParameterControl& SetupParameters::control(ParameterField field) {
-    return m_controls[static_cast<std::size_t>(field)];
+    return *m_controls[static_cast<std::size_t>(field)];
 }
 
 ParameterValues SetupParameters::values() const {
     ParameterValues values;
-    for (std::size_t place = 0; place < parameterFieldCount; ++place)
-        values[static_cast<ParameterField>(place)] = commandText(m_controls[place].text());
+    for (const ParameterField field : parameterFields) {
+        ParameterControl& each = *m_controls[static_cast<std::size_t>(field)];
+        try {
+            values[field] = commandText(each.text());
+            if (const auto reason = whyUnsendable(values[field]))
+                throw std::runtime_error("The text " + *reason + ".");
+        } catch (const std::runtime_error& error) {
+            each.point();
+            throw std::runtime_error("In the field " + inQuotes(parameterName(field)) + ": " +
+                                     error.what());
+        }
+    }
+    return values;
+}
+
+ParameterValues SetupParameters::shownValues() const {
+    ParameterValues values;
+    for (const ParameterField field : parameterFields)
+        values[field] = m_controls[static_cast<std::size_t>(field)]->text().toStdString();
     return values;
 }
 
@@ -125,8 +181,8 @@ void SetupParameters::showField(ParameterField field, const std::string& text) {
 }
 
 void SetupParameters::disable(ParameterField field) {
-    QString reason = needsFirmware(fieldRow(field).readFrom, m_transfer.firmware());
-    if (m_transfer.firmware() >= fieldRow(field).writtenFrom)
+    QString reason = needsFirmware(parameterRow(field).readFrom, m_transfer.firmware());
+    if (m_transfer.firmware() >= parameterRow(field).writtenFrom)
         reason += tr("  Down writes it all the same.");
     control(field).disable(reason);
 }
@@ -152,31 +208,95 @@ void SetupParameters::showActivity(Activity activity) {
 
 void SetupParameters::showDeviceCopy(const DeviceCopy& copy) {
     m_ui->storeNote->setText(
-        copy.unstored ? tr("Written values are not stored to flash yet: the next power-up brings "
-                           "back the old ones.")
-                      : QString());
+        copy.isUnstored() ? tr("Not stored to flash yet: without a store the next power-up brings "
+                               "back the old values.")
+                          : QString());
     compareAll();
 }
 
+void SetupParameters::showOutcome(std::string_view line) {
+    m_ui->outcome->setText(fromUtf8(line));
+}
+
+void SetupParameters::showOpened(const ParameterValues& values) {
+    m_opened = values;
+    setComparing(true);
+}
+
 void SetupParameters::compareAll() {
-    int differing = 0;
-    int unread = 0;
-    for (std::size_t place = 0; place < parameterFieldCount; ++place) {
-        const auto field = static_cast<ParameterField>(place);
-        if (m_transfer.firmware() < fieldRow(field).writtenFrom)
-            continue;
-        const auto state = m_controls[place].compare(m_transfer.deviceCopy().word(field));
-        differing += state == ChangeMark::State::differs;
-        unread += state == ChangeMark::State::unread;
+    const DeviceCopy& copy = m_transfer.deviceCopy();
+    const ParameterValues shown = shownValues();
+    const Comparison comparison(shown, copy, m_transfer.firmware());
+    for (const ParameterField field : parameterFields)
+        control(field).mark(comparison[field], reason(field, comparison[field]));
+    showCounts(comparison);
+    showNotes(shown);
+    showTable(shown);
+}
+
+QString SetupParameters::reason(ParameterField field, Standing standing) {
+    const DeviceCopy& copy = m_transfer.deviceCopy();
+    switch (standing) {
+        case Standing::unread:
+            return tr("Not read from the controller.");
+        case Standing::differs:
+            return tr("Not written yet: the controller says %1.")
+                .arg(control(field).inWords(*copy.word(field)));
+        case Standing::refused:
+            return tr("Refused: the controller answered %1.")
+                .arg(fromUtf8(inQuotes(utf8FromLatin1(copy.refusal(field)->reply))));
+        case Standing::same:
+        case Standing::lacking:
+            break;
     }
+    return {};
+}
+
+void SetupParameters::showCounts(const Comparison& comparison) {
+    const int differing = comparison.count(Standing::differs);
+    const int refused = comparison.count(Standing::refused);
+    const int unread = comparison.count(Standing::unread);
     QStringList counts;
     if (differing > 0)
         counts << (differing == 1 ? tr("1 value not written yet")
                                   : tr("%1 values not written yet").arg(differing));
+    if (refused > 0)
+        counts << tr("%1 refused").arg(refused);
     if (unread > 0)
         counts << tr("%1 not read").arg(unread);
     m_ui->pendingCount->setText(counts.isEmpty() ? tr("Nothing to write")
                                                  : counts.join(QStringLiteral(", ")));
+}
+
+void SetupParameters::showNotes(const ParameterValues& shown) {
+    const DeviceCopy& copy = m_transfer.deviceCopy();
+    const std::string& id = shown[ParameterField::deviceId];
+    const std::string taken =
+        m_transfer.isTaken(id) ? inQuotes(id) + " has answered on this bus already" : "";
+    QStringList lines;
+    for (const std::string& line :
+         {pendingNote(ParameterField::deviceId, copy), deviceIdNote(id), taken})
+        if (!line.empty())
+            lines << fromUtf8(line);
+    showNote(*m_ui->deviceIdNote, lines.join(QLatin1Char('\n')));
+    showNote(*m_ui->baudNote, fromUtf8(pendingNote(ParameterField::baudRate, copy)));
+}
+
+void SetupParameters::showTable(const ParameterValues& shown) {
+    if (m_ui->compareGroup->isHidden())
+        return;
+    const auto rows = compareTable(shown, m_transfer.deviceCopy(), m_transfer.firmware(), m_opened);
+    m_ui->compareGrid->showRows(rows);
+    m_ui->compareNote->setText(rows.empty() ? tr("Nothing differs.") : tr("What differs:"));
+    m_ui->copyCompare->setEnabled(!rows.empty());
+}
+
+void SetupParameters::setComparing(bool comparing) {
+    m_ui->Compare->setChecked(comparing);
+    m_ui->compareGroup->setVisible(comparing);
+    compareAll();
+    if (!comparing)
+        adjustSize();
 }
 
 }  // namespace zlt

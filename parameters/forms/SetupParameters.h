@@ -1,9 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
-#include "parameters/ParameterFiles.h"
+#include "parameters/Comparison.h"
+#include "parameters/ParameterFile.h"
 #include "parameters/ParameterTransfer.h"
 #include "parameters/forms/ParameterControl.h"
 #include "widgets/LinkedScreen.h"
@@ -34,6 +36,8 @@ class SetupParameters : public LinkedScreen, private ParameterView {
     void SaveParameters_Click();
     void OpenParameters_Click();
     void SetSN_Click();
+    void Compare_Click();
+    void copyCompare_Click();
     void Close_Click();
 
     void closeScreen() override { Close_Click(); }
@@ -41,19 +45,32 @@ class SetupParameters : public LinkedScreen, private ParameterView {
     void fillBoxes();
     /// Runs a transfer under the busy cursor, with what it does told on the screen.
     void work(void (ParameterTransfer::*transfer)());
+    bool isWorthComparing() const;
     ParameterControl& control(ParameterField field);
+    /// What the controls hold, UTF-8, whatever they hold.
+    ParameterValues shownValues() const;
     void compareAll();
+    QString reason(ParameterField field, Standing standing);
+    void showNotes(const ParameterValues& shown);
+    void showCounts(const Comparison& comparison);
+    void showTable(const ParameterValues& shown);
+    /// Opens and closes the table below the groups.
+    void setComparing(bool comparing);
 
     ParameterValues values() const override;
     void showField(ParameterField field, const std::string& text) override;
     void disable(ParameterField field) override;
     void showActivity(Activity activity) override;
     void showDeviceCopy(const DeviceCopy& copy) override;
+    void showOutcome(std::string_view line) override;
+    void showOpened(const ParameterValues& values) override;
 
     std::unique_ptr<Ui::SetupParameters> m_ui;
     ParameterTransfer m_transfer;
     ParameterFiles m_files;
-    std::vector<ParameterControl> m_controls;  ///< in the order of ParameterField
+    std::vector<std::unique_ptr<ParameterControl>> m_controls;  ///< in the order of ParameterField
+    std::optional<ParameterValues> m_opened;  ///< of the file that was opened last
+    bool m_worthComparing = false;
 };
 
 }  // namespace zlt

@@ -57,7 +57,7 @@ const ScreenRow screens[] = {
      }},
     {"setup",
      [](World& world) {
-         for (const char* number : {"POL", "DL", "SLOAD", "DB", "RT"})
+         for (const char* number : {"POL", "DL", "SLOAD", "DB", "RT", "CURR", "CURI", "MS"})
              world.bus.replies[number] = "1";
          return loaded<SetupParameters>(world, handOver);
      }},

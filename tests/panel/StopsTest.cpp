@@ -101,7 +101,7 @@ TEST_F(StopsTest, AreInReachOfOneKeyUnderThePanelsOwnBoxes) {
 }
 
 TEST_F(StopsTest, StandOnEveryScreenThatTalks) {
-    for (const char* reply : {"POL", "DL", "SLOAD", "DB", "RT"})
+    for (const char* reply : {"POL", "DL", "SLOAD", "DB", "RT", "CURR", "CURI", "MS"})
         bus.replies[reply] = "1";
     for (const char* opener : {"Setup", "ManualTerminal", "Variable", "XThread"}) {
         SCOPED_TRACE(opener);

@@ -25,15 +25,16 @@ TEST_F(DeviceChangesTest, AskBeforeADownMakesThem) {
     const char *id = "DeviceIDCombo", *baud = "baudCombo", *no = nullptr;
     const Row table[] = {
         {id, "07", "DN=ZLD07", "OK", idSet, State::same},
-        {id, "7", "DN=ZLD7", "OK ", "Error setting device ID", State::differs},
+        {id, "7", "DN=ZLD7", "OK ", "Error setting device ID", State::refused},
         {id, "07", "DN=ZLD07", {}, "No Reply to Command: DN=ZLD07", State::differs},
         {id, "07", no, "", "", State::same},
         {baud, " 57600.0", "DB=4", "OK", baudSet, State::same},
-        {baud, "115200", "DB=5", "5", "Error setting baudrate.", State::differs},
+        {baud, "115200", "DB=5", "5", "Error setting baudrate.", State::refused},
         {baud, "9600", no, "", "", State::differs}};
     for (const auto& [name, typed, command, reply, message, after] : table) {
         SCOPED_TRACE(typed);
         bus.silentAt.reset();
+        forgetNotes();
         open();
         type(name, typed);
         gate.expectQuestion("Device ID", name == id ? idQuestion + typed + "?" : baudQuestion,
@@ -61,27 +62,156 @@ TEST_F(DeviceChangesTest, LeaveABaudRateAloneThatTheControllerLacks) {
     EXPECT_EQ(down(), wholeDown);
 }
 
-TEST_F(DeviceChangesTest, AreLostAtPowerOffUntilStoredToFlash) {
-    const auto store = [this](const char* message) {
+TEST_F(DeviceChangesTest, StandApartFromWhatIsInUseUntilTheControllerReportsThem) {
+    open();
+    type("DeviceIDCombo", "05");
+    type("baudCombo", "115200");
+    gate.expectQuestion("Device ID", idQuestion + "05?", true);
+    gate.expectMessage(idSet);
+    gate.expectQuestion("Device ID", baudQuestion, true);
+    gate.expectMessage(baudSet);
+    down();
+    const auto notes = [this] { return shown("deviceIdNote") + "|" + shown("baudNote"); };
+    const char* const both = "05 after the next power-up|115200 after the next power-up";
+    EXPECT_EQ(notes(), both);
+    for (const bool anew : {false, true}) {
+        if (anew)
+            open();
+        else
+            commandsOf("UploadPar");
+        EXPECT_EQ(shown("DeviceIDCombo") + " " + shown("baudCombo"), "42 38400") << "in use";
+        EXPECT_EQ(notes(), both);
+        EXPECT_EQ(shown("pendingCount"), "Nothing to write");
+        EXPECT_EQ(compared(),
+                  "Device ID\t42\t42\t05, once stored\t\n"
+                  "Baud rate\t38400\t38400\t115200, once stored\t\n");
+    }
+    bus.replies["DN"] = "ZLD05";
+    commandsOf("UploadPar");
+    EXPECT_EQ(notes(), "|115200 after the next power-up");
+    bus.replies["DB"] = "5";
+    commandsOf("UploadPar");
+    EXPECT_EQ(notes(), "|");
+    EXPECT_EQ(compared(), "");
+}
+
+TEST_F(DeviceChangesTest, SayWhatADownMakesOfAnOddId) {
+    open();
+    EXPECT_EQ(control<QGroupBox>(*form, "deviceGroup").title().toStdString(), "Controller 01")
+        << "whom it talks to, whatever the box holds";
+    const std::pair<const char*, const char*> table[] = {
+        {"7", "Not two digits: Down sends \"DN=ZLD7\""},
+        {"1x", "Not two digits: Down sends \"DN=ZLD1x\""},
+        {"", "Not two digits: Down sends \"DN=ZLD\""},
+        {"00", "All controllers at once: Down sends \"DN=ZLD00\""},
+        {"99", ""}};
+    for (const auto& [typed, note] : table) {
+        type("DeviceIDCombo", typed);
+        EXPECT_EQ(shown("deviceIdNote"), note) << typed;
+    }
+}
+
+TEST_F(DeviceChangesTest, TellAClashBeforeAYesCounts) {
+    handOver.notes->noteReply({{3}, "57600", "07"}, "PX", "0");
+    handOver.notes->noteReply({{4}, "9600", "08"}, "PX", "0");
+    open();
+    type("DeviceIDCombo", "07");
+    EXPECT_EQ(shown("deviceIdNote"), "\"07\" has answered on this bus already");
+    const std::string clash =
+        "A controller with the device ID 07 has answered on this bus.  Two with one ID answer both "
+        "at once, and neither is understood.  Change it all the same?";
+    gate.expectQuestion("Device ID", idQuestion + "07?", true);
+    gate.expectQuestion("Device ID", clash, false);
+    EXPECT_EQ(down(), wholeDown);
+    EXPECT_EQ(shown("DeviceIDCombo"), "42");
+    type("DeviceIDCombo", "08");
+    gate.expectQuestion("Device ID", idQuestion + "08?", true);  // another port, another bus
+    gate.expectMessage(idSet);
+    down();
+}
+
+TEST_F(DeviceChangesTest, GoWithTheControllerToItsNewAddress) {
+    DeviceNotes notes;
+    const Connection before{{3}, "9600", "01"};
+    const auto note = [&](std::optional<std::string> id, std::optional<std::string> rate) {
+        notes.of(before) = {.pendingId = id, .pendingBaudRate = rate, .unstored = {{"LCA", "1"}}};
+    };
+    struct Row {
+        Connection at;
+        const char* name;
+        bool id, rate, ends;
+    };
+    const Row table[] = {{{{3}, "9600", "05"}, "ZLD05", true, true, true},
+                         {{{3}, "115200", "05"}, "ZLD05", true, false, true},
+                         {{{3}, "115200", "01"}, "ZLD01", false, true, true},
+                         {{{4}, "9600", "05"}, "ZLD05", true, true, false},
+                         {{{3}, "9600", "05"}, "garbage", true, true, false},
+                         {{{3}, "9600", "01"}, "ZLD01", true, true, false},
+                         {{{3}, "57600", "01"}, "ZLD01", false, true, false}};
+    for (const auto& [at, name, id, rate, ends] : table) {
+        SCOPED_TRACE(at.baudRate + " " + at.deviceId + " " + name);
+        note(id ? std::optional<std::string>("05") : std::nullopt,
+             rate ? std::optional<std::string>("115200") : std::nullopt);
+        notes.noteReply(at, "DN", name);
+        EXPECT_EQ(!notes.of(before).isPending(), ends);
+        EXPECT_EQ(notes.of(before).unstored.empty(), ends);
+    }
+}
+
+class FlashStoreTest : public SetupWorld {
+ protected:
+    void store(const char* message) {
         gate.expectQuestion("Store to Flash", "Are you sure you want to save parameters to flash?",
                             message);
         if (message)
             gate.expectMessage(message);
         EXPECT_EQ(commandsOf("SetSN"), message ? Commands{"STORE"} : Commands{});
-    };
+    }
+    bool saysNotStored() { return !shown("storeNote").empty(); }
+};
+
+TEST_F(FlashStoreTest, KeepsWhatWasWrittenAndNotBefore) {
     open();
-    EXPECT_EQ(shown("storeNote"), "");
+    type("HCA", "21");
     down();
     store(nullptr);
     bus.replies["STORE"] = "OK ";
     store("Error setting flash!");
-    EXPECT_NE(shown("storeNote"), "");
+    EXPECT_TRUE(saysNotStored());
+    open();
+    EXPECT_TRUE(saysNotStored()) << "the device's matter, not the screen's";
     bus.replies["STORE"] = "OK";
     store("Store to Flash done!");
-    EXPECT_EQ(shown("storeNote"), "");
+    EXPECT_FALSE(saysNotStored());
     bus.silent = true;
     store("No Reply to Command: STORE");
     EXPECT_EQ(waits.slept.count(), 3 * 200);
+}
+
+TEST_F(FlashStoreTest, IsAskedForOnlyByWhatChanged) {
+    const std::string unchanged = "Nothing was changed: the controller had these values already.";
+    open();
+    down();
+    EXPECT_FALSE(saysNotStored());
+    EXPECT_EQ(shown("outcome"), unchanged);
+    type("LCA", "11");
+    down();
+    bus.replies["LCA"] = "11";
+    EXPECT_EQ(shown("outcome"), "");
+    EXPECT_EQ(compared(), "LCA\t11\t11\t10\t\n") << "the next power-up brings the old one back";
+    down();
+    EXPECT_EQ(shown("outcome"), unchanged);
+    EXPECT_TRUE(saysNotStored());
+    type("LCA", "10");
+    down();
+    EXPECT_FALSE(saysNotStored()) << "flash holds it";
+
+    bus.replies["LCA"] = "10";
+    bus.silentAt = "LCA=10";
+    gate.expectMessage("No Reply to Command: LCA=10");
+    commandsOf("DownloadPar");
+    EXPECT_TRUE(saysNotStored()) << "nobody knows";
+    EXPECT_EQ(mark("LCA"), State::unread);
 }
 
 }  // namespace

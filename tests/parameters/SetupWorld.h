@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <memory>
 
 #include "parameters/forms/ChangeMark.h"
+#include "parameters/forms/CompareGrid.h"
 #include "parameters/forms/SetupParameters.h"
 #include "support/FormDriver.h"
 #include "support/World.h"
@@ -14,7 +16,7 @@
 namespace zlt::test {
 
 using Commands = std::vector<std::string>;
-using State = ChangeMark::State;
+using State = Standing;
 
 /// What a screen that holds the scripted controller's set reads and writes.
 inline const Commands wholeUpload{"DN",  "CURR", "CURI",   "MS",    "POL", "DL",
@@ -57,8 +59,18 @@ class SetupWorld : public ::testing::Test, public World {
     }
     std::string shown(const char* name) { return shownOn(*form, name); }
     State mark(const std::string& name) {
-        return control<ChangeMark>(*form, (name + "Mark").c_str()).state();
+        return control<ChangeMark>(*form, (name + "Mark").c_str()).standing();
     }
+
+    /// What stands in the table that compares, the heading apart, and opens it for that.
+    std::string compared() {
+        if (shown("Compare") == "off")
+            click(*form, "Compare");
+        const std::string text = control<CompareGrid>(*form, "compareGrid").text().toStdString();
+        return text.substr(text.find('\n') + 1);
+    }
+    /// Forgets what the controllers have accepted, as a new start of the program does.
+    void forgetNotes() { handOver.notes = std::make_shared<DeviceNotes>(); }
 
     LinkHandOver handOver{true, true, {{3}, "9600", "01"}, {322}};
     std::unique_ptr<SetupParameters> form;

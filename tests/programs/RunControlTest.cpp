@@ -46,7 +46,7 @@ TEST_F(RunControlTest, ShowsTheControllersWordOnRunOnBoot) {
 
     bus.replies["SLOAD"] = "1";
     click(form, "RunOnBootOn");
-    gate.expectMessageWith("The reply to the command POL is not a number");
+    gate.expectMessageWith("Not read from the controller");
     clickAndWork(form, "Setup", [](QWidget& setup) { setup.close(); });
     EXPECT_FALSE(checked("RunOnBootOn") || checked("RunOnBootOff")) << "Setup writes it too";
 }

@@ -16,7 +16,9 @@ class StartUpWorld : public ::testing::Test, public RealWorld {
  protected:
     using Work = std::function<void(QWidget& screen)>;
 
-    StartUpWorld() {
+    /// `options` are the simulator's.
+    explicit StartUpWorld(const QStringList& options = {QStringLiteral("--unpaced")})
+        : simulator(options) {
         listPort(simulator.device());
         startUp.Form_Load();
         startUp.show();
@@ -41,7 +43,7 @@ class StartUpWorld : public ::testing::Test, public RealWorld {
         EXPECT_FALSE(programEnd.ended());
     }
 
-    SimulatedBus simulator{{QStringLiteral("--unpaced")}};
+    SimulatedBus simulator;
     SelectComForm startUp{real, directory};
 };
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QFrame>
+
+#include "link/DeviceNotes.h"
+
+class QLabel;
+class QPushButton;
+
+namespace zlt {
+
+/// The line that says what a controller has accepted for its next power-up, with a button for those
+/// who have powered it up. Hidden while there is nothing to say; changes nothing by itself.
+class PendingNote : public QFrame {
+    Q_OBJECT
+
+ public:
+    explicit PendingNote(QWidget* parent = nullptr);
+
+    void showNote(const Connection& device, const DeviceNote& note);
+
+    QPushButton& button() { return *m_button; }
+    /// How the controller is reached after its power cycle.
+    const Connection& connection() const { return m_connection; }
+
+ private:
+    QLabel* m_text;
+    QPushButton* m_button;
+    Connection m_connection;
+};
+
+}  // namespace zlt

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QTableWidget>
+#include <vector>
+
+#include "parameters/CompareTable.h"
+
+namespace zlt {
+
+/// Screen, controller and file side by side, to be read, selected and copied.
+class CompareGrid : public QTableWidget {
+    Q_OBJECT
+
+ public:
+    explicit CompareGrid(QWidget* parent = nullptr);
+
+    void showRows(const std::vector<CompareRow>& rows);
+    /// The selected rows, or all of them where none is, as lines of tab-separated text below one of
+    /// the headings.
+    QString text() const;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+ protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+}  // namespace zlt
