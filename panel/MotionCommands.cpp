@@ -1,6 +1,5 @@
 #include "panel/MotionCommands.h"
 
-#include <array>
 #include <stdexcept>
 #include <utility>
 
@@ -10,159 +9,100 @@
 namespace zlt {
 namespace {
 
-using Box = MotionView::Box;
-
-constexpr std::array motionTable{
-    CommandButton{"JOGP", "J+"},
-    CommandButton{"JOGN", "J-"},
-    CommandButton{"HOMEP", "H+"},
-    CommandButton{"HOMEN", "H-"},
-    CommandButton{"HLHOMEPLUS", "HL+", true},
-    CommandButton{"HLHOMEMINUS", "HL-", true},
-    CommandButton{"LHOMEPLUS", "L+", true},
-    CommandButton{"LHOMEMINUS", "L-", true},
-    CommandButton{"ZHOMEPLUS", "ZH+"},
-    CommandButton{"ZHOMEMINUS", "ZH-"},
-    CommandButton{"Command4", "Z+"},
-    CommandButton{"Command3", "Z-"},
-    CommandButton{"ResetPos", "PX=0"},
-    CommandButton{"ResetEnc", "EX=0"},
-    CommandButton{"ResetEncoder", "EX=0"},
-};
-
-constexpr std::array plainTable{
-    CommandButton{"ABSMode", "ABS"},
-    CommandButton{"INCMode", "INC"},
-    CommandButton{"EnableOn", "EO=1"},
-    CommandButton{.control = "EnableOff", .command = "EO=0", .endsDemo = true},
-    CommandButton{"clear", "CLR"},
-};
-
-std::string_view labelOf(Box box) {
-    switch (box) {
-        case Box::speed:
-            return "High Speed";
-        case Box::acceleration:
-            return "Accel";
-        case Box::position:
-            break;
-    }
-    return "Position";
-}
+constexpr std::string_view speedLabel = "High Speed";
+constexpr std::string_view positionLabel = "Position";
 
 bool isStop(std::string_view command) {
     return command == "STOP" || command == "ABORT";
 }
 
+void fillEmpty(std::string& text, std::string_view whenEmpty) {
+    if (text.empty())
+        text = whenEmpty;
+}
+
+/// A box's text as it stands, blanks and all.
+std::string verbatim(PanelField field, std::string_view label, std::string_view typed) {
+    try {
+        return commandText(typed);
+    } catch (const std::runtime_error& error) {
+        throw BadField(field, "In the field " + inQuotes(label) + ": " + error.what());
+    }
+}
+
 }  // namespace
 
-std::span<const CommandButton> MotionCommands::motionButtons() {
-    return motionTable;
-}
-std::span<const CommandButton> MotionCommands::plainButtons() {
-    return plainTable;
-}
+MotionCommands::MotionCommands(PanelLink& link, std::function<void()> endDemo)
+    : m_link(link), m_endDemo(std::move(endDemo)) {}
 
-MotionCommands::MotionCommands(PanelLink& link, MotionView& view, std::function<void()> endDemo)
-    : m_link(link), m_view(view), m_endDemo(std::move(endDemo)) {}
-
-void MotionCommands::pressMotion(const CommandButton& button) {
-    // The button's look is as loaded; the controller may be another one by now.
-    if (button.needsHomingFirmware && m_link.firmware < firmwareWithHLHoming)
-        return;
-    SendMotionCommand(button.command);
-}
-
-void MotionCommands::pressPlain(const CommandButton& button) {
-    if (button.endsDemo)
-        m_endDemo();
-    m_link.SendReceive(button.command);
-}
-
-MotionCommands::Settings MotionCommands::readSettings() {
-    Settings settings;
-    const auto read = [&](Box box, std::string_view whenEmpty) {
-        if (m_view.typed(box).empty())
-            m_view.fill(box, whenEmpty);
-        const std::string text = m_view.typed(box);
-        TypedNumber typed = parseTyped(labelOf(box), text);
-        if (!typed.number && !settings.faulty) {
-            settings.faulty = box;
-            settings.fault = std::move(typed.fault);
-        }
-        return typed.number;
-    };
-    settings.speed = read(Box::speed, "0");
-    settings.acceleration = read(Box::acceleration, "100");
+MotionCommands::Settings MotionCommands::read(MotionFields& fields) {
+    fillEmpty(fields.speed, "0");
+    fillEmpty(fields.acceleration, "100");
+    const auto [speed, speedFault] = parseTyped(speedLabel, fields.speed);
+    const auto [acceleration, accelerationFault] = parseTyped("Accel", fields.acceleration);
+    Settings settings{speed, acceleration, std::nullopt};
+    if (!speed)
+        settings.bad.emplace(PanelField::speed, speedFault);
+    else if (!acceleration)
+        settings.bad.emplace(PanelField::acceleration, accelerationFault);
     return settings;
 }
 
-void MotionCommands::refuse(const Settings& settings) {
-    m_view.pointTo(*settings.faulty);
-    throw ConversionError(settings.fault);
+MotionCommands::Settings MotionCommands::readGood(MotionFields& fields) {
+    Settings settings = read(fields);
+    if (settings.bad)
+        throw BadField(*settings.bad);
+    return settings;
 }
 
-void MotionCommands::send(const Settings& settings) {
+void MotionCommands::sendSettings(const Settings& settings) {
     if (settings.speed)
         m_link.SendReceive("HSPD=" + std::to_string(*settings.speed));
     if (settings.acceleration)
         m_link.SendReceive("ACC=" + std::to_string(*settings.acceleration));
 }
 
-void MotionCommands::SendSpeedAndAccel() {
-    const Settings settings = readSettings();
-    if (settings.faulty)
-        refuse(settings);
-    send(settings);
-}
-
-void MotionCommands::SendMotionCommand(std::string_view command) {
-    if (!isStop(command)) {
-        SendSpeedAndAccel();
-        m_link.SendReceive(command);
-        return;
-    }
-    m_endDemo();
-    const Settings settings = readSettings();
-    send(settings);
+void MotionCommands::SendMotionCommand(MotionFields& fields, std::string_view command) {
+    const bool stops = isStop(command);
+    if (stops)
+        m_endDemo();
+    const Settings settings = stops ? read(fields) : readGood(fields);
+    sendSettings(settings);
     m_link.SendReceive(command);
-    if (settings.faulty)
-        refuse(settings);
+    if (settings.bad)
+        throw BadField(*settings.bad);
 }
 
-std::string MotionCommands::verbatim(Box box) {
-    try {
-        return m_view.typedForWire(box);
-    } catch (const std::runtime_error& error) {
-        m_view.pointTo(box);
-        throw std::runtime_error("In the field " + inQuotes(labelOf(box)) + ": " + error.what());
-    }
+void MotionCommands::sendHLHoming(MotionFields& fields, std::string_view command) {
+    // The button's look is as loaded; the controller may be another one by now.
+    if (m_link.firmware >= firmwareWithHLHoming)
+        SendMotionCommand(fields, command);
 }
 
-void MotionCommands::ABS_Click() {
-    SendMotionCommand("X" + verbatim(Box::position));
+void MotionCommands::move(MotionFields& fields) {
+    const std::string position = verbatim(PanelField::position, positionLabel, fields.position);
+    SendMotionCommand(fields, "X" + position);
 }
 
-void MotionCommands::Datum_Click() {
+void MotionCommands::moveToZero(MotionFields& fields) {
     // A typing error must not come between "ABS" and "INC".
-    if (const Settings settings = readSettings(); settings.faulty)
-        refuse(settings);
+    readGood(fields);
     const bool incremental = m_link.SendReceive("MM") == "1";
     if (incremental)
         m_link.SendReceive("ABS");
-    SendMotionCommand("X0");
+    SendMotionCommand(fields, "X0");
     if (incremental)
         m_link.SendReceive("INC");
 }
 
-void MotionCommands::SSPD_Click() {
-    m_link.SendReceive("SSPD" + verbatim(Box::speed));
+void MotionCommands::changeSpeed(const MotionFields& fields) {
+    m_link.SendReceive("SSPD" + verbatim(PanelField::speed, speedLabel, fields.speed));
 }
 
-void MotionCommands::setCounter(std::string_view command) {
-    if (m_view.typed(Box::position).empty())
-        m_view.fill(Box::position, "0");
-    m_link.SendReceive(std::string(command) + verbatim(Box::position));
+void MotionCommands::setCounter(MotionFields& fields, std::string_view command) {
+    fillEmpty(fields.position, "0");
+    m_link.SendReceive(std::string(command) +
+                       verbatim(PanelField::position, positionLabel, fields.position));
 }
 
 }  // namespace zlt

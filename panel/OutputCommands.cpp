@@ -1,5 +1,7 @@
 #include "panel/OutputCommands.h"
 
+#include <string>
+
 #include "platform/NumberConversion.h"
 
 namespace zlt {
@@ -10,49 +12,48 @@ bool OutputCommands::toggle(std::string_view query, std::string_view setting) {
     return off;
 }
 
-void OutputCommands::DOSet_Click(int output) {
+void OutputCommands::toggleDigitalOutput(int output) {
     const std::string name = "DO" + std::to_string(output);
     toggle(name, name);
 }
 
-void OutputCommands::d1_Click() {
-    m_link.SendReceive(m_view.outputShown() ? "DO=0" : "DO=1");
+void OutputCommands::toggleOutput(bool shownOn) {
+    m_link.SendReceive(shownOn ? "DO=0" : "DO=1");
 }
 
-void OutputCommands::EnableStat_Click(bool checked) {
-    if (!checked)
+void OutputCommands::switchDriver(bool on) {
+    if (!on)
+        m_endDemo();
+    m_link.SendReceive(on ? "EO=1" : "EO=0");
+}
+
+void OutputCommands::askAndSwitchDriver(bool on) {
+    if (!on)
         m_endDemo();
     const auto enabled = parseInteger(m_link.SendReceive("EO"));
-    if (checked && enabled == 0)
-        m_link.SendReceive("EO=1");
-    else if (!checked && enabled == 1)
-        m_link.SendReceive("EO=0");
+    if (enabled == (on ? 0 : 1))
+        switchDriver(on);
 }
 
-void OutputCommands::EnableLatch_Click() {
-    m_view.markLatch(toggle("LTS", "LT"));
+bool OutputCommands::toggleLatch() {
+    return toggle("LTS", "LT");
 }
 
-void OutputCommands::SyncEnable_Click(bool checked) {
-    const auto condition = m_view.syncCondition();
-    const auto [position, fault] = parseTyped("Sync Output, Position", m_view.syncPosition());
-    if (!position && checked)
-        m_view.markSyncEnabled(false);
-    else {
-        if (condition)
-            m_link.SendReceive("SYNC=" + std::to_string(static_cast<int>(*condition)));
+void OutputCommands::switchSync(bool on, const SyncFields& fields) {
+    const auto [position, fault] = parseTyped("Sync Output, Position", fields.position);
+    if (position || !on) {
+        if (fields.condition)
+            m_link.SendReceive("SYNC=" + std::to_string(static_cast<int>(*fields.condition)));
         if (position)
             m_link.SendReceive("SYNP=" + std::to_string(*position));
-        m_link.SendReceive(checked ? "SYNO" : "SYNF");
+        m_link.SendReceive(on ? "SYNO" : "SYNF");
     }
-    if (!position) {
-        m_view.pointToSyncPosition();
-        throw ConversionError(fault);
-    }
+    if (!position)
+        throw BadField(PanelField::syncPosition, fault);
 }
 
-void OutputCommands::Scurve_Click(bool checked) {
-    m_link.SendReceive(checked ? "SCV=1" : "SCV=0");
+void OutputCommands::sendScurve(bool on) {
+    m_link.SendReceive(on ? "SCV=1" : "SCV=0");
 }
 
 bool OutputCommands::setScurve(bool on, MotionState motionShown) {

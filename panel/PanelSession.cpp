@@ -9,12 +9,6 @@
 namespace zlt {
 namespace {
 
-constexpr Rgb red{255, 0, 0};
-constexpr Rgb green{0, 255, 0};
-constexpr Rgb grey{128, 128, 128};
-
-constexpr std::string_view noCommunication = "No Communication";
-constexpr std::string_view communicationOk = "Communication OK";
 constexpr std::string_view unknown = "???";
 
 }  // namespace
@@ -30,36 +24,40 @@ bool PanelSession::load(const Connection& connection) {
     link.firmware = {};
     setDemo(false);
     setLive(false);
-    m_view.showBaudRate(connection.baudRate);
+    m_state.device = connection.deviceId;
+    m_state.deviceShown = connection.deviceId;
+    m_state.baudRate = connection.baudRate;
+    show();
     try {
         if (!link.openPort()) {
             failLoad();
             return false;
         }
         link.PortReady = true;
-        m_view.showPortRemark(link.portRemark());
+        m_state.portRemark = link.portRemark();
         link.setCommOK(true);
         if (identify())
             readOnce();
         // After a failed identification or any time-out the version reads "???", which is no
         // number: the load ends below, and a controller that did not answer is never polled.
-        link.firmware = firmwareVersion("VER", m_version);
+        link.firmware = firmwareVersion("VER", m_state.version);
     } catch (const std::exception&) {
         failLoad();
         return false;
     }
-    m_view.gateFeatures(link.firmware);
+    m_state.loadedFirmware = link.firmware;
+    show();
     return true;
 }
 
 bool PanelSession::identify() {
     if (isDeviceName(ask("DN"))) {
         link.setCommOK(true);
-        m_view.showLinkState(communicationOk, green);
+        showLink(LinkState::answering);
         return true;
     }
     link.setCommOK(false);
-    m_view.showLinkState(noCommunication, red);
+    showLink(LinkState::silent);
     m_services.gate.message("No Communication with device!");
     showDeviceLost();
     return false;
@@ -67,11 +65,11 @@ bool PanelSession::identify() {
 
 void PanelSession::readOnce() {
     showVersion(ask("VER"));
-    m_view.showIdentity(ask("ID"));
+    showIdentity(ask("ID"));
     const std::string name = ask("DN");
-    m_view.showSelectedDevice(behindDeviceNamePrefix(name, 5));
-    m_view.showSpeed(ask("HSPD"));
-    m_view.showAcceleration(ask("ACC"));
+    m_state.deviceShown = behindDeviceNamePrefix(name, 5);
+    const std::string speed = ask("HSPD");
+    m_view.fillSettings(speed, ask("ACC"));
 }
 
 void PanelSession::failLoad() {
@@ -108,8 +106,10 @@ void PanelSession::pollTick() {
 
 void PanelSession::passOverAxis() {
     const AxisReading reading = readAxis(link);
-    if (DemoMode)
+    if (m_state.demo)
         stepDemo();
+    if (reading.status)
+        m_motion = reading.status->motion();
     m_view.showReading(reading);
     // After a time-out the zeros are no values, and what came later may be another command's.
     setLive(link.CommOK());
@@ -128,40 +128,43 @@ void PanelSession::stepDemo() {
 
 void PanelSession::probe() {
     if (!isDeviceName(ask("DN"))) {
-        m_view.showLinkText(noCommunication);
-        m_view.showIdentity(unknown);
+        showLink(LinkState::silent);
+        showIdentity(std::string(unknown));
         return;
     }
     link.setCommOK(true);
-    m_view.showLinkState(communicationOk, green);
+    showLink(LinkState::answering);
     // A device name is what an earlier "DN" is answered with, late: every reply has been one
     // behind since then.
     std::string version = ask("VER");
     while (isDeviceName(version))
         version = link.receive("VER");
     showVersion(std::move(version));
-    m_view.showIdentity(ask("ID"));
+    showIdentity(ask("ID"));
     // Silent again in the middle of it: the number known so far stays, the probe goes on.
     if (link.CommOK())
         noteFirmware();
 }
 
 void PanelSession::setDemo(bool on) {
-    DemoMode = on;
+    m_state.demo = on;
     m_demoStep = on ? 1 : 0;
-    m_view.showDemo(on);
+    show();
 }
 
 // Device switch
 
 void PanelSession::switchDevice(const std::string& deviceId) {
+    m_state.deviceShown = deviceId;
     if (!link.PortReady || deviceId == link.connection.deviceId)
         return;
     holdOff();       // the values of the one before
     setDemo(false);  // the other axis has only been selected, not told to move
     m_view.forgetProgram();
-    m_view.showDeviceSwitch(link.connection.deviceId, deviceId);
+    m_view.deviceSwitched(link.connection.deviceId, deviceId);
     link.connection.deviceId = deviceId;
+    m_state.device = deviceId;
+    show();
     link.setCommOK(true);
     // A device name is what "DN" answers; as the product's identity it is a wrong answer.
     // Everything else passes here, silence included, which then fails on the version.
@@ -170,21 +173,21 @@ void PanelSession::switchDevice(const std::string& deviceId) {
         return;
     }
     link.setCommOK(true);
-    m_view.showLinkState(communicationOk, green);
+    showLink(LinkState::answering);
     showVersion(ask("VER"));
     try {
-        if (m_version != unknown)
+        if (m_state.version != unknown)
             noteFirmware();
     } catch (const ConversionError& error) {
         m_services.gate.message(error.what());
         link.endProgram(1);
     }
-    m_view.showIdentity(ask("ID"));
+    showIdentity(ask("ID"));
 }
 
 void PanelSession::failSwitch() {
     link.setCommOK(false);
-    m_view.showLinkState(noCommunication, red);
+    showLink(LinkState::silent);
     m_services.gate.message("No Communication with the device at address " +
                             utf8FromLatin1(link.connection.deviceId));
     showDeviceLost();
@@ -192,23 +195,31 @@ void PanelSession::failSwitch() {
 
 // What the screen shows of the link
 
+void PanelSession::showLink(LinkState state) {
+    m_state.link = state;
+    show();
+}
+
+void PanelSession::showIdentity(std::string id) {
+    m_state.id = std::move(id);
+    show();
+}
+
 void PanelSession::showVersion(std::string version) {
-    m_version = std::move(version);
-    m_view.showVersion(m_version);
+    m_state.version = std::move(version);
+    show();
 }
 
 void PanelSession::noteFirmware() {
     const bool wasRead = link.firmware >= firmwareWithProgramState;
-    link.firmware = firmwareVersion("VER", m_version);
+    link.firmware = firmwareVersion("VER", m_state.version);
     if (wasRead && link.firmware < firmwareWithProgramState)
         m_view.forgetProgram();
 }
 
 void PanelSession::setLive(bool live) {
-    if (m_live == live)
-        return;
-    m_live = live;
-    m_view.showLive(live);
+    m_state.live = live;
+    show();
 }
 
 /// Live again is only what a whole pass has read.
@@ -219,7 +230,7 @@ void PanelSession::commChanged(bool connected) {
 
 void PanelSession::exchangeTimedOut() {
     showUnknownDevice();
-    m_view.showLinkState(noCommunication, red);
+    showLink(LinkState::silent);
 }
 
 void PanelSession::portLost() {
@@ -227,19 +238,19 @@ void PanelSession::portLost() {
 }
 
 void PanelSession::showInvalidPort() {
-    m_view.showLinkState("Invalid Port", grey);
+    showLink(LinkState::noPort);
     showDeviceLost();
 }
 
 void PanelSession::showDeviceLost() {
-    m_view.showSelectedDevice(link.connection.deviceId);
+    m_state.deviceShown = link.connection.deviceId;
     showUnknownDevice();
 }
 
 void PanelSession::showUnknownDevice() {
-    m_version = unknown;
-    m_view.showIdentity(unknown);
-    m_view.showVersion(unknown);
+    m_state.id = unknown;
+    m_state.version = unknown;
+    show();
     m_view.resetSync();
 }
 

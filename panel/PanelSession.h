@@ -24,12 +24,15 @@ class PanelSession : private PanelLinkListener {
     void switchDevice(const std::string& deviceId);
 
     /// Starts or ends the demo moves to 8000 and 0.
-    void toggleDemo() { setDemo(!DemoMode); }
+    void toggleDemo() { setDemo(!m_state.demo); }
     void endDemo() { setDemo(false); }
 
     /// A box or another screen keeps the poll off: what stands there is no live value until the
     /// next whole pass.
     void holdOff() { setLive(false); }
+
+    /// What the axis does, by the last status that was read.
+    MotionState motion() const { return m_motion; }
 
     /// Closes the port, when it is still this panel's.
     void unload();
@@ -54,17 +57,20 @@ class PanelSession : private PanelLinkListener {
     void setLive(bool live);
 
     std::string ask(std::string_view command) { return link.SendReceive(command); }
-    void showVersion(std::string version);
     void noteFirmware();
+
+    void show() { m_view.showState(m_state); }
+    void showLink(LinkState state);
+    void showIdentity(std::string id);
+    void showVersion(std::string version);
     void showInvalidPort();
-    void showUnknownDevice();
     void showDeviceLost();
+    void showUnknownDevice();
 
     const Services& m_services;
     PanelView& m_view;
-    std::string m_version;  ///< the caption of `Version`
-    bool m_live = true;     ///< whether what stands on the screen is what the controller says now
-    bool DemoMode = false;
+    PanelState m_state;
+    MotionState m_motion = MotionState::idle;
     int m_demoStep = 0;  ///< 0 to 2
 };
 

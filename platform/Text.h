@@ -22,6 +22,24 @@ class NotLatin1 : public std::runtime_error {
     explicit NotLatin1(char32_t codePoint, int line = 0);
 };
 
+/// A control character where none may be: a pasted text may bring one along unseen, a carriage
+/// return above all, which ends a command and begins another. what() is a sentence, UTF-8.
+class ControlCharacter : public std::runtime_error {
+ public:
+    ControlCharacter();
+};
+
+/// A field's text (UTF-8) as it goes into a line of a file. Throws NotLatin1 naming the first
+/// character that cannot, and ControlCharacter for a line end.
+std::string wireText(std::string_view utf8);
+
+/// The same for a text that goes into a command: throws ControlCharacter for any of them.
+std::string commandText(std::string_view utf8);
+
+/// The same for a text of several lines, ended by CR LF, whatever characters they hold; NotLatin1
+/// names the line too.
+std::string wireLines(std::string_view utf8);
+
 /// Text of the wire or of a file (one byte a character) as UTF-8.
 std::string utf8FromLatin1(std::string_view latin1);
 

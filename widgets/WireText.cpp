@@ -1,7 +1,6 @@
 #include "widgets/WireText.h"
 
 #include <QList>
-#include <algorithm>
 
 #include "platform/Text.h"
 
@@ -11,46 +10,24 @@ QString shownText(std::string_view wire) {
     return QString::fromLatin1(wire.data(), static_cast<qsizetype>(wire.size()));
 }
 
-namespace {
-
-/// `line` counts the lines from 1, or stays 0 where there is only one.
-std::string convert(const QString& shown, int line) {
-    std::string wire;
-    wire.reserve(static_cast<std::size_t>(shown.size()));
-    for (const uint codePoint : shown.toUcs4()) {
-        if (codePoint > 0xFF)
-            throw NotLatin1(codePoint, line);
-        wire += static_cast<char>(codePoint);
-        if (line > 0 && codePoint == '\n')
-            ++line;
-    }
-    return wire;
+std::string toUtf8(const QString& shown) {
+    // Half a character counts as one that the wire cannot carry; Qt's own UTF-8 has "?" for it.
+    std::string utf8;
+    for (const uint codePoint : shown.toUcs4())
+        utf8 += utf8FromCodePoint(codePoint);
+    return utf8;
 }
 
-}  // namespace
-
-ControlCharacter::ControlCharacter()
-    : std::runtime_error(
-          "The text holds a line end or another control character that is not shown.  Please type "
-          "it anew.") {}
-
 std::string wireText(const QString& shown) {
-    if (shown.contains(QLatin1Char('\r')) || shown.contains(QLatin1Char('\n')))
-        throw ControlCharacter();
-    return convert(shown, 0);
+    return wireText(toUtf8(shown));
 }
 
 std::string commandText(const QString& shown) {
-    std::string text = wireText(shown);
-    // A tab may stand in a line of text, not in a command.
-    const auto isRefused = [](char c) { return isControlCharacter(c) || c == '\t'; };
-    if (std::any_of(text.begin(), text.end(), isRefused))
-        throw ControlCharacter();
-    return text;
+    return commandText(toUtf8(shown));
 }
 
 std::string wireLines(const QString& shown) {
-    return convert(shown, 1);
+    return wireLines(toUtf8(shown));
 }
 
 QString withoutLineEnd(const QString& shown) {

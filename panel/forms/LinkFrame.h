@@ -1,17 +1,18 @@
 #pragma once
 
 #include <QFrame>
+#include <functional>
 #include <memory>
 
-#include "panel/PanelView.h"
+#include "panel/PanelSession.h"
+#include "panel/PanelState.h"
+#include "widgets/Handlers.h"
 
 namespace Ui {
 class LinkFrame;
 }
 
 namespace zlt {
-
-class ChoiceBox;
 
 /// The strip at the top: the state of the link, the device that is worked, what it is.
 class LinkFrame : public QFrame {
@@ -21,18 +22,16 @@ class LinkFrame : public QFrame {
     explicit LinkFrame(QWidget* parent = nullptr);
     ~LinkFrame() override;
 
-    void showLinkText(std::string_view text);
-    void showLinkState(std::string_view text, Rgb colour);
-    void showLive(bool live);
-    void showSelectedDevice(std::string_view deviceId);
-    void showIdentity(std::string_view id);
-    void showVersion(std::string_view version);
-    void showBaudRate(std::string_view baudRate);
-    void showPortRemark(std::string_view remark);
+    /// Connects the controls to the rules; `close` closes the panel. `services` and `session` are
+    /// used as long as the controls are worked.
+    void connectTo(Handlers& handlers, const Services& services, PanelSession& session,
+                   const std::function<void()>& close);
 
-    const Ui::LinkFrame& controls() const { return *m_ui; }
+    void showState(const PanelState& state);
 
  private:
+    void showLink(LinkState link);
+
     std::unique_ptr<Ui::LinkFrame> m_ui;
 };
 

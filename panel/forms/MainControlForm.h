@@ -46,18 +46,12 @@ class MainControlForm : public Screen, private PanelView {
 
  private:
     std::chrono::milliseconds Timer1_Timer();
-    void SelectedDeviceID_Click(int index);
-    void Command5_Click();
-    void About_Click();
-    void Help_Click();
     void Command2_Click();
     void Setup_Click();
-    void ManualTerminal_Click();
-    void Variable_Click();
     void XThread_Click();
 
     void closeScreen() override { Command2_Click(); }
-    void heldOff() override;
+    void heldOff() override { m_session.holdOff(); }
     /// Lends the port to another screen and shows that until it is closed; `own` is what that
     /// screen needs beside the link. A stop pressed there ends the demo.
     template <class Form, class... Own>
@@ -66,30 +60,17 @@ class MainControlForm : public Screen, private PanelView {
     /// What the controller has accepted and not in use yet, or not stored.
     void showDeviceNote();
 
-    void connectHandlers();
-    void connectFrames();
-    /// Connects a table's buttons, wherever they are on the screen.
-    void connectTable(std::span<const CommandButton> buttons,
-                      void (MotionCommands::*press)(const CommandButton&));
+    void connectControls();
 
-    void showLinkText(std::string_view text) override;
-    void showLinkState(std::string_view text, Rgb colour) override;
-    void showLive(bool live) override;
-    void showSelectedDevice(std::string_view deviceId) override;
-    void showIdentity(std::string_view id) override;
-    void showVersion(std::string_view version) override;
-    void showBaudRate(std::string_view baudRate) override;
-    void showPortRemark(std::string_view remark) override;
-    void showSpeed(std::string_view speed) override;
-    void showAcceleration(std::string_view acceleration) override;
-    void resetSync() override;
-    void showDeviceSwitch(std::string_view before, std::string_view now) override;
-    void gateFeatures(FirmwareVersion firmware) override;
+    void showState(const PanelState& state) override;
     void showReading(const AxisReading& reading) override;
+    void fillSettings(std::string_view speed, std::string_view acceleration) override;
+    void resetSync() override;
+    void deviceSwitched(std::string_view before, std::string_view now) override;
     void forgetProgram() override;
-    void showDemo(bool on) override;
 
     std::unique_ptr<Ui::MainControlForm> m_ui;
+    PanelState m_shown;
     PanelSession m_session;
     MotionCommands m_motion;
     OutputCommands m_outputs;

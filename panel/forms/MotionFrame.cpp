@@ -1,12 +1,22 @@
 #include "panel/forms/MotionFrame.h"
 
 #include <QEvent>
+#include <utility>
 
 #include "ui_MotionFrame.h"
 #include "widgets/FieldHints.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
+namespace {
+
+void fill(QLineEdit& field, std::string_view utf8) {
+    if (toUtf8(field.text()) != utf8)
+        field.setText(fromUtf8(utf8));
+}
+
+}  // namespace
+
 MotionFrame::MotionFrame(QWidget* parent)
     : QGroupBox(parent), m_ui(std::make_unique<Ui::MotionFrame>()) {
     m_ui->setupUi(this);
@@ -14,68 +24,134 @@ MotionFrame::MotionFrame(QWidget* parent)
 
 MotionFrame::~MotionFrame() = default;
 
-void MotionFrame::connectTo(Handlers& handlers, MotionCommands& motion, OutputCommands& outputs,
-                            const std::function<MotionState()>& motionShown) {
-    handlers.onClick(*m_ui->ABS, [&](bool) { motion.ABS_Click(); });
-    handlers.onClick(*m_ui->Datum, [&](bool) { motion.Datum_Click(); });
-    handlers.onClick(*m_ui->SSPD, [&](bool) { motion.SSPD_Click(); });
-    handlers.onClick(*m_ui->Command7, [&](bool) { motion.Command7_Click(); });
-    handlers.onClick(*m_ui->Command6, [&](bool) { motion.Command6_Click(); });
-    handlers.onClick(*m_ui->EnableStat, [&](bool on) { outputs.EnableStat_Click(on); });
-    handlers.onClick(*m_ui->Scurve, [&](bool on) { outputs.Scurve_Click(on); });
-    const auto setScurve = [this, &outputs, motionShown](bool on) {
-        if (outputs.setScurve(on, motionShown()))
+// Clicks
+
+std::array<MotionFrame::CommandButton, 11> MotionFrame::motionButtons() const {
+    return {{{m_ui->JOGP, "J+"},
+             {m_ui->JOGN, "J-"},
+             {m_ui->HOMEP, "H+"},
+             {m_ui->HOMEN, "H-"},
+             {m_ui->ZHOMEPLUS, "ZH+"},
+             {m_ui->ZHOMEMINUS, "ZH-"},
+             {m_ui->Command4, "Z+"},
+             {m_ui->Command3, "Z-"},
+             {m_ui->ResetPos, "PX=0"},
+             {m_ui->ResetEnc, "EX=0"},
+             {m_ui->ResetEncoder, "EX=0"}}};
+}
+
+std::array<MotionFrame::CommandButton, 4> MotionFrame::hlHomingButtons() const {
+    return {{{m_ui->HLHOMEPLUS, "HL+"},
+             {m_ui->HLHOMEMINUS, "HL-"},
+             {m_ui->LHOMEPLUS, "L+"},
+             {m_ui->LHOMEMINUS, "L-"}}};
+}
+
+std::array<MotionFrame::CommandButton, 2> MotionFrame::plainButtons() const {
+    return {{{m_ui->ABSMode, "ABS"}, {m_ui->INCMode, "INC"}}};
+}
+
+void MotionFrame::connectTo(Handlers& handlers, PanelSession& session, MotionCommands& motion,
+                            OutputCommands& outputs) {
+    connectMotion(handlers, motion);
+    connectOutputs(handlers, session, outputs);
+    handlers.onClick(*m_ui->Command5, [&](bool) { session.toggleDemo(); });
+}
+
+void MotionFrame::connectMotion(Handlers& handlers, MotionCommands& motion) {
+    const auto onClick = [&, this](QAbstractButton& button,
+                                   const std::function<void(MotionFields&)>& command) {
+        handlers.onClick(button, [this, command](bool) { withFields(command); });
+    };
+    for (const auto& [button, command] : motionButtons())
+        onClick(*button, [&motion, command = command](MotionFields& fields) {
+            motion.SendMotionCommand(fields, command);
+        });
+    for (const auto& [button, command] : hlHomingButtons())
+        onClick(*button, [&motion, command = command](MotionFields& fields) {
+            motion.sendHLHoming(fields, command);
+        });
+    for (const auto& [button, command] : plainButtons())
+        handlers.onClick(*button, [&motion, command = command](bool) { motion.send(command); });
+    onClick(*m_ui->ABS, [&](MotionFields& fields) { motion.move(fields); });
+    onClick(*m_ui->Datum, [&](MotionFields& fields) { motion.moveToZero(fields); });
+    onClick(*m_ui->SSPD, [&](MotionFields& fields) { motion.changeSpeed(fields); });
+    onClick(*m_ui->Command7, [&](MotionFields& fields) { motion.setPosition(fields); });
+    onClick(*m_ui->Command6, [&](MotionFields& fields) { motion.setEncoder(fields); });
+}
+
+void MotionFrame::connectOutputs(Handlers& handlers, PanelSession& session,
+                                 OutputCommands& outputs) {
+    handlers.onClick(*m_ui->EnableStat, [&](bool on) { outputs.askAndSwitchDriver(on); });
+    handlers.onClick(*m_ui->EnableOn, [&](bool) { outputs.switchDriver(true); });
+    handlers.onClick(*m_ui->EnableOff, [&](bool) { outputs.switchDriver(false); });
+    handlers.onClick(*m_ui->Scurve, [&](bool on) { outputs.sendScurve(on); });
+    const auto setScurve = [this, &session, &outputs](bool on) {
+        if (outputs.setScurve(on, session.motion()))
             m_ui->Scurve->setChecked(on);
     };
     handlers.onClick(*m_ui->OnScurve, [setScurve](bool) { setScurve(true); });
     handlers.onClick(*m_ui->OffScurve, [setScurve](bool) { setScurve(false); });
 }
 
-QLineEdit& MotionFrame::field(Box box) const {
+QLineEdit& MotionFrame::field(PanelField box) const {
     switch (box) {
-        case Box::speed:
+        case PanelField::speed:
             return *m_ui->SetSpeed;
-        case Box::acceleration:
+        case PanelField::acceleration:
             return *m_ui->Accel;
-        case Box::position:
-            break;
+        default:
+            return *m_ui->SetPosition;
     }
-    return *m_ui->SetPosition;
 }
 
-std::string MotionFrame::typed(Box box) const {
-    return field(box).text().toStdString();
+void MotionFrame::withFields(const std::function<void(MotionFields&)>& command) {
+    MotionFields fields{toUtf8(m_ui->SetSpeed->text()), toUtf8(m_ui->Accel->text()),
+                        toUtf8(m_ui->SetPosition->text())};
+    const auto show = [&] {
+        fill(*m_ui->SetSpeed, fields.speed);
+        fill(*m_ui->Accel, fields.acceleration);
+        fill(*m_ui->SetPosition, fields.position);
+    };
+    try {
+        command(fields);
+    } catch (const BadField& bad) {
+        show();
+        pointToField(field(bad.field()));
+        throw;
+    }
+    show();
 }
 
-std::string MotionFrame::typedForWire(Box box) const {
-    return commandText(field(box).text());
+void MotionFrame::focusSpeed() {
+    m_ui->SetSpeed->setFocus();
 }
 
-void MotionFrame::fill(Box box, std::string_view text) {
-    field(box).setText(shownText(text));
-}
+// What the rules show
 
-void MotionFrame::pointTo(Box box) {
-    pointToField(field(box));
-}
-
-void MotionFrame::showSpeed(std::string_view speed) {
+void MotionFrame::fillSettings(std::string_view speed, std::string_view acceleration) {
     m_ui->SetSpeed->setText(shownText(speed));
-}
-
-void MotionFrame::showAcceleration(std::string_view acceleration) {
     m_ui->Accel->setText(shownText(acceleration));
 }
 
-void MotionFrame::showDriverEnabled(bool enabled) {
-    m_ui->EnableStat->showState(enabled);
+void MotionFrame::showReading(const AxisReading& reading) {
+    if (reading.driverEnabled)
+        m_ui->EnableStat->showState(*reading.driverEnabled);
 }
 
-void MotionFrame::showDemo(bool on) {
-    m_ui->Command5->setChecked(on);
-    // A pressed look alone can hardly be told apart in a dark palette.
+void MotionFrame::showState(const PanelState& state) {
+    m_ui->EnableStat->setLive(state.live);
+    m_ui->Command5->setChecked(state.demo);  // a click has turned it already
+    if (std::exchange(m_demoShown, state.demo) != state.demo)
+        colourDemo();
+    if (state.loadedFirmware)
+        gateFeatures(*state.loadedFirmware);
+}
+
+/// A pressed look alone can hardly be told apart in a dark palette.
+void MotionFrame::colourDemo() {
     QPalette colours;
-    if (on) {
+    if (m_demoShown) {
         colours.setColor(QPalette::Button, palette().color(QPalette::Highlight));
         colours.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
     }
@@ -85,11 +161,7 @@ void MotionFrame::showDemo(bool on) {
 void MotionFrame::changeEvent(QEvent* event) {
     QGroupBox::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
-        showDemo(m_ui->Command5->isChecked());
-}
-
-void MotionFrame::showLive(bool live) {
-    m_ui->EnableStat->setLive(live);
+        colourDemo();
 }
 
 void MotionFrame::clearMarks() {
@@ -98,8 +170,7 @@ void MotionFrame::clearMarks() {
 
 void MotionFrame::gateFeatures(FirmwareVersion firmware) {
     const bool has = firmware >= firmwareWithHLHoming;
-    for (QPushButton* button :
-         {m_ui->HLHOMEMINUS, m_ui->HLHOMEPLUS, m_ui->LHOMEMINUS, m_ui->LHOMEPLUS}) {
+    for (const auto& [button, command] : hlHomingButtons()) {
         button->setEnabled(has);
         if (!has)
             addToToolTip(*button, needsFirmware(firmwareWithHLHoming, firmware));

@@ -1,58 +1,75 @@
 #pragma once
 
 #include <QGroupBox>
+#include <array>
 #include <functional>
 #include <memory>
 
-#include "link/Values.h"
+#include "panel/AxisReading.h"
 #include "panel/MotionCommands.h"
 #include "panel/OutputCommands.h"
+#include "panel/PanelSession.h"
+#include "panel/PanelState.h"
 #include "widgets/Handlers.h"
 
 namespace Ui {
 class MotionFrame;
 }
 
+class QAbstractButton;
 class QLineEdit;
 
 namespace zlt {
 
 /// The "Control" frame: speed, jog, moves, homing, driver, S-curve and the counters.
-class MotionFrame : public QGroupBox, public MotionView {
+class MotionFrame : public QGroupBox {
     Q_OBJECT
 
  public:
     explicit MotionFrame(QWidget* parent = nullptr);
     ~MotionFrame() override;
 
-    void showSpeed(std::string_view speed);
-    void showAcceleration(std::string_view acceleration);
-    void showDriverEnabled(bool enabled);
-    void showDemo(bool on);
-    void showLive(bool live);
+    /// Connects the buttons and check boxes to the rules, which are used as long as these are
+    /// worked.
+    void connectTo(Handlers& handlers, PanelSession& session, MotionCommands& motion,
+                   OutputCommands& outputs);
+
+    /// Runs a command on what stands in the boxes and shows what it fills an empty one with. Puts
+    /// the cursor into the box of a BadField, which is passed on.
+    void withFields(const std::function<void(MotionFields&)>& command);
+
+    void showState(const PanelState& state);
+    void showReading(const AxisReading& reading);
+    void fillSettings(std::string_view speed, std::string_view acceleration);
     /// Clears the S-curve's mark: the operator's last click was another device's.
     void clearMarks();
-    /// Enables the HL and L homing where the firmware has it.
-    void gateFeatures(FirmwareVersion firmware);
-
-    /// Connects the buttons and check boxes to the rules; `motionShown` is what `Stat` shows.
-    void connectTo(Handlers& handlers, MotionCommands& motion, OutputCommands& outputs,
-                   const std::function<MotionState()>& motionShown);
-
-    std::string typed(Box box) const override;
-    std::string typedForWire(Box box) const override;
-    void fill(Box box, std::string_view text) override;
-    void pointTo(Box box) override;
-
-    const Ui::MotionFrame& controls() const { return *m_ui; }
+    /// Puts the cursor into the speed.
+    void focusSpeed();
 
  protected:
     void changeEvent(QEvent* event) override;
 
  private:
-    QLineEdit& field(Box box) const;
+    struct CommandButton {
+        QAbstractButton* button;
+        std::string_view command;
+    };
+    /// Buttons whose command goes out after speed and acceleration.
+    std::array<CommandButton, 11> motionButtons() const;
+    /// The same for the homing that older firmware lacks.
+    std::array<CommandButton, 4> hlHomingButtons() const;
+    /// Buttons whose command goes out alone.
+    std::array<CommandButton, 2> plainButtons() const;
+    void connectMotion(Handlers& handlers, MotionCommands& motion);
+    void connectOutputs(Handlers& handlers, PanelSession& session, OutputCommands& outputs);
+
+    QLineEdit& field(PanelField box) const;
+    void colourDemo();
+    /// Enables the HL and L homing where the firmware has it.
+    void gateFeatures(FirmwareVersion firmware);
 
     std::unique_ptr<Ui::MotionFrame> m_ui;
+    bool m_demoShown = false;
 };
 
 }  // namespace zlt

@@ -2,6 +2,7 @@
 
 #include "ui_OutputsFrame.h"
 #include "widgets/FieldHints.h"
+#include "widgets/WireText.h"
 
 namespace zlt {
 
@@ -13,46 +14,43 @@ OutputsFrame::OutputsFrame(QWidget* parent)
 OutputsFrame::~OutputsFrame() = default;
 
 void OutputsFrame::connectTo(Handlers& handlers, OutputCommands& outputs) {
-    handlers.onClick(*m_ui->DOSet1, [&](bool) { outputs.DOSet_Click(1); });
-    handlers.onClick(*m_ui->DOSet2, [&](bool) { outputs.DOSet_Click(2); });
-    handlers.onClick(*m_ui->DOSet3, [&](bool) { outputs.DOSet_Click(3); });
-    handlers.onClick(*m_ui->d1, [&](bool) { outputs.d1_Click(); });
-    handlers.onClick(*m_ui->EnableLatch, [&](bool) { outputs.EnableLatch_Click(); });
-    handlers.onClick(*m_ui->SyncEnable, [&](bool on) { outputs.SyncEnable_Click(on); });
+    handlers.onClick(*m_ui->DOSet1, [&](bool) { outputs.toggleDigitalOutput(1); });
+    handlers.onClick(*m_ui->DOSet2, [&](bool) { outputs.toggleDigitalOutput(2); });
+    handlers.onClick(*m_ui->DOSet3, [&](bool) { outputs.toggleDigitalOutput(3); });
+    handlers.onClick(*m_ui->d1, [&, this](bool) { outputs.toggleOutput(m_ui->InPosDO->lit()); });
+    handlers.onClick(*m_ui->EnableLatch,
+                     [&, this](bool) { m_ui->EnableLatch->setChecked(outputs.toggleLatch()); });
+    handlers.onClick(*m_ui->SyncEnable, [&, this](bool on) { switchSync(outputs, on); });
 }
 
-std::optional<SyncCondition> OutputsFrame::syncCondition() const {
+SyncFields OutputsFrame::syncFields() const {
+    SyncFields fields{std::nullopt, toUtf8(m_ui->SyncPos->text())};
     if (m_ui->SyncEqual->isChecked())
-        return SyncCondition::equal;
-    if (m_ui->SyncLessThan->isChecked())
-        return SyncCondition::lessThan;
-    if (m_ui->SyncGreaterThan->isChecked())
-        return SyncCondition::greaterThan;
-    return std::nullopt;
+        fields.condition = SyncCondition::equal;
+    else if (m_ui->SyncLessThan->isChecked())
+        fields.condition = SyncCondition::lessThan;
+    else if (m_ui->SyncGreaterThan->isChecked())
+        fields.condition = SyncCondition::greaterThan;
+    return fields;
 }
 
-std::string OutputsFrame::syncPosition() const {
-    return m_ui->SyncPos->text().toStdString();
+void OutputsFrame::switchSync(OutputCommands& outputs, bool on) {
+    try {
+        outputs.switchSync(on, syncFields());
+    } catch (const BadField&) {
+        m_ui->SyncEnable->setChecked(false);
+        pointToField(*m_ui->SyncPos);
+        throw;
+    }
 }
 
-void OutputsFrame::pointToSyncPosition() {
-    pointToField(*m_ui->SyncPos);
+void OutputsFrame::showState(const PanelState& state) {
+    m_ui->InPosDO->setLive(state.live);
 }
 
-void OutputsFrame::markSyncEnabled(bool enabled) {
-    m_ui->SyncEnable->setChecked(enabled);
-}
-
-void OutputsFrame::markLatch(bool on) {
-    m_ui->EnableLatch->setChecked(on);
-}
-
-bool OutputsFrame::outputShown() const {
-    return m_ui->InPosDO->lit();
-}
-
-void OutputsFrame::showOutput(bool on) {
-    m_ui->InPosDO->setLit(on);
+void OutputsFrame::showReading(const AxisReading& reading) {
+    if (reading.program && reading.program->output)
+        m_ui->InPosDO->setLit(*reading.program->output);
 }
 
 void OutputsFrame::resetSync() {
@@ -60,13 +58,13 @@ void OutputsFrame::resetSync() {
     m_ui->SyncPos->setText(QStringLiteral("0"));
 }
 
-void OutputsFrame::clearMarks() {
-    markSyncEnabled(false);
-    markLatch(false);
+void OutputsFrame::forgetProgram() {
+    m_ui->InPosDO->setLit(false);
 }
 
-void OutputsFrame::showLive(bool live) {
-    m_ui->InPosDO->setLive(live);
+void OutputsFrame::clearMarks() {
+    m_ui->SyncEnable->setChecked(false);
+    m_ui->EnableLatch->setChecked(false);
 }
 
 }  // namespace zlt

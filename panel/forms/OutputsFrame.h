@@ -3,7 +3,9 @@
 #include <QWidget>
 #include <memory>
 
+#include "panel/AxisReading.h"
 #include "panel/OutputCommands.h"
+#include "panel/PanelState.h"
 #include "widgets/Handlers.h"
 
 namespace Ui {
@@ -13,30 +15,30 @@ class OutputsFrame;
 namespace zlt {
 
 /// Digital outputs, position latch and synchronisation output.
-class OutputsFrame : public QWidget, public OutputsView {
+class OutputsFrame : public QWidget {
     Q_OBJECT
 
  public:
     explicit OutputsFrame(QWidget* parent = nullptr);
     ~OutputsFrame() override;
 
-    void showOutput(bool on);
-    void resetSync();
-    /// Clears what the operator's last clicks left: they were another device's.
-    void clearMarks();
-    void showLive(bool live);
-
-    /// Connects the buttons and check boxes to the rules.
+    /// Connects the buttons and check boxes to the rules, which are used as long as these are
+    /// worked.
     void connectTo(Handlers& handlers, OutputCommands& outputs);
 
-    std::optional<SyncCondition> syncCondition() const override;
-    std::string syncPosition() const override;
-    void pointToSyncPosition() override;
-    void markSyncEnabled(bool enabled) override;
-    void markLatch(bool on) override;
-    bool outputShown() const override;
+    void showState(const PanelState& state);
+    void showReading(const AxisReading& reading);
+    /// Puts condition and position back to "=" and "0".
+    void resetSync();
+    /// Puts the output's lamp out.
+    void forgetProgram();
+    /// Clears what the operator's last clicks left: they were another device's.
+    void clearMarks();
 
  private:
+    SyncFields syncFields() const;
+    void switchSync(OutputCommands& outputs, bool on);
+
     std::unique_ptr<Ui::OutputsFrame> m_ui;
 };
 

@@ -10,6 +10,17 @@ StatusFrame::StatusFrame(QWidget* parent)
 
 StatusFrame::~StatusFrame() = default;
 
+void StatusFrame::connectTo(Handlers& handlers, MotionCommands& motion) {
+    handlers.onClick(*m_ui->clear, [&](bool) { motion.send("CLR"); });
+}
+
+void StatusFrame::showState(const PanelState& state) {
+    for (ReadOut* value : findChildren<ReadOut*>())
+        value->setLive(state.live);
+    for (Lamp* lamp : findChildren<Lamp*>())
+        lamp->setLive(state.live);
+}
+
 void StatusFrame::showReading(const AxisReading& reading) {
     m_ui->Current->showReply(reading.current);
     m_ui->Pos->showReply(reading.position);
@@ -21,8 +32,7 @@ void StatusFrame::showReading(const AxisReading& reading) {
 }
 
 void StatusFrame::showStatus(const StatusWord& status) {
-    m_motionShown = status.motion();
-    m_ui->Stat->showState(shownState(m_motionShown));
+    m_ui->Stat->showState(shownState(status.motion()));
     m_ui->NegLim->setLit(status.negativeLimit());
     m_ui->PosLim->setLit(status.positiveLimit());
     m_ui->Home->setLit(status.home());
@@ -41,13 +51,6 @@ void StatusFrame::forgetProgram() {
     m_ui->MoveMode->showReply("");
     m_ui->ProgIndex->showReply("");
     m_ui->ProgStatus->showState({});
-}
-
-void StatusFrame::showLive(bool live) {
-    for (ReadOut* value : findChildren<ReadOut*>())
-        value->setLive(live);
-    for (Lamp* lamp : findChildren<Lamp*>())
-        lamp->setLive(live);
 }
 
 }  // namespace zlt

@@ -4,6 +4,9 @@
 #include <memory>
 
 #include "panel/AxisReading.h"
+#include "panel/MotionCommands.h"
+#include "panel/PanelState.h"
+#include "widgets/Handlers.h"
 
 namespace Ui {
 class StatusFrame;
@@ -19,21 +22,20 @@ class StatusFrame : public QGroupBox {
     explicit StatusFrame(QWidget* parent = nullptr);
     ~StatusFrame() override;
 
+    /// Connects the button to the rules, which are used as long as it is worked.
+    void connectTo(Handlers& handlers, MotionCommands& motion);
+
+    void showState(const PanelState& state);
     /// Shows what of it is this frame's; a field without a value stays as it stands.
     void showReading(const AxisReading& reading);
     /// Empties move mode, program line and program state.
     void forgetProgram();
-    void showLive(bool live);
-
-    /// What `Stat` shows.
-    MotionState motionShown() const { return m_motionShown; }
 
  private:
     void showStatus(const StatusWord& status);
     void showProgram(const AxisReading::Program& program);
 
     std::unique_ptr<Ui::StatusFrame> m_ui;
-    MotionState m_motionShown = MotionState::idle;
 };
 
 }  // namespace zlt

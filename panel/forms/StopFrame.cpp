@@ -10,8 +10,16 @@ StopFrame::StopFrame(QWidget* parent) : QGroupBox(parent), m_ui(std::make_unique
 
 StopFrame::~StopFrame() = default;
 
-void StopFrame::showDevice(std::string_view deviceId) {
-    setTitle(stopTitle(deviceId));
+StopButton& StopFrame::stop() const {
+    return *m_ui->RSTOP;
+}
+
+StopButton& StopFrame::abort() const {
+    return *m_ui->ISTOP;
+}
+
+void StopFrame::showState(const PanelState& state) {
+    setTitle(stopTitle(state.device));
 }
 
 }  // namespace zlt

@@ -2,13 +2,16 @@
 
 #include <QGroupBox>
 #include <memory>
-#include <string_view>
+
+#include "panel/PanelState.h"
 
 namespace Ui {
 class StopFrame;
 }
 
 namespace zlt {
+
+class StopButton;
 
 /// The two stops, large and always in the same place, titled with the one device that they stop.
 class StopFrame : public QGroupBox {
@@ -18,9 +21,11 @@ class StopFrame : public QGroupBox {
     explicit StopFrame(QWidget* parent = nullptr);
     ~StopFrame() override;
 
-    void showDevice(std::string_view deviceId);
+    /// The ramped stop and the immediate one.
+    StopButton& stop() const;
+    StopButton& abort() const;
 
-    const Ui::StopFrame& controls() const { return *m_ui; }
+    void showState(const PanelState& state);
 
  private:
     std::unique_ptr<Ui::StopFrame> m_ui;
