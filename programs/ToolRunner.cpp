@@ -109,6 +109,7 @@ void ToolRunner::writeSetup(std::string_view file, const std::vector<SetupEntry>
 std::string ToolRunner::start(const Tool& tool) {
     const fs::path path = pathOf(tool.path);
     const std::string name = nameOf(tool.path);
+    m_view.keepUnsaved();
     ProcessEnd end = m_services.processes.runAndWait(
         path, [&](std::int64_t process) { m_view.showRunningTool(name, process); });
     m_view.clearRunningTool();

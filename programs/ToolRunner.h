@@ -46,11 +46,13 @@ struct SetupEntry {
     std::string value;
 };
 
-/// Where the operator sees which tool the panel is waiting for.
+/// What the form does while the panel waits for a tool.
 class ToolRunView {
  public:
     virtual ~ToolRunView() = default;
 
+    /// Keeps a text that is not saved, whatever becomes of the panel during the run.
+    virtual void keepUnsaved() = 0;
     /// Shows at once, before the panel stands still, which tool runs in which process.
     virtual void showRunningTool(std::string_view tool, std::int64_t process) = 0;
     virtual void clearRunningTool() = 0;

@@ -29,7 +29,7 @@ std::unique_ptr<Ui::MainControlForm> makeControls(QDialog& form) {
 
 }  // namespace
 
-MainControlForm::MainControlForm(const Services& world, QWidget* parent)
+MainControlForm::MainControlForm(const Services& world, ProgramDraft& draft, QWidget* parent)
     : Screen(world, parent),
       m_ui(makeControls(*this)),
       m_session(services(), *this),
@@ -44,7 +44,7 @@ MainControlForm::MainControlForm(const Services& world, QWidget* parent)
     m_timer1.setInterval(pollInterval);
     teachManners();
     connectHandlers();
-    connectFrames();
+    connectFrames(draft);
 }
 
 MainControlForm::~MainControlForm() = default;
@@ -60,7 +60,7 @@ void MainControlForm::connectHandlers() {
     handlers.onClick(*m_ui->motionFrame->controls().Command5, [this](bool) { Command5_Click(); });
 }
 
-void MainControlForm::connectFrames() {
+void MainControlForm::connectFrames(ProgramDraft& draft) {
     const auto& stops = m_ui->stopFrame->controls();
     connectStop(
         *stops.RSTOP, [this] { m_motion.RSTOP_Press(); }, StopKey::none);
@@ -71,7 +71,7 @@ void MainControlForm::connectFrames() {
     m_ui->motionFrame->connectTo(handlers, m_motion, m_outputs,
                                  [this] { return m_ui->statusFrame->motionShown(); });
     m_ui->outputsFrame->connectTo(handlers, m_outputs);
-    m_ui->programFrame->connectTo(handlers, services(), m_programs, m_transfer);
+    m_ui->programFrame->connectTo(handlers, services(), m_programs, m_transfer, draft);
     m_ui->terminalFrame->connectTo(handlers, m_session.link);
     handlers.onClick(*m_ui->ManualTerminal, [this](bool) { ManualTerminal_Click(); });
     handlers.onClick(*m_ui->Variable, [this](bool) { Variable_Click(); });

@@ -17,13 +17,16 @@ class MainControlForm;
 
 namespace zlt {
 
+class ProgramDraft;
+
 /// The control panel: places the frames, owns the poll, and passes on between the operator
 /// and the rules. Lives from one connect to its close.
 class MainControlForm : public Screen, private PanelView {
     Q_OBJECT
 
  public:
-    MainControlForm(const Services& world, QWidget* parent);
+    /// `draft` is the program box's text, which outlives the panel.
+    MainControlForm(const Services& world, ProgramDraft& draft, QWidget* parent);
     ~MainControlForm() override;
 
     /// Loads the panel, before it is shown: its messages stand over the calling screen. Part
@@ -58,7 +61,7 @@ class MainControlForm : public Screen, private PanelView {
     void showOverPanel();
 
     void connectHandlers();
-    void connectFrames();
+    void connectFrames(ProgramDraft& draft);
     /// Connects a table's buttons, wherever they are on the screen.
     void connectTable(std::span<const CommandButton> buttons,
                       void (MotionCommands::*press)(const CommandButton&));

@@ -1,6 +1,7 @@
 #include "programs/forms/ProgramFrame.h"
 
 #include "platform/Latin1.h"
+#include "programs/forms/ProgramDraft.h"
 #include "programs/forms/ViewCompiledForm.h"
 #include "ui_ProgramFrame.h"
 #include "widgets/WireText.h"
@@ -18,21 +19,22 @@ ProgramFrame::ProgramFrame(QWidget* parent)
     m_toolNote->setBackgroundRole(QPalette::ToolTipBase);
     m_toolNote->setForegroundRole(QPalette::ToolTipText);
     m_toolNote->hide();
-    connect(m_ui->OrgProgram->document(), &QTextDocument::modificationChanged, this,
-            [this](bool modified) {
-                setTitle(modified ? tr("Program \u2013 not saved") : tr("Program"));
-            });
-    connect(m_ui->OrgProgram->document(), &QTextDocument::contentsChanged, this, [this] {
-        m_ui->CompiledLines->setEnabled(false);
-        m_ui->CompiledLines->setToolTip(tr("The text has changed since this compile."));
-    });
 }
 
 ProgramFrame::~ProgramFrame() = default;
 
 void ProgramFrame::connectTo(Handlers& handlers, const Services& services, ProgramActions& actions,
-                             ProgramTransfer& transfer) {
+                             ProgramTransfer& transfer, ProgramDraft& draft) {
     m_services = &services;
+    m_draft = &draft;
+    m_ui->OrgProgram->showDraft(draft);
+    connect(&draft.document(), &QTextDocument::modificationChanged, this,
+            &ProgramFrame::showWhetherSaved);
+    connect(&draft.document(), &QTextDocument::contentsChanged, this, [this] {
+        m_ui->CompiledLines->setEnabled(false);
+        m_ui->CompiledLines->setToolTip(tr("The text has changed since this compile."));
+    });
+    showWhetherSaved();
     handlers.onClick(*m_ui->NewProg, [&](bool) { actions.NewProg_Click(); });
     handlers.onClick(*m_ui->OpenProg, [&](bool) { actions.OpenProg_Click(); });
     handlers.onClick(*m_ui->SaveProg, [&](bool) { actions.SaveProg_Click(); });
@@ -72,7 +74,15 @@ void ProgramFrame::setProgram(std::string_view text) {
 }
 
 void ProgramFrame::markSaved() {
-    m_ui->OrgProgram->document()->setModified(false);
+    m_draft->markSaved();
+}
+
+void ProgramFrame::keepUnsaved() {
+    (void)m_draft->keep();
+}
+
+void ProgramFrame::showWhetherSaved() {
+    setTitle(m_draft->document().isModified() ? tr("Program \u2013 not saved") : tr("Program"));
 }
 
 void ProgramFrame::SelectEditorLine(int line) {

@@ -14,6 +14,8 @@ class ProgramFrame;
 
 namespace zlt {
 
+class ProgramDraft;
+
 /// The program box with its files, its compiler and its way to the controller and back.
 class ProgramFrame : public QGroupBox, public ProgramView {
     Q_OBJECT
@@ -22,10 +24,10 @@ class ProgramFrame : public QGroupBox, public ProgramView {
     explicit ProgramFrame(QWidget* parent = nullptr);
     ~ProgramFrame() override;
 
-    /// Connects the buttons to the rules. `services` and the rest are used as long as the buttons
-    /// are worked.
+    /// Shows the draft's text and connects the buttons to the rules. All of these outlive the
+    /// frame.
     void connectTo(Handlers& handlers, const Services& services, ProgramActions& actions,
-                   ProgramTransfer& transfer);
+                   ProgramTransfer& transfer, ProgramDraft& draft);
     /// Puts the cursor into the program box.
     void focusProgram();
 
@@ -36,11 +38,15 @@ class ProgramFrame : public QGroupBox, public ProgramView {
     void SelectEditorLine(int line) override;
     void showCompiledLines(std::string_view caption) override;
     void showListing(std::string_view listing) override;
+    void keepUnsaved() override;
     void showRunningTool(std::string_view tool, std::int64_t process) override;
     void clearRunningTool() override;
 
  private:
+    void showWhetherSaved();
+
     const Services* m_services = nullptr;
+    ProgramDraft* m_draft = nullptr;
     std::unique_ptr<Ui::ProgramFrame> m_ui;
     QLabel* m_toolNote;
 };

@@ -292,6 +292,9 @@ TEST_F(ProgramTest, UploadsIntoTheBox) {
               "LIN:510\r\nCOM:SERIAL\r\nPOR: 3\r\nBAU:\r\nDEV:42\r\nOPE:UPLOAD\r\n"
               "FIL:CompileOut.txt\r\nMOD:ZLT-R-NX-42\r\n");
     EXPECT_EQ(editor.program(), "FAILED\r\nno image\r\n");
+    editor.undo();
+    EXPECT_EQ(editor.program(), "") << "as before the upload";
+    editor.redo();
     tools.run = [](const std::string&) { return crashed; };
     gate.expectMessageWith("The tool SA_Download_Upload ended by a fault");
     click(form, "UploadSAP");
