@@ -29,6 +29,13 @@ ProgramTransfer::Target ProgramTransfer::askTarget() {
     return {std::string(behindDeviceNamePrefix(name, 2)), baudTextOf(code)};
 }
 
+void ProgramTransfer::checkPortNumber() const {
+    if (!m_link.numberStillMeant())
+        throw ToolError(portText(m_link.connection.port) +
+                        " does not stand for the connected device any more, as adapters came or "
+                        "went.  The tool would go to another one and was not started.");
+}
+
 void ProgramTransfer::writeSetup(const Target& target, const char* operation, const char* lines) {
     m_tools.writeSetup(toolfiles::downloaderSetup,
                        {{"LIN", lines},
@@ -53,6 +60,7 @@ void ProgramTransfer::sendToController(const char* operation) {
         return;
     m_link.lendPort(
         [&] {
+            checkPortNumber();
             writeSetup(target, operation, " 510");
             m_tools.RunToolAndWait(downloader, toolfiles::downloaded);
             m_tools.CheckToolResult(toolfiles::downloaded);
@@ -67,6 +75,7 @@ void ProgramTransfer::UploadSAP_Click() {
     const Target target = askTarget();
     m_link.lendPort(
         [&] {
+            checkPortNumber();
             writeSetup(target, "UPLOAD", "510");
             // An image of an earlier upload must not be taken for this controller's program.
             m_tools.runUnchecked(downloader, toolfiles::uploaded);

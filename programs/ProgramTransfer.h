@@ -15,7 +15,7 @@ class ProgramTransfer {
 
     // Each asks the controller first, lends the port to the tool and blocks until that has ended;
     // its result is told. They throw ToolError, the port taken back, when a tool did not do its
-    // part.
+    // part, or would not come to this controller.
 
     /// Stop both threads, then send the last listing, or erase the program memory. Without
     /// communication they say so and do nothing.
@@ -35,6 +35,9 @@ class ProgramTransfer {
         std::string baudText;
     };
     Target askTarget();
+    /// Throws ToolError where the downloader, which looks the port number up by itself, would come
+    /// to another device.
+    void checkPortNumber() const;
     void sendToController(const char* operation);
     void writeSetup(const Target& target, const char* operation, const char* lines);
     void readProgramBack();

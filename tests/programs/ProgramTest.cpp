@@ -261,6 +261,18 @@ TEST_F(ProgramTest, TakesThePortBackWhateverTheToolDid) {
     EXPECT_EQ(shown("ComStatusDisplay"), "Invalid Port");
 }
 
+TEST_F(ProgramTest, StartsNoToolThatWouldGoToAnotherDevice) {
+    bus.numberMeansAnother = true;
+    for (const char* button : {"DownloadSAP", "clearSpace", "UploadSAP"}) {
+        gate.expectMessageWith("COM3 does not stand for the connected device any more",
+                               [this] { EXPECT_EQ(bus.portsOpen, 1); });
+        click(form, button);
+        EXPECT_TRUE(polls());
+    }
+    EXPECT_EQ(tools.started, Commands{});
+    EXPECT_EQ(file("EXE/sa_download_upload_setup.txt"), "none");
+}
+
 TEST_F(ProgramTest, AsksTheLinkBeforeEachTransfer) {
     bus.silent = true;
     EXPECT_EQ(sentBy("DownloadSAP"), "SR0=0|SR1=0|DN|DB");
