@@ -34,11 +34,7 @@ MainControlForm::MainControlForm(const Services& world, ProgramDraft& draft, QWi
       m_ui(makeControls(*this)),
       m_session(services(), *this),
       m_motion(m_session.link, *m_ui->motionFrame, [this] { m_session.endDemo(); }),
-      m_outputs(services(), m_session.link, *m_ui->outputsFrame, [this] { m_session.endDemo(); }),
-      m_programs(services(), m_session.link, *m_ui->programFrame),
-      m_transfer(services(), m_session.link, *m_ui->programFrame),
-      m_runControl(m_session.link,
-                   [this](std::string_view command) { m_motion.SendMotionCommand(command); }) {
+      m_outputs(services(), m_session.link, *m_ui->outputsFrame, [this] { m_session.endDemo(); }) {
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setTimerType(Qt::PreciseTimer);
     m_timer1.setInterval(pollInterval);
@@ -71,12 +67,15 @@ void MainControlForm::connectFrames(ProgramDraft& draft) {
     m_ui->motionFrame->connectTo(handlers, m_motion, m_outputs,
                                  [this] { return m_ui->statusFrame->motionShown(); });
     m_ui->outputsFrame->connectTo(handlers, m_outputs);
-    m_ui->programFrame->connectTo(handlers, services(), m_programs, m_transfer, draft);
+    m_ui->programFrame->connectTo(handlers, services(), m_session.link, draft);
     m_ui->terminalFrame->connectTo(handlers, m_session.link);
     handlers.onClick(*m_ui->ManualTerminal, [this](bool) { ManualTerminal_Click(); });
     handlers.onClick(*m_ui->Variable, [this](bool) { Variable_Click(); });
     handlers.onClick(*m_ui->Setup, [this](bool) { Setup_Click(); });
-    m_ui->runControlFrame->connectTo(handlers, m_runControl, [this] { XThread_Click(); });
+    m_ui->runControlFrame->connectTo(
+        handlers, m_session.link,
+        [this](std::string_view command) { m_motion.SendMotionCommand(command); },
+        [this] { XThread_Click(); });
 }
 
 void MainControlForm::connectTable(std::span<const CommandButton> buttons,

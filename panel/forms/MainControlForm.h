@@ -7,8 +7,6 @@
 #include "panel/MotionCommands.h"
 #include "panel/OutputCommands.h"
 #include "panel/PanelSession.h"
-#include "programs/ProgramTransfer.h"
-#include "programs/RunControl.h"
 #include "widgets/Screen.h"
 
 namespace Ui {
@@ -87,9 +85,6 @@ class MainControlForm : public Screen, private PanelView {
     PanelSession m_session;
     MotionCommands m_motion;
     OutputCommands m_outputs;
-    ProgramActions m_programs;
-    ProgramTransfer m_transfer;
-    RunControl m_runControl;
     QTimer m_timer1{this};
     bool m_startsInProgram = false;
 };

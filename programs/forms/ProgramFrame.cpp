@@ -23,10 +23,11 @@ ProgramFrame::ProgramFrame(QWidget* parent)
 
 ProgramFrame::~ProgramFrame() = default;
 
-void ProgramFrame::connectTo(Handlers& handlers, const Services& services, ProgramActions& actions,
-                             ProgramTransfer& transfer, ProgramDraft& draft) {
+void ProgramFrame::connectTo(Handlers& handlers, const Services& services, PanelLink& link,
+                             ProgramDraft& draft) {
     m_services = &services;
     m_draft = &draft;
+    m_actions = std::make_unique<ProgramActions>(services, link, *this);
     m_ui->OrgProgram->showDraft(draft);
     connect(&draft.document(), &QTextDocument::modificationChanged, this,
             &ProgramFrame::showWhetherSaved);
@@ -35,10 +36,14 @@ void ProgramFrame::connectTo(Handlers& handlers, const Services& services, Progr
         m_ui->CompiledLines->setToolTip(tr("The text has changed since this compile."));
     });
     showWhetherSaved();
-    handlers.onClick(*m_ui->NewProg, [&](bool) { actions.NewProg_Click(); });
-    handlers.onClick(*m_ui->OpenProg, [&](bool) { actions.OpenProg_Click(); });
-    handlers.onClick(*m_ui->SaveProg, [&](bool) { actions.SaveProg_Click(); });
-    handlers.onClick(*m_ui->ViewCompiled, [&](bool) { actions.ViewCompiled_Click(); });
+    connectButtons(handlers);
+}
+
+void ProgramFrame::connectButtons(Handlers& handlers) {
+    handlers.onClick(*m_ui->NewProg, [this](bool) { m_actions->newProgram(); });
+    handlers.onClick(*m_ui->OpenProg, [this](bool) { m_actions->openProgram(); });
+    handlers.onClick(*m_ui->SaveProg, [this](bool) { m_actions->saveProgram(); });
+    handlers.onClick(*m_ui->ViewCompiled, [this](bool) { m_actions->viewListing(); });
     // The tools may take their time, and the screen stands still meanwhile.
     const auto onLongClick = [&](QAbstractButton& button, std::function<void()> work) {
         handlers.onClick(button, [work = std::move(work)](bool) {
@@ -46,10 +51,10 @@ void ProgramFrame::connectTo(Handlers& handlers, const Services& services, Progr
             work();
         });
     };
-    onLongClick(*m_ui->CompileAll, [&] { actions.CompileAll_Click(); });
-    onLongClick(*m_ui->DownloadSAP, [&] { transfer.DownloadSAP_Click(); });
-    onLongClick(*m_ui->UploadSAP, [&] { transfer.UploadSAP_Click(); });
-    onLongClick(*m_ui->clearSpace, [&] { transfer.clearSpace_Click(); });
+    onLongClick(*m_ui->CompileAll, [this] { m_actions->compile(); });
+    onLongClick(*m_ui->DownloadSAP, [this] { m_actions->download(); });
+    onLongClick(*m_ui->UploadSAP, [this] { m_actions->upload(); });
+    onLongClick(*m_ui->clearSpace, [this] { m_actions->clearMemory(); });
 }
 
 void ProgramFrame::focusProgram() {

@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "programs/ProgramActions.h"
-#include "programs/ProgramTransfer.h"
 #include "widgets/Handlers.h"
 
 namespace Ui {
@@ -24,10 +23,10 @@ class ProgramFrame : public QGroupBox, public ProgramView {
     explicit ProgramFrame(QWidget* parent = nullptr);
     ~ProgramFrame() override;
 
-    /// Shows the draft's text and connects the buttons to the rules. All of these outlive the
-    /// frame.
-    void connectTo(Handlers& handlers, const Services& services, ProgramActions& actions,
-                   ProgramTransfer& transfer, ProgramDraft& draft);
+    /// Shows the draft's text and has the buttons work on it and on this link. All of these outlive
+    /// the frame.
+    void connectTo(Handlers& handlers, const Services& services, PanelLink& link,
+                   ProgramDraft& draft);
     /// Puts the cursor into the program box.
     void focusProgram();
 
@@ -45,8 +44,12 @@ class ProgramFrame : public QGroupBox, public ProgramView {
  private:
     void showWhetherSaved();
 
+    void connectButtons(Handlers& handlers);
+
+    // What connectTo() was given, and the rules over it.
     const Services* m_services = nullptr;
     ProgramDraft* m_draft = nullptr;
+    std::unique_ptr<ProgramActions> m_actions;
     std::unique_ptr<Ui::ProgramFrame> m_ui;
     QLabel* m_toolNote;
 };
