@@ -32,6 +32,7 @@ SelectComForm::SelectComForm(const Services& services, PortDirectory& directory)
     : Screen(services),
       m_directory(directory),
       m_memory(services.files, services.dataFolder),
+      m_draft(services),
       m_ui(std::make_unique<Ui::SelectComForm>()) {
     m_ui->setupUi(this);
     m_ui->portDevice->hide();
@@ -39,6 +40,7 @@ SelectComForm::SelectComForm(const Services& services, PortDirectory& directory)
     m_ui->portCommandRow->hide();
     m_ui->portRemarks->hide();
     m_ui->settingsNote->hide();
+    m_ui->unsavedRow->hide();
     m_portTimer.setObjectName(QStringLiteral("portTimer"));
     m_portTimer.setInterval(portNoteInterval);
     teachManners();
@@ -53,6 +55,8 @@ void SelectComForm::connectHandlers() {
     handlers.onClick(*m_ui->SearchZLT, [this](bool) { SearchZLT_Click(); });
     handlers.onClick(*m_ui->SearchAllZLT, [this](bool) { SearchAllZLT_Click(); });
     handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
+    handlers.onClick(*m_ui->openUnsaved, [this](bool) { openUnsaved_Click(); });
+    handlers.onClick(*m_ui->dropUnsaved, [this](bool) { dropUnsaved_Click(); });
     handlers.onClick(*m_ui->copyCommand, [this](bool) { copyCommand_Click(); });
     handlers.onClick(m_ui->pendingNote->button(), [this](bool) { usePending_Click(); });
     for (QComboBox* box : {m_ui->combo, m_ui->baudCom, m_ui->DeviceIDCombo})
@@ -67,6 +71,7 @@ void SelectComForm::Form_Load() {
         m_ui->combo->showText(settings.port);
         m_ui->baudCom->showText(settings.baud);
         m_ui->DeviceIDCombo->showText(settings.deviceId);
+        showUnsaved();
     });
 }
 
@@ -117,7 +122,7 @@ void SelectComForm::connectToController(bool startInProgram) {
     // Plugging and the port list change nothing under a running panel.
     const SettledPort settled(m_directory, port);
     m_memory.remember(port, m_directory.entry(port));
-    MainControlForm panel(services(), this, m_notes);
+    MainControlForm panel(services(), m_draft, this, m_notes);
     if (startInProgram)
         panel.startInProgram();
     panel.Form_Load({port, settings.baud, settings.deviceId});
@@ -165,7 +170,33 @@ void SelectComForm::Close_Click() {
         // The operator wants to leave; what no file can hold is not saved as something else.
         services().gate.message(error.what());
     }
-    services().programEnd.endProgram(0);
+    if (mayClose())
+        services().programEnd.endProgram(0);
+}
+
+bool SelectComForm::mayClose() {
+    const auto failure = m_draft.keep();
+    return !failure || services().gate.ask("Program not saved",
+                                           "The program text is not saved, and cannot be kept for "
+                                           "the next start: " +
+                                               failure->reason + ".\r\nClose all the same?");
+}
+
+void SelectComForm::openUnsaved_Click() {
+    m_draft.openKept();
+    showUnsaved();
+    connectToController(true);
+}
+
+void SelectComForm::dropUnsaved_Click() {
+    if (!services().gate.ask("Discard", "Discard the program text that was kept?"))
+        return;
+    m_draft.dropKept();
+    showUnsaved();
+}
+
+void SelectComForm::showUnsaved() {
+    m_ui->unsavedRow->setVisible(m_draft.anyKept());
 }
 
 void SelectComForm::copyCommand_Click() {

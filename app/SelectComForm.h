@@ -9,6 +9,7 @@
 #include "link/Settings.h"
 #include "link/serial/PortDirectory.h"
 #include "link/serial/PortMemory.h"
+#include "programs/forms/ProgramDraft.h"
 #include "widgets/Screen.h"
 
 namespace Ui {
@@ -39,6 +40,8 @@ class SelectComForm : public Screen {
     void SearchZLT_Click();
     void SearchAllZLT_Click();
     void Close_Click();
+    void openUnsaved_Click();
+    void dropUnsaved_Click();
     void copyCommand_Click();
     void usePending_Click();
     void portTimer_Timer();
@@ -54,6 +57,11 @@ class SelectComForm : public Screen {
     Settings typedSettings() const;
     void saveSettings(const Settings& settings);
     void showPort();
+    /// Says whether a program text is there that an earlier run has kept.
+    void showUnsaved();
+    /// Keeps what is not saved of the program; where that cannot be, the operator says whether to
+    /// end the program all the same.
+    bool mayClose();
     /// Grows with the lines below the boxes, so that they never squeeze what is above.
     void makeRoom();
 
@@ -62,6 +70,7 @@ class SelectComForm : public Screen {
 
     PortDirectory& m_directory;
     PortMemory m_memory;
+    ProgramDraft m_draft;
     LineFault m_lineFault = LineFault::none;  ///< of the last connection, if it failed
     std::shared_ptr<DeviceNotes> m_notes = std::make_shared<DeviceNotes>();
     std::unique_ptr<Ui::SelectComForm> m_ui;

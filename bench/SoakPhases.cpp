@@ -9,6 +9,7 @@
 #include "bench/Resources.h"
 #include "panel/forms/MainControlForm.h"
 #include "parameters/forms/SetupParameters.h"
+#include "programs/forms/ProgramDraft.h"
 #include "programs/forms/ViewCompiledForm.h"
 #include "programs/forms/XThreadForm.h"
 #include "terminal/forms/TerminalForm.h"
@@ -108,10 +109,11 @@ bool soakCycles(SoakBed& bed, int count) {
 
 bool soakScreens(SoakBed& bed, int count) {
     const Services& services = bed.services;
+    ProgramDraft draft(services);
     const std::string listing(2000, 'x');
     CommandHistory history;
     const std::pair<const char*, std::function<bool()>> screens[] = {
-        {"MainControlForm", [&] { return openOnce<MainControlForm>(services); }},
+        {"MainControlForm", [&] { return openOnce<MainControlForm>(services, draft); }},
         {"SetupParameters", [&] { return openOnce<SetupParameters>(services, bed.handOver); }},
         {"TerminalForm", [&] { return openOnce<TerminalForm>(services, bed.handOver, history); }},
         {"VariableForm", [&] { return openOnce<VariableForm>(services, bed.handOver); }},

@@ -14,6 +14,7 @@
 #include "bench/TimedPort.h"
 #include "bench/World.h"
 #include "panel/forms/MainControlForm.h"
+#include "programs/forms/ProgramDraft.h"
 
 namespace zlt::bench {
 namespace {
@@ -100,7 +101,8 @@ Times runRound(const Line& line, unsigned seed) {
     World world(messages,
                 [&] { return std::make_unique<StopPort>(peer, world.directory, stopWritten); });
     world.listPort(peer.device());
-    MainControlForm panel(world.services, nullptr);
+    ProgramDraft draft(world.services);
+    MainControlForm panel(world.services, draft, nullptr);
     panel.Form_Load({World::port, std::string(line.name), std::string(deviceId)});
     panel.show();
 

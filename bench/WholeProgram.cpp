@@ -13,6 +13,7 @@
 #include "bench/TimedPort.h"
 #include "bench/World.h"
 #include "panel/forms/MainControlForm.h"
+#include "programs/forms/ProgramDraft.h"
 
 namespace zlt::bench {
 namespace {
@@ -57,7 +58,8 @@ void runRound(const Line& line, Rounds& rounds) {
     World world(messages, [&] { return std::make_unique<TimedPort>(peer, world.directory); });
     world.listPort(peer.device());
 
-    MainControlForm panel(world.services, nullptr);
+    ProgramDraft draft(world.services);
+    MainControlForm panel(world.services, draft, nullptr);
     panel.Form_Load({World::port, std::string(line.name), std::string(deviceId)});
     panel.show();
     runEventsFor(warmUp);

@@ -37,6 +37,10 @@ class Port {
     /// Waits until something can be read, `time` at the most.
     virtual PortInput waitForInput(std::chrono::milliseconds time) = 0;
 
+    /// Whether another program that looks `number` up by itself comes to the device that it stands
+    /// for here. Asked of a closed port, too.
+    virtual bool numberStillMeant(PortNumber /*number*/) const { return true; }
+
     /// What is not as it was asked for on the open port, a sentence in UTF-8; often empty.
     virtual std::string remark() const { return {}; }
 

@@ -87,6 +87,10 @@ class ScreenLink {
     bool openPort();
     void closePort() { MSComm1->close(); }
 
+    /// Whether a tool that looks the connection's port number up by itself comes to this
+    /// controller.
+    bool numberStillMeant() const { return MSComm1->numberStillMeant(connection.port); }
+
     /// What is not as it was asked for on the open port, a sentence; often empty.
     std::string portRemark() const { return MSComm1->remark(); }
     /// What the last exchange's reply said of the line.

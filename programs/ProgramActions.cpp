@@ -1,13 +1,18 @@
 #include "programs/ProgramActions.h"
 
+#include <chrono>
 #include <filesystem>
 
+#include "link/Exchange.h"
 #include "platform/FileNames.h"
+#include "platform/NumberConversion.h"
 #include "platform/Product.h"
 #include "programs/ProgramText.h"
 
 namespace zlt {
 namespace {
+
+using namespace std::chrono_literals;
 
 const FileChoice openChoice{"Open ZLT-R-NX Program", "ZLT-R-NX Program Files (*.prg)|*.prg",
                             "*.prg"};
@@ -16,6 +21,15 @@ const FileChoice saveChoice{"Save ZLT-R-NX Program As", "ZLT-R-NX Program Files 
 bool isFile(const std::filesystem::path& name) {
     std::error_code unknown;
     return std::filesystem::exists(name, unknown) && !std::filesystem::is_directory(name, unknown);
+}
+
+/// The line and the adapter come to rest around the hand-over to the downloader.
+constexpr auto handOverWait = 100ms;
+
+/// The baud rate behind a "DB" reply; empty for one that stands for none.
+std::string baudTextOf(std::string_view reply) {
+    const auto code = parseInteger(reply);
+    return std::string(code ? baudRateOfCode(*code).value_or("") : "");
 }
 
 }  // namespace
@@ -38,12 +52,12 @@ bool saveAsLines(const Services& services, const FileChoice& choice,
     return true;
 }
 
-void ProgramActions::NewProg_Click() {
+void ProgramActions::newProgram() {
     m_view.setProgram("");
     m_view.markSaved();
 }
 
-void ProgramActions::OpenProg_Click() {
+void ProgramActions::openProgram() {
     const PollPause pause(m_link);
     const auto name = chooseOpenName(m_services.gate, openChoice);
     if (!name)
@@ -61,22 +75,20 @@ void ProgramActions::OpenProg_Click() {
         m_view.markSaved();
 }
 
-void ProgramActions::SaveProg_Click() {
+void ProgramActions::saveProgram() {
     const PollPause pause(m_link);
     if (saveAsLines(m_services, saveChoice, [this] { return m_view.program(); }))
         m_view.markSaved();
 }
 
-void ProgramActions::CompileAll_Click() {
+void ProgramActions::compile() {
     if (m_view.programEmpty()) {
         m_services.gate.message("Nothing to compile!");
         return;
     }
     const PollPause pause(m_link);  // the panel stands still while the tool runs
     m_tools.write(toolfiles::program, WriteTextAsLines(m_view.program()).value_or(""));
-    m_tools.writeSetup(toolfiles::compilerSetup, {{"MOD", std::string(controllerModel)},
-                                                  {"OPE", "COMPILE"},
-                                                  {"FIL", nameOf(toolfiles::program)}});
+    writeCompilerSetup("COMPILE", toolfiles::program);
     m_tools.RunToolAndWait(compiler, toolfiles::compiled);
     if (m_tools.CheckToolResult(toolfiles::compiled))
         m_view.showCompiledLines("Lines: " + withSignBlank(m_tools.CountCompiledLines()));
@@ -84,13 +96,88 @@ void ProgramActions::CompileAll_Click() {
         m_view.SelectEditorLine(m_tools.ReadCompileErrorLine());
 }
 
-void ProgramActions::ViewCompiled_Click() {
+void ProgramActions::writeCompilerSetup(const char* operation, std::string_view file) {
+    m_tools.writeSetup(
+        toolfiles::compilerSetup,
+        {{"MOD", std::string(controllerModel)}, {"OPE", operation}, {"FIL", nameOf(file)}});
+}
+
+void ProgramActions::viewListing() {
     const PollPause pause(m_link);
     const FileContent listing = m_tools.read(toolfiles::compiled);
     if (listing.refused())
         m_services.gate.message(notRead(nameOf(toolfiles::compiled), listing));
     if (listing.kind == FileContent::Kind::whole)
         m_view.showListing(textOfLines(listing.bytes));
+}
+
+ProgramActions::Target ProgramActions::askTarget() {
+    const std::string name = m_link.SendReceive("DN");
+    const std::string code = m_link.SendReceive("DB");
+    return {std::string(behindDeviceNamePrefix(name, 2)), baudTextOf(code)};
+}
+
+void ProgramActions::checkPortNumber() const {
+    if (!m_link.numberStillMeant())
+        throw ToolError(portText(m_link.connection.port) +
+                        " does not stand for the connected device any more, as adapters came or "
+                        "went.  The tool would go to another one and was not started.");
+}
+
+void ProgramActions::writeDownloaderSetup(const Target& target, const char* operation,
+                                          const char* lines) {
+    m_tools.writeSetup(toolfiles::downloaderSetup,
+                       {{"LIN", lines},
+                        {"COM", "SERIAL"},
+                        {"POR", withSignBlank(m_link.connection.port.value)},
+                        {"BAU", target.baudText},
+                        {"DEV", target.deviceNumber},
+                        {"OPE", operation},
+                        {"FIL", nameOf(toolfiles::compiled)},
+                        {"MOD", std::string(controllerModel)}});
+}
+
+void ProgramActions::sendToController(const char* operation) {
+    if (!m_link.CommOK()) {
+        m_services.gate.message("Communication not open!");
+        return;
+    }
+    m_link.SendReceive("SR0=0");
+    m_link.SendReceive("SR1=0");
+    const Target target = askTarget();
+    if (!m_link.CommOK())
+        return;
+    m_link.lendPort(
+        [&] {
+            checkPortNumber();
+            writeDownloaderSetup(target, operation, " 510");
+            m_tools.RunToolAndWait(downloader, toolfiles::downloaded);
+            m_tools.CheckToolResult(toolfiles::downloaded);
+            reinitialise = 1;
+        },
+        handOverWait);
+}
+
+void ProgramActions::upload() {
+    if (!m_link.CommOK())
+        return;
+    const Target target = askTarget();
+    m_link.lendPort(
+        [&] {
+            checkPortNumber();
+            writeDownloaderSetup(target, "UPLOAD", "510");
+            // An image of an earlier upload must not be taken for this controller's program.
+            m_tools.runUnchecked(downloader, toolfiles::uploaded);
+            readProgramBack();
+        },
+        handOverWait);
+}
+
+void ProgramActions::readProgramBack() {
+    writeCompilerSetup("DECOMPILE", toolfiles::uploaded);
+    m_tools.RunToolAndWait(compiler, toolfiles::decompiled);
+    m_view.setProgram(textOfLines(m_tools.readResult(toolfiles::decompiled)));
+    m_tools.CheckToolResult(toolfiles::decompiled);
 }
 
 }  // namespace zlt

@@ -35,26 +35,56 @@ class ProgramView : public ToolRunView {
 bool saveAsLines(const Services& services, const FileChoice& choice,
                  const std::function<std::string()>& text);
 
-/// New, open, save and compile, and the view of the listing.
+/// What the program group's buttons do: files, compile, and the way to the controller and back
+/// through the external tools, of which the downloader opens the port itself.
 class ProgramActions {
  public:
     ProgramActions(const Services& services, PanelLink& link, ProgramView& view)
         : m_services(services), m_link(link), m_view(view), m_tools(services, view) {}
 
     /// Empties the box, without a question.
-    void NewProg_Click();
+    void newProgram();
     /// A file that is not there, is too large or no file is told; one that cannot be read changes
     /// nothing, and of one that breaks off the lines before stand in the box.
-    void OpenProg_Click();
+    void openProgram();
     /// As saveAsLines().
-    void SaveProg_Click();
+    void saveProgram();
     /// Blocks until the compiler has ended; its result is told. Throws ToolError when it did not do
     /// its part, and NotLatin1.
-    void CompileAll_Click();
+    void compile();
     /// Shows the last listing; nothing when there is none.
-    void ViewCompiled_Click();
+    void viewListing();
+
+    // Each asks the controller first, lends the port to the tool and blocks until that has ended;
+    // its result is told. They throw ToolError, the port taken back, when a tool did not do its
+    // part, or would not come to this controller.
+
+    /// Stop both threads, then send the last listing, or erase the program memory. Without
+    /// communication they say so and do nothing.
+    void download() { sendToController("DOWNLOAD"); }
+    void clearMemory() { sendToController("CLEAR"); }
+    /// Replaces the program in the box by the controller's, or by the tool's words. Without
+    /// communication it does nothing.
+    void upload();
+
+    /// Set at the start and by each download and clear. Nothing reads it yet.
+    int reinitialise = 1;
 
  private:
+    /// The controller's device number and baud rate, as it reports them itself.
+    struct Target {
+        std::string deviceNumber;
+        std::string baudText;
+    };
+    Target askTarget();
+    void sendToController(const char* operation);
+    /// Throws ToolError where the downloader, which looks the port number up by itself, would come
+    /// to another device.
+    void checkPortNumber() const;
+    void writeDownloaderSetup(const Target& target, const char* operation, const char* lines);
+    void writeCompilerSetup(const char* operation, std::string_view file);
+    void readProgramBack();
+
     const Services& m_services;
     PanelLink& m_link;
     ProgramView& m_view;

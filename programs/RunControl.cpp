@@ -8,7 +8,7 @@ std::string runCommandText(RunCommand command, std::string_view thread) {
     return "SR" + std::string(thread) + "=" + std::to_string(static_cast<int>(command));
 }
 
-void RunControl::StopProg_Click() {
+void RunControl::stop() {
     send(RunCommand::stop);
     m_sendMotionCommand("ABORT");
 }

@@ -25,12 +25,12 @@ class RunControl {
         : m_link(link), m_sendMotionCommand(std::move(sendMotionCommand)) {}
 
     /// One command each; the reply does not matter.
-    void RunProg_Click() { send(RunCommand::run); }
-    void PauseProg_Click() { send(RunCommand::pause); }
-    void ContProg_Click() { send(RunCommand::resume); }
-    /// Stops the program, then the axis, behind speed and acceleration. Throws ConversionError,
+    void run() { send(RunCommand::run); }
+    void pause() { send(RunCommand::pause); }
+    void resume() { send(RunCommand::resume); }
+    /// Stops the program, then the axis, after speed and acceleration. Throws ConversionError,
     /// with both stopped, when one of these is no number.
-    void StopProg_Click();
+    void stop();
 
     /// Sets the start at power-up and returns what the controller then says of it; nothing when
     /// it says nothing. Throws ConversionError for a reply that is no number.

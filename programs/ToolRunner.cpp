@@ -1,12 +1,13 @@
 #include "programs/ToolRunner.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <system_error>
 
 #include "platform/FileNames.h"
+#include "platform/NumberConversion.h"
 #include "platform/Text.h"
 #include "programs/ProgramText.h"
-#include "programs/ToolResult.h"
 
 namespace zlt {
 namespace {
@@ -63,6 +64,31 @@ class ResultBefore {
 
 }  // namespace
 
+bool saysFailed(std::string_view result) {
+    const auto lines = splitLines(result);
+    const std::string status = lines.empty() ? "" : lines.front();
+    return status.find("FAILED") != std::string::npos || status.find("Failed") != std::string::npos;
+}
+
+int compiledLineCount(std::string_view result) {
+    return static_cast<int>(splitLines(result).size()) - 1;
+}
+
+std::optional<int> compileErrorLine(std::string_view result) {
+    constexpr std::size_t numberFrom = 6;  // counted from 0: the 7th character
+    std::string named;
+    for (const std::string& line : splitLines(result))
+        if (line.find("Line") != std::string::npos)
+            named = line.size() > numberFrom ? line.substr(numberFrom) : std::string();
+    const auto number = parseInteger(named);
+    if (number && *number >= INT16_MIN)
+        return std::min(*number, lineBeyond);
+    // Digits that are no number are too many of them.
+    const bool tooMany = named.find_first_of("0123456789") != std::string::npos &&
+                         named.find_first_not_of("0123456789 ") == std::string::npos;
+    return tooMany ? std::optional(lineBeyond) : std::nullopt;
+}
+
 std::string nameOf(std::string_view file) {
     return std::string(file.substr(file.find_last_of('\\') + 1));
 }
@@ -107,6 +133,7 @@ void ToolRunner::writeSetup(std::string_view file, const std::vector<SetupEntry>
 std::string ToolRunner::start(const Tool& tool) {
     const fs::path path = pathOf(tool.path);
     const std::string name = nameOf(tool.path);
+    m_view.keepUnsaved();
     ProcessEnd end = m_services.processes.runAndWait(
         path, [&](std::int64_t process) { m_view.showRunningTool(name, process); });
     m_view.clearRunningTool();

@@ -46,11 +46,28 @@ struct SetupEntry {
     std::string value;
 };
 
-/// Where the operator sees which tool the panel is waiting for.
+// What the external tools' result files say. Their texts are Latin-1, as read.
+
+/// Whether the tool failed: its first line, and nothing else, says so.
+bool saysFailed(std::string_view result);
+
+/// The number of lines in a compiler's result less one, its status line.
+int compiledLineCount(std::string_view result);
+
+/// Stands for any program line beyond the 32767 that 16 bits hold.
+inline constexpr int lineBeyond = 32768;
+
+/// The program line that a failed compile names last, at most lineBeyond. Nothing when it names
+/// none, or one below 16 bits.
+std::optional<int> compileErrorLine(std::string_view result);
+
+/// What the form does while the panel waits for a tool.
 class ToolRunView {
  public:
     virtual ~ToolRunView() = default;
 
+    /// Keeps a text that is not saved, whatever becomes of the panel during the run.
+    virtual void keepUnsaved() = 0;
     /// Shows at once, before the panel stands still, which tool runs in which process.
     virtual void showRunningTool(std::string_view tool, std::int64_t process) = 0;
     virtual void clearRunningTool() = 0;

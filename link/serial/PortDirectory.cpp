@@ -135,6 +135,14 @@ std::optional<std::string> PortDirectory::device(PortNumber number) {
     return found->second.device;
 }
 
+bool PortDirectory::numberStillMeant(PortNumber number) {
+    refreshIfChanged();
+    if (!isSettled(number))
+        return true;
+    const std::string now = entry(number).device;
+    return !now.empty() && identityOf(now) == m_settled->identity;
+}
+
 PortEntry PortDirectory::entry(PortNumber number) const {
     const auto found = m_entries.find(number);
     return found == m_entries.end() ? PortEntry() : found->second;

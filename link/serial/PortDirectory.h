@@ -48,6 +48,10 @@ class PortDirectory {
     /// settled port whose device is gone, whatever has its name or number by now.
     std::optional<std::string> device(PortNumber number);
 
+    /// Whether a fresh look-up of the number, as another program makes it, leads to the device that
+    /// was settled; of a number that is not settled it is true.
+    bool numberStillMeant(PortNumber number);
+
     /// What was found at the last look.
     PortEntry entry(PortNumber number) const;
     bool fromList() const { return m_fromList; }

@@ -23,6 +23,9 @@ class QtSerialPort final : public Port {
     bool write(std::string_view bytes) override;
     PortInput read(char& character) override;
     PortInput waitForInput(std::chrono::milliseconds time) override;
+    bool numberStillMeant(PortNumber number) const override {
+        return m_directory.numberStillMeant(number);
+    }
     std::string remark() const override { return m_remark; }
     std::string errorText() const override { return m_errorText; }
 

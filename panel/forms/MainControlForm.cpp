@@ -25,25 +25,19 @@ std::unique_ptr<Ui::MainControlForm> makeControls(QDialog& form) {
 
 }  // namespace
 
-MainControlForm::MainControlForm(const Services& world, QWidget* parent,
+MainControlForm::MainControlForm(const Services& world, ProgramDraft& draft, QWidget* parent,
                                  std::shared_ptr<DeviceNotes> notes)
     : Screen(world, parent),
       m_ui(makeControls(*this)),
       m_session(services(), *this),
       m_motion(m_session.link, [this] { m_session.endDemo(); }),
-      m_outputs(services(), m_session.link, [this] { m_session.endDemo(); }),
-      m_programs(services(), m_session.link, *m_ui->programFrame),
-      m_transfer(services(), m_session.link, *m_ui->programFrame),
-      m_runControl(m_session.link, [this](std::string_view command) {
-          m_ui->motionFrame->withFields(
-              [&](MotionFields& fields) { m_motion.SendMotionCommand(fields, command); });
-      }) {
+      m_outputs(services(), m_session.link, [this] { m_session.endDemo(); }) {
     m_session.link.notes = std::move(notes);
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setTimerType(Qt::PreciseTimer);
     m_timer1.setInterval(pollInterval);
     teachManners();
-    connectControls();
+    connectControls(draft);
 }
 
 MainControlForm::~MainControlForm() = default;
@@ -68,14 +62,19 @@ void MainControlForm::showOverPanel(Own&... own) {
     });
 }
 
-void MainControlForm::connectControls() {
+void MainControlForm::connectControls(ProgramDraft& draft) {
     handlers.onTick(m_timer1, [this] { return Timer1_Timer(); });
     m_ui->linkFrame->connectTo(handlers, services(), m_session, [this] { Command2_Click(); });
     m_ui->statusFrame->connectTo(handlers, m_motion);
     m_ui->motionFrame->connectTo(handlers, m_session, m_motion, m_outputs);
     m_ui->outputsFrame->connectTo(handlers, m_outputs);
-    m_ui->programFrame->connectTo(handlers, services(), m_programs, m_transfer);
-    m_ui->runControlFrame->connectTo(handlers, m_runControl, [this] { XThread_Click(); });
+    m_ui->programFrame->connectTo(handlers, services(), m_session.link, draft);
+    const auto sendMotion = [this](std::string_view command) {
+        m_ui->motionFrame->withFields(
+            [&](MotionFields& fields) { m_motion.SendMotionCommand(fields, command); });
+    };
+    m_ui->runControlFrame->connectTo(handlers, m_session.link, sendMotion,
+                                     [this] { XThread_Click(); });
     m_ui->terminalFrame->connectTo(handlers, m_session.link);
     const auto connectFieldStop = [this](StopButton& button, StopKey key,
                                          void (MotionCommands::*stop)(MotionFields&)) {

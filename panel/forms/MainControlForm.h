@@ -7,8 +7,6 @@
 #include "panel/MotionCommands.h"
 #include "panel/OutputCommands.h"
 #include "panel/PanelSession.h"
-#include "programs/ProgramTransfer.h"
-#include "programs/RunControl.h"
 #include "terminal/CommandHistory.h"
 #include "widgets/Screen.h"
 
@@ -18,14 +16,17 @@ class MainControlForm;
 
 namespace zlt {
 
+class ProgramDraft;
+
 /// The control panel: places the frames, owns the poll, and passes on between the operator
 /// and the rules. Lives from one connect to its close.
 class MainControlForm : public Screen, private PanelView {
     Q_OBJECT
 
  public:
-    /// `notes` is what is known of the controllers by now; the panel adds to it.
-    MainControlForm(const Services& world, QWidget* parent,
+    /// `draft` is the program box's text, which outlives the panel; `notes` is what is known of the
+    /// controllers by now, and the panel adds to it.
+    MainControlForm(const Services& world, ProgramDraft& draft, QWidget* parent,
                     std::shared_ptr<DeviceNotes> notes = std::make_shared<DeviceNotes>());
     ~MainControlForm() override;
 
@@ -60,7 +61,7 @@ class MainControlForm : public Screen, private PanelView {
     /// What the controller has accepted and not in use yet, or not stored.
     void showDeviceNote();
 
-    void connectControls();
+    void connectControls(ProgramDraft& draft);
 
     void showState(const PanelState& state) override;
     void showReading(const AxisReading& reading) override;
@@ -74,9 +75,6 @@ class MainControlForm : public Screen, private PanelView {
     PanelSession m_session;
     MotionCommands m_motion;
     OutputCommands m_outputs;
-    ProgramActions m_programs;
-    ProgramTransfer m_transfer;
-    RunControl m_runControl;
     CommandHistory m_terminalHistory;
     QTimer m_timer1{this};
     bool m_startsInProgram = false;

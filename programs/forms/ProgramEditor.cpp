@@ -7,6 +7,7 @@
 #include <QTextBlock>
 #include <algorithm>
 
+#include "programs/forms/ProgramDraft.h"
 #include "widgets/CopiedText.h"
 #include "widgets/WireText.h"
 
@@ -50,12 +51,14 @@ std::string ProgramEditor::program() const {
     return wireLines(raw);
 }
 
+void ProgramEditor::showDraft(ProgramDraft& draft) {
+    draft.document().setDefaultFont(font());
+    setDocument(&draft.document());
+    placeNumbers();
+}
+
 void ProgramEditor::setProgram(std::string_view text) {
-    QTextCursor all(document());
-    all.beginEditBlock();
-    all.select(QTextCursor::Document);
-    all.insertText(shownText(text));
-    all.endEditBlock();
+    replaceText(*document(), shownText(text));
     moveCursor(QTextCursor::Start);
 }
 

@@ -6,6 +6,8 @@
 
 namespace zlt {
 
+class ProgramDraft;
+
 /// A box to write programs in: fixed pitch, line numbers, the current line marked. Its text is
 /// Latin-1 with CR LF between lines, however it came in.
 class ProgramEditor : public QPlainTextEdit {
@@ -13,6 +15,9 @@ class ProgramEditor : public QPlainTextEdit {
 
  public:
     explicit ProgramEditor(QWidget* parent = nullptr);
+
+    /// Shows and edits this text, which outlives the box, from here on.
+    void showDraft(ProgramDraft& draft);
 
     /// The whole text. Throws NotLatin1 naming the first character that no file can hold, and
     /// its line.

@@ -1,6 +1,7 @@
 #include "programs/forms/ProgramFrame.h"
 
 #include "platform/Text.h"
+#include "programs/forms/ProgramDraft.h"
 #include "programs/forms/ViewCompiledForm.h"
 #include "ui_ProgramFrame.h"
 #include "widgets/WireText.h"
@@ -18,25 +19,31 @@ ProgramFrame::ProgramFrame(QWidget* parent)
     m_toolNote->setBackgroundRole(QPalette::ToolTipBase);
     m_toolNote->setForegroundRole(QPalette::ToolTipText);
     m_toolNote->hide();
-    connect(m_ui->OrgProgram->document(), &QTextDocument::modificationChanged, this,
-            [this](bool modified) {
-                setTitle(modified ? tr("Program \u2013 not saved") : tr("Program"));
-            });
-    connect(m_ui->OrgProgram->document(), &QTextDocument::contentsChanged, this, [this] {
-        m_ui->CompiledLines->setEnabled(false);
-        m_ui->CompiledLines->setToolTip(tr("The text has changed since this compile."));
-    });
 }
 
 ProgramFrame::~ProgramFrame() = default;
 
-void ProgramFrame::connectTo(Handlers& handlers, const Services& services, ProgramActions& actions,
-                             ProgramTransfer& transfer) {
+void ProgramFrame::connectTo(Handlers& handlers, const Services& services, PanelLink& link,
+                             ProgramDraft& draft) {
     m_services = &services;
-    handlers.onClick(*m_ui->NewProg, [&](bool) { actions.NewProg_Click(); });
-    handlers.onClick(*m_ui->OpenProg, [&](bool) { actions.OpenProg_Click(); });
-    handlers.onClick(*m_ui->SaveProg, [&](bool) { actions.SaveProg_Click(); });
-    handlers.onClick(*m_ui->ViewCompiled, [&](bool) { actions.ViewCompiled_Click(); });
+    m_draft = &draft;
+    m_actions = std::make_unique<ProgramActions>(services, link, *this);
+    m_ui->OrgProgram->showDraft(draft);
+    connect(&draft.document(), &QTextDocument::modificationChanged, this,
+            &ProgramFrame::showWhetherSaved);
+    connect(&draft.document(), &QTextDocument::contentsChanged, this, [this] {
+        m_ui->CompiledLines->setEnabled(false);
+        m_ui->CompiledLines->setToolTip(tr("The text has changed since this compile."));
+    });
+    showWhetherSaved();
+    connectButtons(handlers);
+}
+
+void ProgramFrame::connectButtons(Handlers& handlers) {
+    handlers.onClick(*m_ui->NewProg, [this](bool) { m_actions->newProgram(); });
+    handlers.onClick(*m_ui->OpenProg, [this](bool) { m_actions->openProgram(); });
+    handlers.onClick(*m_ui->SaveProg, [this](bool) { m_actions->saveProgram(); });
+    handlers.onClick(*m_ui->ViewCompiled, [this](bool) { m_actions->viewListing(); });
     // The tools may take their time, and the screen stands still meanwhile.
     const auto onLongClick = [&](QAbstractButton& button, std::function<void()> work) {
         handlers.onClick(button, [work = std::move(work)](bool) {
@@ -44,10 +51,10 @@ void ProgramFrame::connectTo(Handlers& handlers, const Services& services, Progr
             work();
         });
     };
-    onLongClick(*m_ui->CompileAll, [&] { actions.CompileAll_Click(); });
-    onLongClick(*m_ui->DownloadSAP, [&] { transfer.DownloadSAP_Click(); });
-    onLongClick(*m_ui->UploadSAP, [&] { transfer.UploadSAP_Click(); });
-    onLongClick(*m_ui->clearSpace, [&] { transfer.clearSpace_Click(); });
+    onLongClick(*m_ui->CompileAll, [this] { m_actions->compile(); });
+    onLongClick(*m_ui->DownloadSAP, [this] { m_actions->download(); });
+    onLongClick(*m_ui->UploadSAP, [this] { m_actions->upload(); });
+    onLongClick(*m_ui->clearSpace, [this] { m_actions->clearMemory(); });
 }
 
 void ProgramFrame::focusProgram() {
@@ -72,7 +79,15 @@ void ProgramFrame::setProgram(std::string_view text) {
 }
 
 void ProgramFrame::markSaved() {
-    m_ui->OrgProgram->document()->setModified(false);
+    m_draft->markSaved();
+}
+
+void ProgramFrame::keepUnsaved() {
+    (void)m_draft->keep();
+}
+
+void ProgramFrame::showWhetherSaved() {
+    setTitle(m_draft->document().isModified() ? tr("Program \u2013 not saved") : tr("Program"));
 }
 
 void ProgramFrame::SelectEditorLine(int line) {

@@ -1,5 +1,7 @@
 #include "programs/forms/RunControlFrame.h"
 
+#include <utility>
+
 #include "ui_RunControlFrame.h"
 #include "widgets/FieldHints.h"
 
@@ -12,20 +14,22 @@ RunControlFrame::RunControlFrame(QWidget* parent)
 
 RunControlFrame::~RunControlFrame() = default;
 
-void RunControlFrame::connectTo(Handlers& handlers, RunControl& control,
+void RunControlFrame::connectTo(Handlers& handlers, PanelLink& link,
+                                std::function<void(std::string_view)> sendMotionCommand,
                                 const std::function<void()>& openThreads) {
+    m_control = std::make_unique<RunControl>(link, std::move(sendMotionCommand));
     handlers.onClick(*m_ui->XThread, [openThreads](bool) { openThreads(); });
-    handlers.onClick(*m_ui->RunProg, [&](bool) { control.RunProg_Click(); });
-    handlers.onClick(*m_ui->StopProg, [&](bool) { control.StopProg_Click(); });
-    handlers.onClick(*m_ui->PauseProg, [&](bool) { control.PauseProg_Click(); });
-    handlers.onClick(*m_ui->ContProg, [&](bool) { control.ContProg_Click(); });
-    handlers.onClick(*m_ui->RunOnBootOn, [&](bool) { runOnBoot_Click(control, true); });
-    handlers.onClick(*m_ui->RunOnBootOff, [&](bool) { runOnBoot_Click(control, false); });
+    handlers.onClick(*m_ui->RunProg, [this](bool) { m_control->run(); });
+    handlers.onClick(*m_ui->StopProg, [this](bool) { m_control->stop(); });
+    handlers.onClick(*m_ui->PauseProg, [this](bool) { m_control->pause(); });
+    handlers.onClick(*m_ui->ContProg, [this](bool) { m_control->resume(); });
+    handlers.onClick(*m_ui->RunOnBootOn, [this](bool) { runOnBoot_Click(true); });
+    handlers.onClick(*m_ui->RunOnBootOff, [this](bool) { runOnBoot_Click(false); });
 }
 
-void RunControlFrame::runOnBoot_Click(RunControl& control, bool on) {
+void RunControlFrame::runOnBoot_Click(bool on) {
     showRunOnBoot(m_runOnBoot);  // the click's own mark says nothing yet
-    if (const auto said = control.setRunOnBoot(on))
+    if (const auto said = m_control->setRunOnBoot(on))
         m_runOnBoot = said;
     showRunOnBoot(m_runOnBoot);
 }

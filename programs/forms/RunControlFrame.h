@@ -23,8 +23,10 @@ class RunControlFrame : public QGroupBox {
     explicit RunControlFrame(QWidget* parent = nullptr);
     ~RunControlFrame() override;
 
-    /// Connects the buttons to the rules; `openThreads` opens the second-thread screen.
-    void connectTo(Handlers& handlers, RunControl& control,
+    /// Has the buttons work on this link, which outlives the frame. `sendMotionCommand` is that of
+    /// RunControl; `openThreads` opens the second-thread screen.
+    void connectTo(Handlers& handlers, PanelLink& link,
+                   std::function<void(std::string_view)> sendMotionCommand,
                    const std::function<void()>& openThreads);
     /// The controller has not said whether it runs at power-up: it is another one now, or was
     /// told otherwise elsewhere.
@@ -33,11 +35,12 @@ class RunControlFrame : public QGroupBox {
     void gateFeatures(FirmwareVersion firmware);
 
  private:
-    void runOnBoot_Click(RunControl& control, bool on);
+    void runOnBoot_Click(bool on);
     void showRunOnBoot(std::optional<bool> on);
 
     std::unique_ptr<Ui::RunControlFrame> m_ui;
-    std::optional<bool> m_runOnBoot;  ///< nothing until the controller has said
+    std::unique_ptr<RunControl> m_control;  ///< once connected
+    std::optional<bool> m_runOnBoot;        ///< nothing until the controller has said
 };
 
 }  // namespace zlt

@@ -16,6 +16,7 @@
 #include "app/SelectComForm.h"
 #include "panel/forms/MainControlForm.h"
 #include "parameters/forms/SetupParameters.h"
+#include "programs/forms/ProgramDraft.h"
 #include "programs/forms/ViewCompiledForm.h"
 #include "programs/forms/XThreadForm.h"
 #include "support/FormDriver.h"
@@ -36,6 +37,15 @@ std::unique_ptr<QWidget> loaded(World& world, Arguments&&... arguments) {
     return form;
 }
 
+struct OwnDraft {
+    ProgramDraft draft;
+};
+/// The panel with a program text of its own, as no start-up screen holds one for it.
+struct LonePanel : private OwnDraft, public MainControlForm {
+    explicit LonePanel(const Services& services)
+        : OwnDraft{ProgramDraft(services)}, MainControlForm(services, draft, nullptr) {}
+};
+
 struct ScreenRow {
     const char* name;
     std::unique_ptr<QWidget> (*make)(World& world);
@@ -51,7 +61,7 @@ const ScreenRow screens[] = {
     {"search", [](World& world) { return loaded<SearchCom>(world, SearchMode::all); }},
     {"panel",
      [](World& world) -> std::unique_ptr<QWidget> {
-         auto form = std::make_unique<MainControlForm>(world.services, nullptr);
+         auto form = std::make_unique<LonePanel>(world.services);
          form->Form_Load({{3}, "9600", "01"});
          return form;
      }},

@@ -1,11 +1,10 @@
 // The external tools' result files: whatever a tool wrote, line 1 alone judges it, and a line
 // that is named for the editor is one that can be named.
 
-#include "programs/ToolResult.h"
-
 #include <algorithm>
 
 #include "Check.h"
+#include "programs/ToolRunner.h"
 
 void zlt::fuzz::check(std::string_view input) {
     const std::string result(input);

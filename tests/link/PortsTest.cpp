@@ -63,14 +63,18 @@ TEST(SettledPort, StandsForTheOneDeviceWhateverHasItsNumberOrNameByNow) {
     bench.plug({adapterA});
     {
         const SettledPort settled(bench.ports, {1});
+        EXPECT_TRUE(bench.ports.numberStillMeant({1}));
         bench.plug({adapterA, earlier});
+        EXPECT_FALSE(bench.ports.numberStillMeant({1})) << "a tool counts the other one first";
         EXPECT_EQ(bench.behind(1), "/dev/ttyUSB0") << "not the one that is first in order now";
         bench.plug({earlier});
         EXPECT_EQ(bench.behind(1), "nothing");
+        EXPECT_FALSE(bench.ports.numberStillMeant({1}));
         SerialDevice another = adapterB;
         another.path = adapterA.path;
         bench.plug({another});
         EXPECT_EQ(bench.behind(1), "nothing") << "the same name, another adapter";
+        EXPECT_FALSE(bench.ports.numberStillMeant({1}));
         std::ofstream("zlt-r-485.ports") << "COM1=/dev/other\n";
         bench.plug({adapterA});
         EXPECT_EQ(bench.behind(1), "/dev/ttyUSB0") << "there again";

@@ -261,6 +261,18 @@ TEST_F(ProgramTest, TakesThePortBackWhateverTheToolDid) {
     EXPECT_EQ(shown("ComStatusDisplay"), "Invalid Port");
 }
 
+TEST_F(ProgramTest, StartsNoToolThatWouldGoToAnotherDevice) {
+    bus.numberMeansAnother = true;
+    for (const char* button : {"DownloadSAP", "clearSpace", "UploadSAP"}) {
+        gate.expectMessageWith("COM3 does not stand for the connected device any more",
+                               [this] { EXPECT_EQ(bus.portsOpen, 1); });
+        click(form, button);
+        EXPECT_TRUE(polls());
+    }
+    EXPECT_EQ(tools.started, Commands{});
+    EXPECT_EQ(file("EXE/sa_download_upload_setup.txt"), "none");
+}
+
 TEST_F(ProgramTest, AsksTheLinkBeforeEachTransfer) {
     bus.silent = true;
     EXPECT_EQ(sentBy("DownloadSAP"), "SR0=0|SR1=0|DN|DB");
@@ -292,6 +304,9 @@ TEST_F(ProgramTest, UploadsIntoTheBox) {
               "LIN:510\r\nCOM:SERIAL\r\nPOR: 3\r\nBAU:\r\nDEV:42\r\nOPE:UPLOAD\r\n"
               "FIL:CompileOut.txt\r\nMOD:ZLT-R-NX-42\r\n");
     EXPECT_EQ(editor.program(), "FAILED\r\nno image\r\n");
+    editor.undo();
+    EXPECT_EQ(editor.program(), "") << "as before the upload";
+    editor.redo();
     tools.run = [](const std::string&) { return crashed; };
     gate.expectMessageWith("The tool SA_Download_Upload ended by a fault");
     click(form, "UploadSAP");

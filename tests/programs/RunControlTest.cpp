@@ -80,7 +80,7 @@ TEST_F(RunControlTest, WorksAndShowsEachThreadOverAPortOfItsOwn) {
 
 TEST_F(RunControlTest, OpensNoThreadScreenBelowFirmware322) {
     bus.replies["VER"] = "V321";
-    MainControlForm old(services, nullptr);
+    MainControlForm old(services, draft, nullptr);
     old.Form_Load({{3}, "9600", "01"});
     EXPECT_FALSE(control<QWidget>(old, "XThread").isEnabled());
     const auto openings = bus.openings;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panel/forms/MainControlForm.h"
+#include "programs/forms/ProgramDraft.h"
 #include "support/FormDriver.h"
 #include "support/World.h"
 
@@ -39,7 +40,8 @@ struct PanelWorld : World {
     }
     std::string shown(const char* name) { return shownOn(form, name); }
 
-    MainControlForm form{services, nullptr};
+    ProgramDraft draft{services};
+    MainControlForm form{services, draft, nullptr};
 };
 
 }  // namespace zlt::test

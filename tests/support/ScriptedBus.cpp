@@ -58,6 +58,7 @@ class ScriptedPort : public Port {
             m_bus.m_input.pop_front();
         return PortInput::nothing;
     }
+    bool numberStillMeant(PortNumber) const override { return !m_bus.numberMeansAnother; }
     std::string errorText() const override { return "Input/output error"; }
 
  private:

@@ -33,6 +33,7 @@ class ScriptedBus {
     /// The one command that is not answered.
     std::optional<std::string> silentAt;
     bool opens = true;
+    bool numberMeansAnother = false;  ///< to whoever looks a port number up by himself
     /// The port fails at the write, or at the first wait, of this command.
     std::optional<std::string> losesAtWriteOf, losesAtReadOf;
 

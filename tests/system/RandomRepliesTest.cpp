@@ -8,6 +8,7 @@
 
 #include "panel/forms/MainControlForm.h"
 #include "parameters/forms/SetupParameters.h"
+#include "programs/forms/ProgramDraft.h"
 #include "programs/forms/XThreadForm.h"
 #include "support/World.h"
 #include "terminal/forms/VariableForm.h"
@@ -67,6 +68,7 @@ struct WildWorld : World {
     }
 
     std::mt19937 dice;
+    ProgramDraft draft{services};
 };
 
 TEST(RandomReplies, NeitherCrashNorHangAScreen) {
@@ -75,7 +77,8 @@ TEST(RandomReplies, NeitherCrashNorHangAScreen) {
         for (int screen = 0; screen < 4; ++screen) {
             WildWorld world(round, 3 + 40 * (round % 4));
             if (screen == 0)
-                world.work(MainControlForm(world.services, nullptr), handOver.connection);
+                world.work(MainControlForm(world.services, world.draft, nullptr),
+                           handOver.connection);
             else if (screen == 1)
                 world.work(SetupParameters(world.services, handOver, nullptr));
             else if (screen == 2)
