@@ -22,7 +22,7 @@ std::optional<std::size_t> codeOfBaudRate(std::string_view text) {
     return std::nullopt;
 }
 
-ReplyFields both(std::vector<FieldText> fields) {
+ReplyFields both(const std::vector<FieldText>& fields) {
     return {fields, fields};
 }
 
@@ -75,15 +75,10 @@ std::optional<std::string> whyUnsendable(std::string_view text) {
 
 ReplyFields fieldsOfReply(const Parameter& parameter, std::string_view reply) {
     const ParameterField field = parameter.fields.first;
-    const FieldText asItStands{field, std::string(reply)};
     const auto number = parseInteger(reply);
     switch (parameter.encoding) {
         case Encoding::text:
-            return whyUnsendable(reply) ? ReplyFields{} : both({asItStands});
-        case Encoding::number:
-            if (whyUnsendable(reply))
-                return {};
-            return number ? both({asItStands}) : ReplyFields{{asItStands}, {}};
+            return whyUnsendable(reply) ? ReplyFields{} : both({{field, std::string(reply)}});
         case Encoding::deviceName:
             if (const auto id = deviceIdOfName(reply))
                 return both({{field, std::string(*id)}});
@@ -110,7 +105,6 @@ std::optional<std::string> writeCommand(const Parameter& parameter, const Parame
     const std::string& text = values[parameter.fields.first];
     switch (parameter.encoding) {
         case Encoding::text:
-        case Encoding::number:
             return name + text;
         case Encoding::deviceName:
             return name + std::string(deviceNamePrefix) + text;

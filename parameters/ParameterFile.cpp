@@ -31,7 +31,6 @@ LineKind kindOf(FieldRange line) {
         case Encoding::one:
             return LineKind::flag;
         case Encoding::text:
-        case Encoding::number:
         case Encoding::deviceName:
         case Encoding::baudCode:
             break;
@@ -61,7 +60,7 @@ const char* expectation(LineKind kind) {
 /// A flag is a whole number, 0 or 1: no fraction is rounded to one.
 std::optional<std::string> readFlag(const std::string& text) {
     const auto number = text.find('.') == std::string::npos ? parseInteger(text) : std::nullopt;
-    if (number == 0 || number == 1)
+    if (number && (*number == 0 || *number == 1))
         return std::to_string(*number);
     return std::nullopt;
 }

@@ -48,7 +48,6 @@ inline constexpr auto parameterFields = [] {
 /// How a value stands in a reply and in a command.
 enum class Encoding {
     text,        ///< as it stands
-    number,      ///< as it stands, though it should be a number
     deviceName,  ///< two digits after the name's prefix
     bits,        ///< a bit of a decimal word, which the fields of one command share from bit 0 up
     nonZero,     ///< set unless the reply is 0

@@ -123,23 +123,25 @@ TEST_F(StopsTest, StandOnEveryScreenThatTalks) {
 }
 
 TEST_F(StopsTest, GetOutWhateverTheFlagsSayAndTellALostPort) {
-    const std::tuple<const char*, const char*, const char*> table[] = {
-        {"Setup", "DN", "Communication port not open!"},
-        {"Variable", "V0", "No Reply to Command: ABORT"},
-        {"XThread", "SPC0", "Communication port not open!"}};
-    for (const auto& [opener, firstQuery, lost] : table) {
-        SCOPED_TRACE(opener);
-        const bool talksAtLoad = std::string_view(opener) == "Setup";
-        const auto expectSilence = [&, query = firstQuery] {
-            gate.expectMessage("No Reply to Command: " + std::string(query));
+    struct Row {
+        const char *opener, *firstQuery, *lost;
+    };
+    const Row table[] = {{"Setup", "DN", "Communication port not open!"},
+                         {"Variable", "V0", "No Reply to Command: ABORT"},
+                         {"XThread", "SPC0", "Communication port not open!"}};
+    for (const Row& row : table) {
+        SCOPED_TRACE(row.opener);
+        const bool talksAtLoad = std::string_view(row.opener) == "Setup";
+        const auto expectSilence = [&] {
+            gate.expectMessage("No Reply to Command: " + std::string(row.firstQuery));
         };
         if (talksAtLoad) {
-            bus.silentAt = firstQuery;
+            bus.silentAt = row.firstQuery;
             expectSilence();
         }
-        clickAndWork(form, opener, [&](QWidget& screen) {
+        clickAndWork(form, row.opener, [&](QWidget& screen) {
             if (!talksAtLoad) {
-                bus.silentAt = firstQuery;
+                bus.silentAt = row.firstQuery;
                 expectSilence();
                 screen.grab();  // before it is painted the monitor asks nothing
                 tick(screen, "Timer1");
@@ -149,7 +151,7 @@ TEST_F(StopsTest, GetOutWhateverTheFlagsSayAndTellALostPort) {
             click(screen, "ISTOP");
             EXPECT_EQ(sent(), "ABORT") << "though the link counts as down";
             bus.losesAtWriteOf = "ABORT";
-            gate.expectMessage(lost);
+            gate.expectMessage(row.lost);
             click(screen, "ISTOP");
             bus.losesAtWriteOf.reset();
             screen.close();

@@ -115,7 +115,7 @@ TEST_F(ParameterTransferTest, MarksEachValueByTheReplyToIt) {
          {{"DN", "XYZ07", "DeviceIDCombo", "42", State::unread, "device ID"},
           {"DN", "ZLD4", "DeviceIDCombo", "42", State::unread, "device ID"},
           {"DN", "ZLD431", "DeviceIDCombo", "43", State::same, ""},
-          {"CURR", "8?0", "RunCurrentSelect", "8?0", State::unread, "run current"},
+          {"CURR", "8?0", "RunCurrentSelect", "8?0", State::same, ""},
           {"CURI", nullptr, "IdleCurrentSelect", "300", State::unread, "idle current"},
           {"POL", "x5", "sapol1", "on", State::unread, "polarity"},
           {"DL", "", "DisableLimit", "on", State::unread, "limit disable"},
