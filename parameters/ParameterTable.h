@@ -38,12 +38,13 @@ enum class ParameterField {
 inline constexpr std::size_t parameterFieldCount = 17;
 
 /// All of them, to go through.
-inline constexpr auto parameterFields = [] {
+constexpr std::array<ParameterField, parameterFieldCount> allParameterFields() {
     std::array<ParameterField, parameterFieldCount> fields{};
     for (std::size_t place = 0; place < fields.size(); ++place)
         fields[place] = static_cast<ParameterField>(place);
     return fields;
-}();
+}
+inline constexpr auto parameterFields = allParameterFields();
 
 /// How a value stands in a reply and in a command.
 enum class Encoding {

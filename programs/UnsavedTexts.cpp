@@ -39,7 +39,7 @@ std::optional<WriteFailure> UnsavedTexts::keep(std::string_view text) {
     std::error_code failure;
     fs::create_directories(m_folder, failure);
     const fs::path file = m_own.empty() ? newName(m_folder) : m_own;
-    const auto notKept = m_files.writeWhole(file, text);
+    auto notKept = m_files.writeWhole(file, text);
     if (!notKept)
         m_own = file;
     return notKept;

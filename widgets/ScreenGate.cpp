@@ -10,7 +10,7 @@ ScreenGate::ScreenGate(Gate& gate, std::function<void()> boxOpens, std::function
 template <class Show>
 auto ScreenGate::around(const Show& show) {
     m_boxOpens();
-    const auto answer = show();
+    auto answer = show();
     m_boxClosed();
     return answer;
 }

@@ -155,7 +155,7 @@ void PortDirectory::settle(PortNumber number) {
 }
 
 std::string PortDirectory::identityOf(const std::string& path) const {
-    const std::string device = canonicalDevice(path);
+    std::string device = canonicalDevice(path);
     for (const SerialDevice& known : m_devices) {
         // Windows goes by the bare name, "COM3".
         const bool same = known.path == device || fs::path(known.path).filename() == device;

@@ -38,12 +38,13 @@ std::unique_ptr<QWidget> loaded(World& world, Arguments&&... arguments) {
 }
 
 struct OwnDraft {
+    explicit OwnDraft(const Services& services) : draft(services) {}
     ProgramDraft draft;
 };
 /// The panel with a program text of its own, as no start-up screen holds one for it.
 struct LonePanel : private OwnDraft, public MainControlForm {
     explicit LonePanel(const Services& services)
-        : OwnDraft{ProgramDraft(services)}, MainControlForm(services, draft, nullptr) {}
+        : OwnDraft(services), MainControlForm(services, draft, nullptr) {}
 };
 
 struct ScreenRow {

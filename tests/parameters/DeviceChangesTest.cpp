@@ -74,6 +74,9 @@ TEST_F(DeviceChangesTest, StandApartFromWhatIsInUseUntilTheControllerReportsThem
     const auto notes = [this] { return shown("deviceIdNote") + "|" + shown("baudNote"); };
     const char* const both = "05 after the next power-up|115200 after the next power-up";
     EXPECT_EQ(notes(), both);
+    EXPECT_EQ(compared(),
+              "Device ID\t05\t42\t05, once stored\t\n"
+              "Baud rate\t115200\t38400\t115200, once stored\t\n");
     for (const bool anew : {false, true}) {
         if (anew)
             open();
@@ -115,6 +118,8 @@ TEST_F(DeviceChangesTest, TellAClashBeforeAYesCounts) {
     handOver.notes->noteReply({{3}, "57600", "07"}, "PX", "0");
     handOver.notes->noteReply({{4}, "9600", "08"}, "PX", "0");
     open();
+    type("DeviceIDCombo", "01");
+    EXPECT_EQ(shown("deviceIdNote"), "") << "the one that is addressed is no other";
     type("DeviceIDCombo", "07");
     EXPECT_EQ(shown("deviceIdNote"), "\"07\" has answered on this bus already");
     const std::string clash =

@@ -29,6 +29,7 @@ TEST_F(ParameterTransferTest, GatesBothDirectionsByFirmware) {
         }
         EXPECT_EQ(open(firmware), upload);
         EXPECT_EQ(shown("pendingCount"), "Nothing to write") << "what it lacks is not missing";
+        EXPECT_EQ(compared(), "");
         EXPECT_EQ(down(), written);
         EXPECT_EQ(control<QWidget>(*form, "DisableLimit").isEnabled(), firmware > 316);
         for (const char* name : {"Autostart1", "LCA", "HCA", "DOBOOT"})
