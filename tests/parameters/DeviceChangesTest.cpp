@@ -138,7 +138,8 @@ TEST_F(DeviceChangesTest, TellAClashBeforeAYesCounts) {
 TEST_F(DeviceChangesTest, GoWithTheControllerToItsNewAddress) {
     DeviceNotes notes;
     const Connection before{{3}, "9600", "01"};
-    const auto note = [&](std::optional<std::string> id, std::optional<std::string> rate) {
+    const auto note = [&](const std::optional<std::string>& id,
+                          const std::optional<std::string>& rate) {
         notes.of(before) = {.pendingId = id, .pendingBaudRate = rate, .unstored = {{"LCA", "1"}}};
     };
     struct Row {

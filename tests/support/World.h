@@ -21,7 +21,7 @@ class RecordingHelp : public HelpViewer {
 class BreakingFiles : public QtFiles {
  public:
     FileContent read(const std::filesystem::path& file) override {
-        const FileContent content = QtFiles::read(file);
+        FileContent content = QtFiles::read(file);
         if (!breaksAfter || content.kind != FileContent::Kind::whole)
             return content;
         return {FileContent::Kind::brokenOff, content.bytes.substr(0, *breaksAfter), "bad sector"};

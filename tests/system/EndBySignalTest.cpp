@@ -29,7 +29,7 @@ int freeTcpPort() {
     const int probe = socket(AF_INET, SOCK_STREAM, 0);
     auto address = localAddress(0);
     socklen_t size = sizeof address;
-    bind(probe, reinterpret_cast<sockaddr*>(&address), size);
+    (void)bind(probe, reinterpret_cast<sockaddr*>(&address), size);
     getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size);
     close(probe);
     return ntohs(address.sin_port);
