@@ -23,7 +23,7 @@ SearchCom::SearchCom(const Services& world, SearchMode mode, QWidget* parent)
     m_statusTimer.setObjectName(QStringLiteral("StatusTimer"));
     m_statusTimer.setTimerType(Qt::PreciseTimer);
     m_statusTimer.setInterval(stepInterval);
-    teachManners();
+    applyScreenRules();
     handlers.onTick(m_statusTimer, [this] { return StatusTimer_Timer(); });
     handlers.onClick(*m_ui->Cancel, [this](bool) { Cancel_Click(); });
 }

@@ -5,8 +5,8 @@
 #include <QLayout>
 #include <chrono>
 
-#include "app/PortNote.h"
 #include "app/SearchCom.h"
+#include "app/StartUpNotes.h"
 #include "link/Exchange.h"
 #include "panel/forms/MainControlForm.h"
 #include "platform/Text.h"
@@ -43,7 +43,7 @@ SelectComForm::SelectComForm(const Services& services, PortDirectory& directory)
     m_ui->unsavedRow->hide();
     m_portTimer.setObjectName(QStringLiteral("portTimer"));
     m_portTimer.setInterval(portNoteInterval);
-    teachManners();
+    applyScreenRules();
     connectHandlers();
 }
 

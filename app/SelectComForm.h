@@ -5,7 +5,7 @@
 
 #include "link/DeviceNotes.h"
 #include "link/DeviceSearch.h"
-#include "link/LineFault.h"
+#include "link/Exchange.h"
 #include "link/Settings.h"
 #include "link/serial/PortDirectory.h"
 #include "link/serial/PortMemory.h"

@@ -4,12 +4,10 @@
 #include "app/Picture.h"
 #include "app/SelectComForm.h"
 #include "link/serial/QtSerialPort.h"
-#include "platform/EndingGate.h"
+#include "platform/ProgramEnd.h"
 #include "platform_qt/QtFiles.h"
-#include "platform_qt/QtGate.h"
-#include "platform_qt/QtHelpViewer.h"
-#include "platform_qt/QtProcesses.h"
-#include "platform_qt/ThreadWaits.h"
+#include "platform_qt/QtSystem.h"
+#include "platform_qt/forms/QtGate.h"
 
 // Where even starting fails there is nobody left to tell.
 int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)

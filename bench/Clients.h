@@ -24,7 +24,7 @@ class Client {
     Client(const Client&) = delete;
     Client& operator=(const Client&) = delete;
 
-    /// Opens the device, makes so many exchanges behind a few for warming up, and closes it.
+    /// Opens the device, makes so many exchanges after a few for warming up, and closes it.
     virtual void runRound(long exchanges, Samples& samples) = 0;
 
  protected:

@@ -40,7 +40,7 @@ class PacedPeer {
     /// For how long bytes have been on the wire so far, either way.
     std::chrono::nanoseconds wireBusy() const { return std::chrono::nanoseconds(m_wireBusy); }
 
-    /// By how much the last byte of each reply left behind its time, since the last call: the
+    /// By how much the last byte of each reply left later than its time, since the last call: the
     /// test bed's share of what the client measures.
     Times takeLateness();
 

@@ -17,7 +17,7 @@
 #include "app/SearchCom.h"
 #include "app/SelectComForm.h"
 #include "panel/forms/MainControlForm.h"
-#include "platform_qt/QtProcesses.h"
+#include "platform_qt/QtSystem.h"
 #include "programs/forms/ProgramEditor.h"
 #include "support/FormDriver.h"
 #include "support/RealWorld.h"

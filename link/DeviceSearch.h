@@ -91,7 +91,7 @@ class DeviceSearch {
     std::string m_losses;
 };
 
-/// The words for a controller: " Baud:9600 ID:01" behind the port's number.
+/// The words for a controller: " Baud:9600 ID:01" after the port's number.
 std::string searchResultText(const Connection& device);
 
 }  // namespace zlt

@@ -57,10 +57,10 @@ inline constexpr std::string_view deviceNamePrefix = "ZLD";
 std::string frameRequest(std::string_view deviceId, std::string_view command);
 
 /// A reply line without its header: one that begins with "#" loses that and the two
-/// characters behind it, any other is returned whole.
+/// characters after it, any other is returned whole.
 std::string_view ReplyHeaderStrip(std::string_view line);
 
-/// What stands behind the prefix in a "DN" reply, `count` characters at the most: the two
+/// What follows the prefix in a "DN" reply, `count` characters at the most: the two
 /// digits of the device ID in a proper name. Whatever the reply is, it is not judged.
 std::string_view behindDeviceNamePrefix(std::string_view reply, std::size_t count);
 
@@ -69,5 +69,18 @@ std::optional<std::string_view> deviceIdOfName(std::string_view reply);
 
 /// Whether a "DN" reply is the name of one of our controllers.
 bool isDeviceName(std::string_view reply);
+
+/// What a reply can say of the wiring.
+enum class LineFault {
+    none,
+    echo,       ///< the request itself came back
+    zeroBytes,  ///< a zero byte in front, as a line that floats between messages gives
+};
+
+/// What this reply line to this request says, both as on the wire.
+LineFault lineFaultIn(std::string_view request, std::string_view reply);
+
+/// A sentence that says so and what to do, UTF-8; empty for none.
+std::string_view lineFaultText(LineFault fault);
 
 }  // namespace zlt

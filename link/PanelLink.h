@@ -25,8 +25,8 @@ class PanelLink : public ScreenLink {
 
     /// Lets go of the port for the time of `action` (another screen, a tool) and takes it
     /// back, whatever the action met: the poll is held off, the port closed if it is this
-    /// screen's, and opened again afterwards. `settling` is waited before and behind the
-    /// closing, and behind the opening.
+    /// screen's, and opened again afterwards. `settling` is waited before and after the
+    /// closing, and after the opening.
     void lendPort(const std::function<void()>& action, std::chrono::milliseconds settling = {});
 
     /// Holds the status poll off while another screen or a tool has the port, or a file

@@ -137,7 +137,7 @@ std::string ScreenLink::fail(const Reaction& reaction, std::string_view command,
             PortReady = false;
         setCommOK(false);
     };
-    // Where the program goes on, what the screen shows is dimmed behind the message already.
+    // Where the program goes on, what the screen shows is dimmed before the message comes.
     if (!reaction.endsProgram)
         clearFlags();
     if (!reaction.message.empty()) {

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "link/DeviceNotes.h"
+#include "link/Exchange.h"
 #include "link/Flavour.h"
-#include "link/LineFault.h"
 #include "link/Services.h"
 #include "link/Values.h"
 
@@ -32,7 +32,7 @@ class LinkListener {
 struct RawRequest {
     std::string_view deviceId;  ///< as it stands
     std::string_view command;
-    bool readsReply = true;  ///< nobody answers a broadcast
+    bool readsReply = true;  ///< no controller answers a broadcast
     int emptyReadsAllowed = 100;
     bool tellsLoss = true;  ///< a lost port takes the flavour's path, or else only ends it
     std::function<void()> written = {};        ///< the request is out

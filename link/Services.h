@@ -7,10 +7,8 @@
 #include "link/Port.h"
 #include "platform/Files.h"
 #include "platform/Gate.h"
-#include "platform/HelpViewer.h"
-#include "platform/Processes.h"
 #include "platform/ProgramEnd.h"
-#include "platform/Waits.h"
+#include "platform/System.h"
 
 namespace zlt {
 

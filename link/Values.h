@@ -47,7 +47,7 @@ FirmwareVersion firmwareVersion(std::string_view command, std::string_view versi
 inline constexpr std::array<std::string_view, 5> baudRates{"9600", "19200", "38400", "57600",
                                                            "115200"};
 
-/// The baud rate behind a "DB" code; nothing for a code that stands for none.
+/// The baud rate that a "DB" code stands for; nothing for a code that stands for none.
 std::optional<std::string_view> baudRateOfCode(std::int32_t code);
 
 /// What a controller is reached with. The texts are the operator's own, unchecked (Latin-1).

@@ -21,12 +21,12 @@ house_rules() {
     local code="*.h *.cpp" broken=0
     set -f  # the patterns are git's to expand
     forbid "Messages, questions and file choices go through the gate (platform/Gate.h)." \
-        'QMessageBox::|QFileDialog' $code ':!platform_qt/QtGate.cpp' ':!widgets/Screen.cpp' ':!tests'
+        'QMessageBox::|QFileDialog' $code ':!platform_qt/forms/QtGate.cpp' ':!widgets/Screen.cpp' ':!tests'
     forbid "Connect by pointers to members: a name in a string is not checked." \
         '\b(SIGNAL|SLOT)\s*\(' $code
     forbid "Qt would connect this slot by its name; name it control and event: Close_Click." \
         '\bon_[A-Za-z0-9]+_\w+\s*\(' $code
-    forbid "Waits go through platform/Waits.h, so that a test need not wait." \
+    forbid "Waits go through platform/System.h, so that a test need not wait." \
         'this_thread::sleep_|QThread::[mu]?sleep|\b(u|nano)sleep\s*\(' \
         $code ':!platform_qt' ':!simulator' ':!bench' ':!tests'
     forbid "No blanks at the end of a line, no tabs." '[ \t]+$|\t' ':!*corpus*'

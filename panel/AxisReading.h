@@ -5,10 +5,43 @@
 #include <string>
 
 #include "link/PanelLink.h"
-#include "panel/StatusWord.h"
-#include "programs/ProgramState.h"
+#include "platform/ShownState.h"
+#include "programs/RunControl.h"
 
 namespace zlt {
+
+/// What the axis does.
+enum class MotionState {
+    idle,
+    moving,
+    accelerating,
+    decelerating,
+    negativeLimitError,
+    positiveLimitError,
+};
+
+/// How `Stat` shows it.
+ShownState shownState(MotionState motion);
+
+/// The controller's status word, the reply to "MST": its low 24 bits.
+class StatusWord {
+ public:
+    explicit StatusWord(std::int32_t value)
+        : m_bits(static_cast<std::uint32_t>(value) & 0xFFFFFF) {}
+
+    /// The last of the bits that says something: a limit error goes before motion, deceleration
+    /// before acceleration.
+    MotionState motion() const;
+
+    bool negativeLimit() const { return bit(3); }
+    bool positiveLimit() const { return bit(4); }
+    bool home() const { return bit(5); }
+
+ private:
+    bool bit(unsigned number) const { return (m_bits >> number & 1U) != 0; }
+
+    std::uint32_t m_bits;
+};
 
 /// What one pass of the poll has read. A field without a value is to be left as it stands.
 struct AxisReading {
@@ -28,7 +61,7 @@ struct AxisReading {
 
 /// Reads the axis once, to the end even when the controller falls silent on the way: "0" stands
 /// for each missing reply then. Throws ConversionError for a reply that should be a number and is
-/// none; but not after a time-out, when the replies may be one behind.
+/// none; but not after a time-out, when the replies may be one late.
 AxisReading readAxis(PanelLink& link);
 
 }  // namespace zlt

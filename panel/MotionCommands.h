@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "link/PanelLink.h"
-#include "panel/PanelFields.h"
+#include "panel/PanelView.h"
 
 namespace zlt {
 

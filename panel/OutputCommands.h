@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "link/PanelLink.h"
-#include "panel/PanelFields.h"
-#include "panel/StatusWord.h"
+#include "panel/AxisReading.h"
+#include "panel/PanelView.h"
 
 namespace zlt {
 

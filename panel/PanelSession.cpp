@@ -134,8 +134,8 @@ void PanelSession::probe() {
     }
     link.setCommOK(true);
     showLink(LinkState::answering);
-    // A device name is what an earlier "DN" is answered with, late: every reply has been one
-    // behind since then.
+    // A device name is what an earlier "DN" is answered with, late: every reply has been
+    // one late since then.
     std::string version = ask("VER");
     while (isDeviceName(version))
         version = link.receive("VER");

@@ -4,6 +4,8 @@
 #include <string_view>
 
 #include "link/ScreenLink.h"
+#include "parameters/DeviceCopy.h"
+#include "parameters/ParameterTable.h"
 #include "parameters/ParameterView.h"
 
 namespace zlt {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/FileNames.h"
+#include "platform/Files.h"
 #include "platform/NumberConversion.h"
 #include "platform/Text.h"
 

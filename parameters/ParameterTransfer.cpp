@@ -4,6 +4,7 @@
 #include "parameters/ParameterEncoding.h"
 
 namespace zlt {
+
 ParameterTransfer::ParameterTransfer(const Services& services, const LinkHandOver& handOver,
                                      ParameterView& view)
     : m_services(services),

@@ -3,7 +3,9 @@
 #include <string_view>
 
 #include "link/PanelLink.h"
+#include "parameters/DeviceCopy.h"
 #include "parameters/ParameterDown.h"
+#include "parameters/ParameterTable.h"
 
 namespace zlt {
 

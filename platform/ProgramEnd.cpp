@@ -21,4 +21,27 @@ void ProgramEnd::passOn() const {
         throw Unwind();
 }
 
+void EndingGate::message(std::string_view text) {
+    m_gate.message(text);
+    m_programEnd.passOn();
+}
+
+bool EndingGate::ask(std::string_view title, std::string_view text) {
+    const bool answer = m_gate.ask(title, text);
+    m_programEnd.passOn();
+    return answer;
+}
+
+std::optional<std::string> EndingGate::chooseToOpen(const FileChoice& choice) {
+    auto name = m_gate.chooseToOpen(choice);
+    m_programEnd.passOn();
+    return name;
+}
+
+std::optional<std::string> EndingGate::chooseToSave(const FileChoice& choice) {
+    auto name = m_gate.chooseToSave(choice);
+    m_programEnd.passOn();
+    return name;
+}
+
 }  // namespace zlt

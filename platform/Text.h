@@ -47,7 +47,7 @@ std::string utf8FromLatin1(std::string_view latin1);
 std::string utf8FromCodePoint(char32_t codePoint);
 
 /// The lines of a file's text, without their ends. CR LF, LF and CR each end a line; text
-/// behind the last end is a line too.
+/// after the last end is a line too.
 std::vector<std::string> splitLines(std::string_view text);
 
 }  // namespace zlt

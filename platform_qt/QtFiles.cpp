@@ -1,15 +1,14 @@
 #include "platform_qt/QtFiles.h"
 
+#include <unistd.h>
+
 #include <QFile>
 #include <QSaveFile>
 #include <algorithm>
-
-#include "platform_qt/QtPaths.h"
+#include <cerrno>
 
 #ifdef Q_OS_UNIX
-#include <unistd.h>
 
-#include <cerrno>
 #endif
 
 namespace zlt {
@@ -66,7 +65,7 @@ Reason put(QFileDevice& file, std::string_view bytes) {
 /// Brings an open file from the bytes it holds to others, and back again where that fails.
 Reason writeOver(QFile& file, const QByteArray& before, std::string_view bytes) {
     const auto size = static_cast<qint64>(bytes.size());
-    // What is to come behind the old end first: only that needs room that may not be there.
+    // What is to come past the old end first: only that needs room that may not be there.
     const auto shared = std::min(bytes.size(), static_cast<std::size_t>(before.size()));
     Reason reason;
     if (!file.seek(before.size()) || (reason = put(file, bytes.substr(shared)))) {

@@ -1,8 +1,16 @@
 #pragma once
 
+#include <QString>
+#include <filesystem>
+
 #include "platform/Files.h"
 
 namespace zlt {
+
+/// A path as Qt names files.
+inline QString fromPath(const std::filesystem::path& path) {
+    return QString::fromStdString(utf8FromPath(path));
+}
 
 /// Files by Qt, written under another name and then put in place; written over in place where the
 /// folder takes no other name.

@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "link/Exchange.h"
-#include "platform/FileNames.h"
+#include "platform/Files.h"
 #include "platform/NumberConversion.h"
 #include "platform/Product.h"
 #include "programs/ProgramText.h"
@@ -26,7 +26,7 @@ bool isFile(const std::filesystem::path& name) {
 /// The line and the adapter come to rest around the hand-over to the downloader.
 constexpr auto handOverWait = 100ms;
 
-/// The baud rate behind a "DB" reply; empty for one that stands for none.
+/// The baud rate that a "DB" reply stands for; empty for one that stands for none.
 std::string baudTextOf(std::string_view reply) {
     const auto code = parseInteger(reply);
     return std::string(code ? baudRateOfCode(*code).value_or("") : "");

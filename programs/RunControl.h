@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -7,10 +8,21 @@
 #include <utility>
 
 #include "link/PanelLink.h"
+#include "platform/ShownState.h"
 
 namespace zlt {
 
-/// What a program can be told, by the number behind "SR=".
+/// What a program does.
+enum class ProgramState { idle, running, paused, errored };
+
+/// The state that a code stands for, the reply to "SASTAT". Nothing for a code that stands for none
+/// (3, say): what is shown so far stays then.
+std::optional<ProgramState> programStateOfCode(std::int32_t code);
+
+/// How a screen shows it.
+ShownState shownState(ProgramState state);
+
+/// What a program can be told, by the number after "SR=".
 enum class RunCommand { stop, run, pause, resume };
 
 /// "SR=1", say; for one program thread, `thread` is its digit: "SR0=1".

@@ -7,7 +7,6 @@
 #include <string>
 
 #include "link/ScreenLink.h"
-#include "programs/ProgramState.h"
 #include "programs/RunControl.h"
 
 namespace zlt {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <system_error>
 
-#include "platform/FileNames.h"
+#include "platform/Files.h"
 #include "platform/NumberConversion.h"
 #include "platform/Text.h"
 #include "programs/ProgramText.h"

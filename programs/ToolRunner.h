@@ -37,7 +37,7 @@ inline constexpr std::string_view downloaded = R"(\EXE\DownloadOut.txt)";
 inline constexpr std::string_view uploaded = R"(\EXE\UploadOut.txt)";
 }  // namespace toolfiles
 
-/// The own name of one of these files, or of a tool: what stands behind the last backslash.
+/// The own name of one of these files, or of a tool: what follows the last backslash.
 std::string nameOf(std::string_view file);
 
 /// One entry of a setup file: a three-letter key and its value (Latin-1).

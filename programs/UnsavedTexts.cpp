@@ -5,7 +5,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/FileNames.h"
+#include "platform/Files.h"
 
 namespace zlt {
 namespace {

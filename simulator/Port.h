@@ -5,7 +5,6 @@
 
 #include "simulator/Bus.h"
 #include "simulator/Options.h"
-#include "simulator/PortLink.h"
 #include "simulator/PseudoTerminal.h"
 
 namespace zlt::sim {

@@ -33,6 +33,27 @@ std::string_view instead(Ending ending, bool broadcast) {
 
 }  // namespace
 
+void CommandHistory::add(const std::string& command) {
+    if (m_commands.empty() || m_commands.back() != command)
+        m_commands.push_back(command);
+    endWalk();
+}
+
+std::string CommandHistory::older(const std::string& shown) {
+    if (m_place == 0)
+        return shown;
+    if (m_place == m_commands.size())
+        m_draft = shown;
+    return m_commands[--m_place];
+}
+
+std::string CommandHistory::newer(const std::string& shown) {
+    if (m_place == m_commands.size())
+        return shown;
+    ++m_place;
+    return m_place == m_commands.size() ? m_draft : m_commands[m_place];
+}
+
 BadAddress::BadAddress(std::string_view typed)
     : std::runtime_error(inQuotes(typed) +
                          " in the field \"Device ID\" is not an address from 0 to 99.  "

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLabel>
 #include <QWidget>
 
 namespace zlt {
@@ -32,6 +33,20 @@ class Lamp : public QWidget {
     QColor m_colour{30, 136, 229};  ///< told apart from both grounds, light and dark
     bool m_lit = false;
     bool m_live = true;
+};
+
+/// A state in words on a colour of its own.
+class StatusBox : public QLabel {
+    Q_OBJECT
+
+ public:
+    explicit StatusBox(QWidget* parent = nullptr);
+
+    /// The colour behind the words; the words take black or white, whichever reads better.
+    void setColour(const QColor& background);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 };
 
 }  // namespace zlt

@@ -62,7 +62,7 @@ void Screen::showModal() {
     m_services.programEnd.passOn();
 }
 
-void Screen::teachManners() {
+void Screen::applyScreenRules() {
     for (QPushButton* button : findChildren<QPushButton*>()) {
         button->setAutoDefault(false);
         button->setDefault(false);
@@ -186,6 +186,16 @@ BusyCursor::BusyCursor() {
 }
 BusyCursor::~BusyCursor() {
     QApplication::restoreOverrideCursor();
+}
+
+void LinkedScreen::connectAbort(StopBox& box, std::string_view deviceId,
+                                std::function<void()> abort) {
+    box.showDevice(deviceId);
+    const auto stop = [this, abort = std::move(abort)] {
+        noteAxisStopped();
+        abort();
+    };
+    connectStop(box.stop(), stop, StopKey::f12);
 }
 
 }  // namespace zlt

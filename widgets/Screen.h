@@ -5,15 +5,14 @@
 #include <vector>
 
 #include "link/Services.h"
-#include "widgets/DoubleClickGuard.h"
 #include "widgets/Handlers.h"
-#include "widgets/ScreenGate.h"
+#include "widgets/ScreenGuards.h"
 
 namespace zlt {
 
 class StopButton;
 
-/// The manners all screens share, beside a machine that really moves: Enter presses no
+/// What all screens share, beside a machine that really moves: Enter presses no
 /// button, Escape does nothing, the window frame's close is the screen's own Close, the mouse
 /// wheel changes no box that has not been chosen first, the second press of a double click that
 /// closed a window above does nothing, and a stop acts whatever else is going on.
@@ -40,8 +39,8 @@ class Screen : public QDialog {
     /// A box is about to stand in front, or another screen: what this one reads is held off.
     virtual void heldOff() {}
 
-    /// To be called once the controls stand: applies the manners to them.
-    void teachManners();
+    /// To be called once the controls stand: applies the rules above to them.
+    void applyScreenRules();
 
     enum class StopKey { none, f12 };
     /// Makes `button` one of the screen's stops: `stop` runs as soon as it is pressed, by mouse
@@ -80,6 +79,29 @@ class BusyCursor {
     ~BusyCursor();
     BusyCursor(const BusyCursor&) = delete;
     BusyCursor& operator=(const BusyCursor&) = delete;
+};
+
+class StopBox;
+
+/// A screen over the panel that talks to the controller over a port of its own, and so has a stop
+/// of its own.
+class LinkedScreen : public Screen {
+    Q_OBJECT
+
+ public:
+    using Screen::Screen;
+
+    /// Whether the operator stopped the axis from here.
+    bool stoppedAxis() const { return m_stoppedAxis; }
+
+ protected:
+    /// Connects the screen's stop, for the device that its link addresses. `abort` sends "ABORT",
+    /// whatever the link's flags say.
+    void connectAbort(StopBox& box, std::string_view deviceId, std::function<void()> abort);
+    void noteAxisStopped() { m_stoppedAxis = true; }
+
+ private:
+    bool m_stoppedAxis = false;
 };
 
 }  // namespace zlt

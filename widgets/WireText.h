@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QMimeData>
 #include <QString>
+#include <QTextCursor>
 #include <string>
 #include <string_view>
 
@@ -12,7 +14,7 @@ QString shownText(std::string_view wire);
 /// What stands in a widget, UTF-8.
 std::string toUtf8(const QString& shown);
 
-/// As the functions of these names in platform/Latin1.h, for what stands in a widget.
+/// As the functions of these names in platform/Text.h, for what stands in a widget.
 std::string wireText(const QString& shown);
 std::string commandText(const QString& shown);
 std::string wireLines(const QString& shown);
@@ -22,5 +24,15 @@ QString withoutLineEnd(const QString& shown);
 
 /// UTF-8 text, as messages and the system's own words are, for a widget.
 QString fromUtf8(std::string_view text);
+
+/// What is copied of a text box: the selection as it stands. The usual way turns a no-break space
+/// into a blank. The caller's to delete, as Qt's clipboard does.
+inline QMimeData* copiedText(const QTextCursor& selection) {
+    QString text = selection.selectedText();
+    text.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+    auto* mime = new QMimeData;
+    mime->setText(text);
+    return mime;
+}
 
 }  // namespace zlt

@@ -111,7 +111,7 @@ std::string PortDirectory::fingerprint() const {
     for (const SerialDevice& device : m_machine())
         marks += device.path + ' ' + device.maker + '/';
 #else
-    // The maker's name comes with udev's data, a moment behind the device.
+    // The maker's name comes with udev's data, a moment after the device.
     for (const fs::path& path : {m_portList, fs::path("/dev"), fs::path("/run/udev/data")}) {
         std::error_code missing;
         const auto time = fs::last_write_time(path, missing);

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "link/PortList.h"
+#include "link/Settings.h"
 #include "link/Values.h"
 #include "link/serial/SerialDevices.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <system_error>
 
-#include "platform/FileNames.h"
+#include "platform/Files.h"
 #include "platform/Text.h"
 
 namespace zlt {

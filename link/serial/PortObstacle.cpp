@@ -5,7 +5,7 @@
 #include <sstream>
 #include <string>
 
-#include "link/serial/LockFile.h"
+#include "link/serial/LineClaim.h"
 #include "link/serial/SerialHandle.h"
 
 #ifdef Q_OS_UNIX

@@ -13,7 +13,7 @@
 #include <set>
 #include <sstream>
 
-#include "link/serial/LockFile.h"
+#include "link/serial/LineClaim.h"
 #include "link/serial/SerialHandle.h"
 #endif
 

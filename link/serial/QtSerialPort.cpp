@@ -7,7 +7,7 @@
 #include <optional>
 #include <system_error>
 
-#include "link/serial/LockFile.h"
+#include "link/serial/LineClaim.h"
 #include "link/serial/PortUsers.h"
 #include "link/serial/SerialHandle.h"
 #include "platform/NumberConversion.h"

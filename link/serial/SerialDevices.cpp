@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// "ttyUSB10" behind "ttyUSB9": by length first, then by letters.
+/// "ttyUSB10" after "ttyUSB9": by length first, then by letters.
 std::pair<std::size_t, std::string_view> naturalOrder(const std::string& path) {
     return {path.size(), path};
 }

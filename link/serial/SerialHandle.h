@@ -28,7 +28,7 @@ std::optional<int> baudRateInUse(SerialHandle handle);
 /// Whether this user has the right to read and write a device, whoever holds it now.
 bool mayReadAndWrite(const std::string& device);
 
-/// The device's own path behind links; the name unchanged when there is no such device, and on
+/// The device's own path, links followed; the name unchanged when there is no such device, and on
 /// Windows.
 std::string canonicalDevice(const std::string& device);
 

@@ -1,6 +1,6 @@
 #include "panel/forms/LinkFrame.h"
 
-#include "panel/AboutText.h"
+#include "platform/Product.h"
 #include "ui_LinkFrame.h"
 #include "widgets/WireText.h"
 

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "panel/PanelSession.h"
-#include "panel/PanelState.h"
+#include "panel/PanelView.h"
 #include "widgets/Handlers.h"
 
 namespace Ui {

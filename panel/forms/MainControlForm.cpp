@@ -36,7 +36,7 @@ MainControlForm::MainControlForm(const Services& world, ProgramDraft& draft, QWi
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setTimerType(Qt::PreciseTimer);
     m_timer1.setInterval(pollInterval);
-    teachManners();
+    applyScreenRules();
     connectControls(draft);
 }
 

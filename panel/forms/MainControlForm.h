@@ -7,7 +7,7 @@
 #include "panel/MotionCommands.h"
 #include "panel/OutputCommands.h"
 #include "panel/PanelSession.h"
-#include "terminal/CommandHistory.h"
+#include "terminal/TerminalTalk.h"
 #include "widgets/Screen.h"
 
 namespace Ui {

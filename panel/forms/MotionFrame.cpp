@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "ui_MotionFrame.h"
-#include "widgets/FieldHints.h"
+#include "widgets/Fields.h"
 #include "widgets/WireText.h"
 
 namespace zlt {

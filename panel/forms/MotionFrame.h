@@ -9,7 +9,7 @@
 #include "panel/MotionCommands.h"
 #include "panel/OutputCommands.h"
 #include "panel/PanelSession.h"
-#include "panel/PanelState.h"
+#include "panel/PanelView.h"
 #include "widgets/Handlers.h"
 
 namespace Ui {

@@ -1,7 +1,7 @@
 #include "panel/forms/OutputsFrame.h"
 
 #include "ui_OutputsFrame.h"
-#include "widgets/FieldHints.h"
+#include "widgets/Fields.h"
 #include "widgets/WireText.h"
 
 namespace zlt {

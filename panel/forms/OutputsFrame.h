@@ -5,7 +5,7 @@
 
 #include "panel/AxisReading.h"
 #include "panel/OutputCommands.h"
-#include "panel/PanelState.h"
+#include "panel/PanelView.h"
 #include "widgets/Handlers.h"
 
 namespace Ui {

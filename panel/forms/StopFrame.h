@@ -3,7 +3,7 @@
 #include <QGroupBox>
 #include <memory>
 
-#include "panel/PanelState.h"
+#include "panel/PanelView.h"
 
 namespace Ui {
 class StopFrame;

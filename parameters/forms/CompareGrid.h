@@ -3,7 +3,7 @@
 #include <QTableWidget>
 #include <vector>
 
-#include "parameters/CompareTable.h"
+#include "parameters/Comparison.h"
 
 namespace zlt {
 

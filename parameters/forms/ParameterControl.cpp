@@ -7,8 +7,7 @@
 
 #include "platform/Text.h"
 #include "ui_SetupParameters.h"
-#include "widgets/ChoiceBox.h"
-#include "widgets/FieldHints.h"
+#include "widgets/Fields.h"
 #include "widgets/WireText.h"
 
 namespace zlt {

@@ -7,7 +7,7 @@
 
 #include "platform/Text.h"
 #include "ui_SetupParameters.h"
-#include "widgets/FieldHints.h"
+#include "widgets/Fields.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -45,7 +45,7 @@ SetupParameters::SetupParameters(const Services& world, const LinkHandOver& hand
         m_controls.push_back(makeControl(field, *m_ui));
     m_ui->compareGroup->hide();
     m_ui->deviceGroup->setTitle(tr("Controller %1").arg(shownText(m_transfer.deviceId())));
-    teachManners();
+    applyScreenRules();
     connectHandlers();
     SetupParameters::showDeviceCopy(m_transfer.deviceCopy());
 }
@@ -86,7 +86,7 @@ void SetupParameters::fillBoxes() {
         m_ui->Microstep->addItem(QLatin1String(steps));
     showField(ParameterField::deviceId, "01");
     showField(ParameterField::baudRate, "9600");
-    // The lists' first entries are nobody's word.
+    // The lists' first entries come from no controller.
     showField(ParameterField::runCurrent, "");
     showField(ParameterField::idleCurrent, "");
     showField(ParameterField::microstep, "");

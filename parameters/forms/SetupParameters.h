@@ -7,8 +7,9 @@
 #include "parameters/Comparison.h"
 #include "parameters/ParameterFile.h"
 #include "parameters/ParameterTransfer.h"
+#include "parameters/ParameterView.h"
 #include "parameters/forms/ParameterControl.h"
-#include "widgets/LinkedScreen.h"
+#include "widgets/Screen.h"
 
 namespace Ui {
 class SetupParameters;

@@ -8,7 +8,6 @@
 #include <algorithm>
 
 #include "programs/forms/ProgramDraft.h"
-#include "widgets/CopiedText.h"
 #include "widgets/WireText.h"
 
 namespace zlt {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "ui_RunControlFrame.h"
-#include "widgets/FieldHints.h"
+#include "widgets/Fields.h"
 
 namespace zlt {
 

@@ -19,7 +19,7 @@ ViewCompiledForm::ViewCompiledForm(const Services& services, std::string_view li
     m_ui->setupUi(this);
     m_ui->ProgText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_ui->ProgText->setPlainText(shownText(listing));
-    teachManners();
+    applyScreenRules();
     handlers.onClick(*m_ui->Save, [this](bool) { Save_Click(); });
     handlers.onClick(*m_ui->Close, [this](bool) { Close_Click(); });
 }

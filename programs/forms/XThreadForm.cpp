@@ -23,7 +23,7 @@ XThreadForm::XThreadForm(const Services& world, const LinkHandOver& handOver, QW
       m_watch(services(), handOver, [this] { showLive(false); }) {
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setInterval(firstPass);
-    teachManners();
+    applyScreenRules();
     connectHandlers();
 }
 

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "programs/ThreadWatch.h"
-#include "widgets/LinkedScreen.h"
+#include "widgets/Screen.h"
 
 namespace Ui {
 class XThreadForm;

@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 
 #include "terminal/TerminalTalk.h"
-#include "widgets/FieldHints.h"
+#include "widgets/Fields.h"
 #include "widgets/WireText.h"
 
 namespace zlt {

@@ -3,7 +3,7 @@
 #include <QLineEdit>
 #include <string>
 
-#include "widgets/NumberField.h"
+#include "widgets/Fields.h"
 
 namespace zlt {
 

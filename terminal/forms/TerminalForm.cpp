@@ -1,6 +1,6 @@
 #include "terminal/forms/TerminalForm.h"
 
-#include "platform/FileNames.h"
+#include "platform/Files.h"
 #include "terminal/TerminalTalk.h"
 #include "ui_TerminalForm.h"
 #include "widgets/WireText.h"
@@ -16,7 +16,7 @@ TerminalForm::TerminalForm(const Services& world, const LinkHandOver& handedOver
     m_ui->setupUi(this);
     m_link.takeOver(handedOver);
     m_history.endWalk();
-    teachManners();
+    applyScreenRules();
     connectHandlers();
 }
 

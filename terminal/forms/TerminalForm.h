@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "link/PanelLink.h"
-#include "terminal/CommandHistory.h"
-#include "widgets/LinkedScreen.h"
+#include "terminal/TerminalTalk.h"
+#include "widgets/Screen.h"
 
 namespace Ui {
 class TerminalForm;

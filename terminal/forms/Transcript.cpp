@@ -3,7 +3,6 @@
 #include <QScrollBar>
 #include <QTextCursor>
 
-#include "widgets/CopiedText.h"
 #include "widgets/WireText.h"
 
 namespace zlt {

@@ -25,7 +25,7 @@ VariableForm::VariableForm(const Services& world, const LinkHandOver& handedOver
       }) {
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setInterval(refreshInterval);
-    teachManners();
+    applyScreenRules();
     connectHandlers();
 }
 

@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "terminal/VariableWatch.h"
-#include "widgets/LinkedScreen.h"
 #include "widgets/ReadOut.h"
+#include "widgets/Screen.h"
 
 namespace Ui {
 class VariableForm;

@@ -1,8 +1,7 @@
 // The port list: what is made of it are ports that the panel offers and paths that can be opened.
 
-#include "link/PortList.h"
-
 #include "Check.h"
+#include "link/Settings.h"
 
 void zlt::fuzz::check(std::string_view input) {
     const auto ports = parsePortList(input).ports;

@@ -73,7 +73,8 @@ TEST_F(ParameterTransferTest, EndsWhereTheLinkIsLookedAt) {
             if (*command == "RT=1")
                 gate.expectMessage("Download Done!");
             EXPECT_EQ(commandsOf(button), Commands(order.begin(), command + 1));
-            EXPECT_EQ(shown("RT") + shown("IdleCurrentSelect"), "on300") << "no \"0\" of nobody's";
+            EXPECT_EQ(shown("RT") + shown("IdleCurrentSelect"), "on300")
+                << "no \"0\" that no controller said";
             gate.expectMessage("Communication with device not open!");
             EXPECT_EQ(commandsOf("DownloadPar"), Commands{});
         }
@@ -92,7 +93,7 @@ TEST_F(ParameterTransferTest, SendsNothingOfASetThatTheWireCannotCarry) {
     EXPECT_EQ(form->focusWidget(), findNamed(*form, "Microstep"));
 }
 
-TEST_F(ParameterTransferTest, ShowsNobodysWordWithoutAPort) {
+TEST_F(ParameterTransferTest, ShowsNoValueWithoutAPort) {
     bus.opens = false;
     gate.expectMessage("Communication port not open!");
     EXPECT_EQ(open(), Commands{});

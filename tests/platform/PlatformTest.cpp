@@ -14,9 +14,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "platform/EndingGate.h"
-#include "platform_qt/QtGate.h"
-#include "platform_qt/QtProcesses.h"
+#include "platform/ProgramEnd.h"
+#include "platform_qt/QtSystem.h"
+#include "platform_qt/forms/QtGate.h"
 #include "support/World.h"
 
 namespace zlt::test {

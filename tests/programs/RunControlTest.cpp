@@ -39,7 +39,7 @@ TEST_F(RunControlTest, ShowsTheControllersWordOnRunOnBoot) {
     EXPECT_FALSE(checked("RunOnBootOff")) << "the pair as it was";
     bus.silent = true;
     click(form, "RunOnBootOff");
-    EXPECT_TRUE(checked("RunOnBootOn") && !checked("RunOnBootOff")) << "nobody's word";
+    EXPECT_TRUE(checked("RunOnBootOn") && !checked("RunOnBootOff")) << "no controller has said it";
     bus.silent = false;
     choose(form, "SelectedDeviceID", "02");
     EXPECT_FALSE(checked("RunOnBootOn") || checked("RunOnBootOff")) << "another controller";

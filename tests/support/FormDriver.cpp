@@ -31,7 +31,7 @@ QObject* findNamed(QWidget& form, const char* name) {
 
 void click(QWidget& form, const char* name) {
     QWidget& widget = usable(form, name);
-    // A check box or radio button is hit on its mark, not in the empty space behind its text.
+    // A check box or radio button is hit on its mark, not in the empty space after its text.
     const bool marked = widget.inherits("QCheckBox") || widget.inherits("QRadioButton");
     QTest::mouseClick(&widget, Qt::LeftButton, {},
                       marked ? QPoint(8, widget.height() / 2) : widget.rect().center());

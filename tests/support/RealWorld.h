@@ -4,7 +4,7 @@
 #include <fstream>
 
 #include "link/serial/QtSerialPort.h"
-#include "platform_qt/ThreadWaits.h"
+#include "platform_qt/QtSystem.h"
 #include "support/World.h"
 
 namespace zlt::test {

@@ -3,7 +3,7 @@
 namespace zlt::test {
 namespace {
 
-/// What stands behind "@" and the address.
+/// What follows "@" and the address.
 std::string commandOf(const std::string& request) {
     return request.substr(std::min<std::size_t>(3, request.size()));
 }

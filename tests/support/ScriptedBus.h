@@ -10,7 +10,7 @@
 
 #include "link/Port.h"
 #include "link/Services.h"
-#include "platform/Waits.h"
+#include "platform/System.h"
 
 namespace zlt::test {
 

@@ -3,7 +3,7 @@
 #include <QTemporaryDir>
 
 #include "link/serial/PortDirectory.h"
-#include "platform/EndingGate.h"
+#include "platform/ProgramEnd.h"
 #include "platform_qt/QtFiles.h"
 #include "support/RecordingGate.h"
 #include "support/ScriptedBus.h"

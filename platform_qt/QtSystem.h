@@ -1,8 +1,16 @@
 #pragma once
 
-#include "platform/Processes.h"
+#include <thread>
+
+#include "platform/System.h"
 
 namespace zlt {
+
+/// Waits by putting the thread to sleep.
+class ThreadWaits final : public Waits {
+ public:
+    void sleep(std::chrono::milliseconds time) override { std::this_thread::sleep_for(time); }
+};
 
 /// The folder of the executable, links resolved; empty when its name is no valid text.
 std::filesystem::path ownFolder();

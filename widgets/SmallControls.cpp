@@ -1,6 +1,9 @@
-#include "widgets/ElidingLabel.h"
+#include "widgets/SmallControls.h"
 
+#include <QChildEvent>
 #include <QHelpEvent>
+#include <QLayout>
+#include <QStyleOptionFocusRect>
 #include <QStylePainter>
 #include <QToolTip>
 #include <algorithm>
@@ -45,6 +48,31 @@ void ElidingLabel::paintEvent(QPaintEvent*) {
     QStylePainter painter(this);
     painter.drawItemText(rect(), static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), palette(),
                          isEnabled(), elided(), foregroundRole());
+}
+
+ClickArea::ClickArea(QWidget* parent) : QAbstractButton(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::PointingHandCursor);
+}
+
+QSize ClickArea::sizeHint() const {
+    return layout() ? layout()->sizeHint() : QSize(16, 16);
+}
+
+void ClickArea::childEvent(QChildEvent* event) {
+    if (event->added())
+        if (auto* child = qobject_cast<QWidget*>(event->child()))
+            child->setAttribute(Qt::WA_TransparentForMouseEvents);
+    QAbstractButton::childEvent(event);
+}
+
+void ClickArea::paintEvent(QPaintEvent*) {
+    if (!hasFocus())
+        return;
+    QStylePainter painter(this);
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
 }
 
 }  // namespace zlt

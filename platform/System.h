@@ -1,11 +1,21 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <string>
 
 namespace zlt {
+
+/// Plain waits. They block the one thread and pump no events.
+class Waits {
+ public:
+    virtual ~Waits() = default;
+
+    /// Returns after `time` has passed, give or take the system's granularity.
+    virtual void sleep(std::chrono::milliseconds time) = 0;
+};
 
 /// How a program that was started came to its end.
 struct ProcessEnd {
@@ -26,8 +36,18 @@ class Processes {
 
     /// Starts `program` by its path alone, without arguments and without a shell, in the
     /// panel's own current directory, and returns when it has ended, however long that takes.
-    /// No events are pumped meanwhile. The exit code is nobody's business.
+    /// No events are pumped meanwhile. The exit code is not looked at.
     virtual ProcessEnd runAndWait(const std::filesystem::path& program, const Started& started) = 0;
+};
+
+/// Opens help files in whatever the desktop has for them.
+class HelpViewer {
+ public:
+    virtual ~HelpViewer() = default;
+
+    /// Opens `file` at its table of contents. A missing file, or a desktop that has no
+    /// viewer for it, is reported to the operator by the viewer itself.
+    virtual void openContents(const std::filesystem::path& file) = 0;
 };
 
 }  // namespace zlt

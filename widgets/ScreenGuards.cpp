@@ -1,8 +1,26 @@
-#include "widgets/ScreenGate.h"
+#include "widgets/ScreenGuards.h"
 
+#include <QGuiApplication>
+#include <QStyleHints>
 #include <utility>
 
 namespace zlt {
+
+void DoubleClickGuard::pressed(const QMouseEvent& press) {
+    m_last = {press.globalPosition().toPoint(), static_cast<ulong>(press.timestamp())};
+}
+
+bool DoubleClickGuard::covers(const QMouseEvent& press) const {
+    if (!m_closing)
+        return false;
+    const auto time = static_cast<ulong>(press.timestamp());
+    const auto interval =
+        static_cast<ulong>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    const QPoint apart = press.globalPosition().toPoint() - m_closing->place;
+    const int distance = QGuiApplication::styleHints()->mouseDoubleClickDistance();
+    return time >= m_closing->timestamp && time - m_closing->timestamp <= interval &&
+           std::abs(apart.x()) <= distance && std::abs(apart.y()) <= distance;
+}
 
 ScreenGate::ScreenGate(Gate& gate, std::function<void()> boxOpens, std::function<void()> boxClosed)
     : m_gate(gate), m_boxOpens(std::move(boxOpens)), m_boxClosed(std::move(boxClosed)) {}

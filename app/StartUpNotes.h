@@ -1,13 +1,25 @@
 #pragma once
 
 #include <QFrame>
+#include <initializer_list>
+#include <string>
 
 #include "link/DeviceNotes.h"
+#include "link/serial/PortObstacle.h"
+
+namespace Ui {
+class SelectComForm;
+}
 
 class QLabel;
 class QPushButton;
 
 namespace zlt {
+
+/// Puts a port's report into the lines below the start-up screen's boxes, and beside it what else
+/// is to be said of the port, a sentence each; empty ones are left out.
+void showPortReport(Ui::SelectComForm& ui, const PortReport& report,
+                    std::initializer_list<std::string> remarks);
 
 /// The line that says what a controller has accepted for its next power-up, with a button for those
 /// who have powered it up. Hidden while there is nothing to say; changes nothing by itself.

@@ -1,16 +1,44 @@
-#include "platform_qt/QtGate.h"
+#include "platform_qt/forms/QtGate.h"
 
 #include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QUrl>
+#include <algorithm>
 
 #include "platform/Product.h"
-#include "platform_qt/LongTextView.h"
+#include "platform_qt/QtFiles.h"
 
 namespace zlt {
 namespace {
+
+/// A line is laid out whole: a long one is folded where this many characters stand in it.
+constexpr qsizetype longestLine = 4000;
+/// Ends a line that goes on in the next: a word joiner, which is not seen.
+constexpr QChar fold(0x2060);
+
+QString folded(const QString& text) {
+    QString all;
+    all.reserve(text.size() + text.size() / longestLine * 2);
+    for (qsizetype from = 0; from < text.size();) {
+        const qsizetype end = text.indexOf(QLatin1Char('\n'), from);
+        const qsizetype lineEnd = end < 0 ? text.size() : end + 1;
+        for (; lineEnd - from > longestLine; from += longestLine) {
+            all += QStringView(text).mid(from, longestLine);
+            all += fold;
+            all += QLatin1Char('\n');
+        }
+        all += QStringView(text).mid(from, lineEnd - from);
+        from = lineEnd;
+    }
+    return all;
+}
 
 QString fromUtf8(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -29,7 +57,7 @@ QWidget* screenInFront() {
         return modal;
     if (QWidget* active = QApplication::activeWindow())
         return active;
-    // Right behind another box, or behind another program, no window is the active one.
+    // Right after another box, or under another program, no window is the active one.
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window->isVisible() && window->windowType() == Qt::Window)
             return window;
@@ -85,7 +113,7 @@ std::optional<std::string> showDialog(const FileChoice& choice, QFileDialog::Acc
     const ArrowCursor arrow;
     QFileDialog dialog(screenInFront(), fromUtf8(choice.title));
     // The desktop's own dialogs may refuse names that are not there, and add the suffix only
-    // behind the question about overwriting.
+    // after the question about overwriting.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setAcceptMode(mode);
     // Any name passes, there or not: what to say about it is the caller's to know.
@@ -100,6 +128,25 @@ std::optional<std::string> showDialog(const FileChoice& choice, QFileDialog::Acc
 }
 
 }  // namespace
+
+LongTextView::LongTextView(const QString& text, QWidget* parent) : QPlainTextEdit(parent) {
+    setReadOnly(true);
+    setUndoRedoEnabled(false);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setTabChangesFocus(true);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setPlainText(folded(text));
+}
+
+QMimeData* LongTextView::createMimeDataFromSelection() const {
+    QString text = textCursor().selectedText();
+    text.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+    text.remove(QString(fold) + QLatin1Char('\n'));
+    text.remove(fold);
+    auto* mime = new QMimeData;
+    mime->setText(text);
+    return mime;
+}
 
 void QtGate::message(std::string_view text) {
     showBox(QMessageBox::Information, fromUtf8(controllerModel), text, QMessageBox::Ok);
@@ -116,6 +163,18 @@ std::optional<std::string> QtGate::chooseToOpen(const FileChoice& choice) {
 
 std::optional<std::string> QtGate::chooseToSave(const FileChoice& choice) {
     return showDialog(choice, QFileDialog::AcceptSave);
+}
+
+void QtHelpViewer::openContents(const std::filesystem::path& path) {
+    const QFileInfo file(fromPath(path));
+    const std::string name = file.fileName().toStdString();
+    if (!file.exists()) {
+        m_gate.message("The help file " + name + " is not in the folder " +
+                       QDir::toNativeSeparators(QDir::currentPath()).toStdString() + ".");
+        return;
+    }
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath())))
+        m_gate.message("This desktop has no program that shows the help file " + name + ".");
 }
 
 }  // namespace zlt

@@ -1,10 +1,10 @@
-#include "platform_qt/QtProcesses.h"
+#include "platform_qt/QtSystem.h"
 
 #include <QCoreApplication>
 #include <QProcess>
 #include <QStandardPaths>
 
-#include "platform_qt/QtPaths.h"
+#include "platform_qt/QtFiles.h"
 
 namespace zlt {
 namespace {
