@@ -15,8 +15,8 @@ class Picture : public QWidget {
     /// The same motor, for windows and task bars.
     static QIcon icon();
 
-    QSize sizeHint() const override { return {150, 180}; }
-    QSize minimumSizeHint() const override { return {120, 150}; }
+    [[nodiscard]] QSize sizeHint() const override { return {150, 180}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {120, 150}; }
 
  protected:
     void paintEvent(QPaintEvent* event) override;

@@ -24,9 +24,9 @@ class SearchCom : public Screen, private SearchView {
     /// Starts the search; its steps are made once the screen is shown.
     void Form_Load();
 
-    const DeviceSearch& search() const { return m_search; }
+    [[nodiscard]] const DeviceSearch& search() const { return m_search; }
     /// No port at all could be opened, which the operator has been told.
-    bool noPort() const { return m_noPort; }
+    [[nodiscard]] bool noPort() const { return m_noPort; }
 
  private:
     std::chrono::milliseconds StatusTimer_Timer();

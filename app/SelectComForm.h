@@ -54,7 +54,7 @@ class SelectComForm : public Screen {
     void fillBoxes();
     /// The three texts as typed. Throws NotLatin1 and ControlCharacter for one that no file can
     /// hold.
-    Settings typedSettings() const;
+    [[nodiscard]] Settings typedSettings() const;
     void saveSettings(const Settings& settings);
     void showPort();
     /// Says whether a program text is there that an earlier run has kept.

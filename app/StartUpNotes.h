@@ -33,7 +33,7 @@ class PendingNote : public QFrame {
 
     QPushButton& button() { return *m_button; }
     /// How the controller is reached after its power cycle.
-    const Connection& connection() const { return m_connection; }
+    [[nodiscard]] const Connection& connection() const { return m_connection; }
 
  private:
     QLabel* m_text;

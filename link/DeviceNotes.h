@@ -20,7 +20,7 @@ struct DeviceNote {
     /// next power-up brings back; nothing where that is not known.
     std::map<std::string, std::optional<std::string>> unstored;
 
-    bool isPending() const { return pendingId || pendingBaudRate; }
+    [[nodiscard]] bool isPending() const { return pendingId || pendingBaudRate; }
 };
 
 /// What is pending: "ID 05, 115200".
@@ -38,7 +38,7 @@ class DeviceNotes {
     void noteReply(const Connection& device, std::string_view command, std::string_view reply);
 
     /// Whether a device of this ID has answered on the port of `device`.
-    bool hasAnswered(const Connection& device, const std::string& deviceId) const {
+    [[nodiscard]] bool hasAnswered(const Connection& device, const std::string& deviceId) const {
         return m_answered.contains({device.port, deviceId});
     }
 

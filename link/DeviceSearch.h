@@ -49,14 +49,14 @@ class DeviceSearch {
 
     /// The controller that ended a search for the first one, in the texts of the start-up screen's
     /// boxes.
-    const std::optional<Connection>& found() const { return m_found; }
+    [[nodiscard]] const std::optional<Connection>& found() const { return m_found; }
     /// All that answered, however the search ended.
-    const std::vector<Connection>& answered() const { return m_answered; }
+    [[nodiscard]] const std::vector<Connection>& answered() const { return m_answered; }
     /// The lines of a search for all, each ended by CR LF.
-    const std::string& results() const { return m_results; }
+    [[nodiscard]] const std::string& results() const { return m_results; }
     /// The ports that could be opened and went away before they were searched to the end, as an
     /// adapter that is pulled out does: a sentence each. Empty when none did.
-    const std::string& losses() const { return m_losses; }
+    [[nodiscard]] const std::string& losses() const { return m_losses; }
 
  private:
     enum class Step { checkPort, nextPort, nextBaudRate, probe };
@@ -70,10 +70,10 @@ class DeviceSearch {
     /// As goToNextPort(), from one that went away.
     State leaveLostPort();
     bool listen();
-    Connection here() const;
-    bool usable() const;
+    [[nodiscard]] Connection here() const;
+    [[nodiscard]] bool usable() const;
     void advanceTo(int progress);
-    int stillToCome() const;
+    [[nodiscard]] int stillToCome() const;
 
     Port& m_port;
     SearchMode m_mode;

@@ -10,13 +10,13 @@ PanelLink::PanelLink(const Services& services, PanelLinkListener& listener)
       m_listener(listener) {}
 
 LinkHandOver PanelLink::handOver() const {
-    return {PortReady, CommOK(), connection, firmware, notes};
+    return {PortReady(), CommOK(), connection, firmware, notes};
 }
 
 void PanelLink::lendPort(const std::function<void()>& action, std::chrono::milliseconds settling) {
     const PollPause pause(*this);
     m_services.waits.sleep(settling);
-    if (PortReady)
+    if (PortReady())
         closePort();
     m_services.waits.sleep(settling);
 
@@ -33,7 +33,7 @@ void PanelLink::lendPort(const std::function<void()>& action, std::chrono::milli
 }
 
 void PanelLink::takeBack(std::chrono::milliseconds settling) {
-    if (PortReady && !openPort())
+    if (PortReady() && !openPort())
         m_listener.portNotTakenBack();
     m_services.waits.sleep(settling);
 }

@@ -21,7 +21,7 @@ class PanelLink : public ScreenLink {
  public:
     PanelLink(const Services& services, PanelLinkListener& listener);
 
-    LinkHandOver handOver() const;
+    [[nodiscard]] LinkHandOver handOver() const;
 
     /// Lets go of the port for the time of `action` (another screen, a tool) and takes it
     /// back, whatever the action met: the poll is held off, the port closed if it is this
@@ -29,9 +29,10 @@ class PanelLink : public ScreenLink {
     /// closing, and after the opening.
     void lendPort(const std::function<void()>& action, std::chrono::milliseconds settling = {});
 
-    /// Holds the status poll off while another screen or a tool has the port, or a file
-    /// dialog is up.
-    bool PollPaused = false;
+    /// Whether the status poll is held off, while another screen or a tool has the port, or a
+    /// file dialog is up.
+    [[nodiscard]] bool PollPaused() const { return m_pollPaused; }
+
     FirmwareVersion firmware;
 
  private:
@@ -40,16 +41,17 @@ class PanelLink : public ScreenLink {
 
     const Services& m_services;
     PanelLinkListener& m_listener;
+    bool m_pollPaused = false;
 };
 
 /// Holds the status poll off while it lives.
 class PollPause {
  public:
     explicit PollPause(PanelLink& link) : m_link(link) {
-        m_link.PollPaused = true;
+        m_link.m_pollPaused = true;
         m_link.m_listener.pollHeldOff();
     }
-    ~PollPause() { m_link.PollPaused = false; }
+    ~PollPause() { m_link.m_pollPaused = false; }
     PollPause(const PollPause&) = delete;
     PollPause& operator=(const PollPause&) = delete;
 

@@ -26,7 +26,7 @@ class Port {
     virtual bool open(PortNumber number, std::string_view baudRate) = 0;
     /// Closes the port; one that is closed already stays so.
     virtual void close() = 0;
-    virtual bool isOpen() const = 0;
+    [[nodiscard]] virtual bool isOpen() const = 0;
 
     /// Writes all of `bytes`. False when the port is lost.
     virtual bool write(std::string_view bytes) = 0;
@@ -39,13 +39,13 @@ class Port {
 
     /// Whether another program that looks `number` up by itself comes to the device that it stands
     /// for here. Asked of a closed port, too.
-    virtual bool numberStillMeant(PortNumber /*number*/) const { return true; }
+    [[nodiscard]] virtual bool numberStillMeant(PortNumber /*number*/) const { return true; }
 
     /// What is not as it was asked for on the open port, a sentence in UTF-8; often empty.
-    virtual std::string remark() const { return {}; }
+    [[nodiscard]] virtual std::string remark() const { return {}; }
 
     /// The last failure in the system's words, UTF-8. Empty when there was none.
-    virtual std::string errorText() const = 0;
+    [[nodiscard]] virtual std::string errorText() const = 0;
 };
 
 }  // namespace zlt

@@ -25,12 +25,12 @@ bool ScreenLink::openPort() {
 void ScreenLink::takeOver(const LinkHandOver& handOver) {
     connection = handOver.connection;
     notes = handOver.notes;
-    PortReady = handOver.PortReady;
+    m_portReady = handOver.PortReady;
     setCommOK(handOver.CommOK);
 }
 
 void ScreenLink::openHandedOverPort() {
-    PortReady = PortReady && openPort();
+    m_portReady = m_portReady && openPort();
 }
 
 void ScreenLink::setCommOK(bool connected) {
@@ -134,7 +134,7 @@ std::string ScreenLink::fail(const Reaction& reaction, std::string_view command,
     m_lossReported = lost;
     const auto clearFlags = [&] {
         if (lost)
-            PortReady = false;
+            m_portReady = false;
         setCommOK(false);
     };
     // Where the program goes on, what the screen shows is dimmed before the message comes.

@@ -89,25 +89,28 @@ class ScreenLink {
 
     /// Whether a tool that looks the connection's port number up by itself comes to this
     /// controller.
-    bool numberStillMeant() const { return MSComm1->numberStillMeant(connection.port); }
+    [[nodiscard]] bool numberStillMeant() const {
+        return MSComm1->numberStillMeant(connection.port);
+    }
 
     /// What is not as it was asked for on the open port, a sentence; often empty.
-    std::string portRemark() const { return MSComm1->remark(); }
+    [[nodiscard]] std::string portRemark() const { return MSComm1->remark(); }
     /// What the last exchange's reply said of the line.
-    LineFault lineFault() const { return m_lineFault; }
+    [[nodiscard]] LineFault lineFault() const { return m_lineFault; }
 
     /// Closes the port and ends the program. Does not return.
     [[noreturn]] void endProgram(int exitCode);
 
     /// Whether the loss of the port has been told: nothing is asked any more then.
-    bool lossReported() const { return m_lossReported; }
+    [[nodiscard]] bool lossReported() const { return m_lossReported; }
 
-    bool CommOK() const { return m_commOk; }
+    /// Whether this screen has its port open.
+    [[nodiscard]] bool PortReady() const { return m_portReady; }
+    void setPortReady(bool ready) { m_portReady = ready; }
+    [[nodiscard]] bool CommOK() const { return m_commOk; }
     /// Sets the connected flag and tells the listener.
     void setCommOK(bool connected);
 
-    /// Set while this screen has its port open.
-    bool PortReady = false;
     Connection connection;
     /// What the screens of one run know of the controllers; never null.
     std::shared_ptr<DeviceNotes> notes = std::make_shared<DeviceNotes>();
@@ -127,6 +130,7 @@ class ScreenLink {
     const Flavour& m_flavour;
     LinkListener* m_listener;
     std::unique_ptr<Port> MSComm1;
+    bool m_portReady = false;
     bool m_commOk = false;
     bool m_lossReported = false;
     LineFault m_lineFault = LineFault::none;

@@ -31,14 +31,14 @@ class StatusWord {
 
     /// The last of the bits that says something: a limit error goes before motion, deceleration
     /// before acceleration.
-    MotionState motion() const;
+    [[nodiscard]] MotionState motion() const;
 
-    bool negativeLimit() const { return bit(3); }
-    bool positiveLimit() const { return bit(4); }
-    bool home() const { return bit(5); }
+    [[nodiscard]] bool negativeLimit() const { return bit(3); }
+    [[nodiscard]] bool positiveLimit() const { return bit(4); }
+    [[nodiscard]] bool home() const { return bit(5); }
 
  private:
-    bool bit(unsigned number) const { return (m_bits >> number & 1U) != 0; }
+    [[nodiscard]] bool bit(unsigned number) const { return (m_bits >> number & 1U) != 0; }
 
     std::uint32_t m_bits;
 };

@@ -20,7 +20,7 @@ PanelSession::PanelSession(const Services& services, PanelView& view)
 
 bool PanelSession::load(const Connection& connection) {
     link.connection = connection;
-    link.PortReady = false;
+    link.setPortReady(false);
     link.firmware = {};
     setDemo(false);
     setLive(false);
@@ -33,7 +33,7 @@ bool PanelSession::load(const Connection& connection) {
             failLoad();
             return false;
         }
-        link.PortReady = true;
+        link.setPortReady(true);
         m_state.portRemark = link.portRemark();
         link.setCommOK(true);
         if (identify())
@@ -74,21 +74,21 @@ void PanelSession::readOnce() {
 
 void PanelSession::failLoad() {
     endDemo();
-    link.PortReady = false;
+    link.setPortReady(false);
     link.setCommOK(false);
     showInvalidPort();
     m_services.gate.message(portNotAvailable);
 }
 
 void PanelSession::unload() {
-    if (link.PortReady)
+    if (link.PortReady())
         link.closePort();
 }
 
 // Poll
 
 void PanelSession::pollTick() {
-    if (link.PollPaused || !link.PortReady)
+    if (link.PollPaused() || !link.PortReady())
         return;
     try {
         if (link.CommOK()) {
@@ -156,7 +156,7 @@ void PanelSession::setDemo(bool on) {
 
 void PanelSession::switchDevice(const std::string& deviceId) {
     m_state.deviceShown = deviceId;
-    if (!link.PortReady || deviceId == link.connection.deviceId)
+    if (!link.PortReady() || deviceId == link.connection.deviceId)
         return;
     holdOff();       // the values of the one before
     setDemo(false);  // the other axis has only been selected, not told to move

@@ -32,7 +32,7 @@ class PanelSession : private PanelLinkListener {
     void holdOff() { setLive(false); }
 
     /// What the axis does, by the last status that was read.
-    MotionState motion() const { return m_motion; }
+    [[nodiscard]] MotionState motion() const { return m_motion; }
 
     /// Closes the port, when it is still this panel's.
     void unload();

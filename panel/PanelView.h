@@ -35,7 +35,7 @@ class BadField : public std::runtime_error {
     BadField(PanelField field, const std::string& sentence)
         : std::runtime_error(sentence), m_field(field) {}
 
-    PanelField field() const { return m_field; }
+    [[nodiscard]] PanelField field() const { return m_field; }
 
  private:
     PanelField m_field;

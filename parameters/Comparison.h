@@ -28,7 +28,7 @@ class Comparison {
     Standing operator[](ParameterField field) const {
         return m_standings[static_cast<std::size_t>(field)];
     }
-    int count(Standing standing) const;
+    [[nodiscard]] int count(Standing standing) const;
 
  private:
     std::array<Standing, parameterFieldCount> m_standings{};

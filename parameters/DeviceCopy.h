@@ -25,19 +25,19 @@ class DeviceCopy {
     explicit DeviceCopy(DeviceNote& note) : m_note(&note) {}
 
     /// The controller's word for a field; nothing when it is not known.
-    const std::optional<std::string>& word(ParameterField field) const {
+    [[nodiscard]] const std::optional<std::string>& word(ParameterField field) const {
         return m_fields[index(field)].word;
     }
-    const std::optional<Refusal>& refusal(ParameterField field) const {
+    [[nodiscard]] const std::optional<Refusal>& refusal(ParameterField field) const {
         return m_fields[index(field)].refusal;
     }
     /// What it has accepted for its next power-up; device ID and baud rate only.
-    const std::optional<std::string>& pending(ParameterField field) const;
+    [[nodiscard]] const std::optional<std::string>& pending(ParameterField field) const;
     /// What the next power-up brings; nothing when that is not known.
-    std::optional<std::string> afterPowerUp(ParameterField field) const;
+    [[nodiscard]] std::optional<std::string> afterPowerUp(ParameterField field) const;
     /// Whether the field was written and not stored.
-    bool isUnstored(ParameterField field) const;
-    bool isUnstored() const { return !m_note->unstored.empty(); }
+    [[nodiscard]] bool isUnstored(ParameterField field) const;
+    [[nodiscard]] bool isUnstored() const { return !m_note->unstored.empty(); }
 
     /// A reply to a query told what a field is.
     void noteRead(const FieldText& word);
@@ -58,7 +58,7 @@ class DeviceCopy {
     };
     static std::size_t index(ParameterField field) { return static_cast<std::size_t>(field); }
     Known& known(ParameterField field) { return m_fields[index(field)]; }
-    std::optional<std::string>* pendingPlace(ParameterField field) const;
+    [[nodiscard]] std::optional<std::string>* pendingPlace(ParameterField field) const;
     void keepFlashWord(ParameterField field);
     void dropIfInFlash(ParameterField field);
 

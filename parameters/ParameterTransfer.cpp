@@ -16,11 +16,11 @@ ParameterTransfer::ParameterTransfer(const Services& services, const LinkHandOve
 }
 
 bool ParameterTransfer::ready() {
-    if (!m_link.PortReady)
+    if (!m_link.PortReady())
         m_services.gate.message("Communication port not open!");
     else if (!m_link.CommOK())
         m_services.gate.message("Communication with device not open!");
-    return m_link.PortReady && m_link.CommOK();
+    return m_link.PortReady() && m_link.CommOK();
 }
 
 // Upload

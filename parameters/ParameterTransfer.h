@@ -30,12 +30,14 @@ class ParameterTransfer {
     /// Stops the axis at once, whatever the flags say.
     void abortMotion() { m_link.abort(); }
 
-    const DeviceCopy& deviceCopy() const { return m_copy; }
+    [[nodiscard]] const DeviceCopy& deviceCopy() const { return m_copy; }
     /// The device that is addressed.
-    const std::string& deviceId() const { return m_link.connection.deviceId; }
+    [[nodiscard]] const std::string& deviceId() const { return m_link.connection.deviceId; }
     /// Whether another device has answered on the bus with this ID.
-    bool isTaken(const std::string& deviceId) const { return isTakenOn(m_link, deviceId); }
-    FirmwareVersion firmware() const { return m_firmware; }
+    [[nodiscard]] bool isTaken(const std::string& deviceId) const {
+        return isTakenOn(m_link, deviceId);
+    }
+    [[nodiscard]] FirmwareVersion firmware() const { return m_firmware; }
 
  private:
     bool ready();

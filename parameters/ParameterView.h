@@ -14,7 +14,7 @@ class ParameterView {
 
     /// What all controls hold, Latin-1. Throws what names the field, with the cursor in it, for a
     /// text that no wire and no file can carry.
-    virtual ParameterValues values() const = 0;
+    [[nodiscard]] virtual ParameterValues values() const = 0;
     virtual void showField(ParameterField field, const std::string& text) = 0;
 
     /// Disables a control, its state as it is, because the firmware lacks the parameter.

@@ -43,9 +43,9 @@ struct FileContent {
     std::string reason;  ///< why it is not whole, UTF-8, to stand after a colon
 
     /// The bytes of a whole file; nothing of any other.
-    std::optional<std::string> whole() const;
+    [[nodiscard]] std::optional<std::string> whole() const;
     /// Whether it was turned down here, where the system might have given something.
-    bool refused() const { return kind == Kind::tooLarge || kind == Kind::notAFile; }
+    [[nodiscard]] bool refused() const { return kind == Kind::tooLarge || kind == Kind::notAFile; }
 };
 
 /// Why a file was not written.

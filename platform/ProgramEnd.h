@@ -31,8 +31,8 @@ class ProgramEnd {
     /// Goes on unwinding when an inner screen has ended the program; otherwise does nothing.
     void passOn() const;
 
-    bool ended() const { return m_ended; }
-    int exitCode() const { return m_exitCode; }
+    [[nodiscard]] bool ended() const { return m_ended; }
+    [[nodiscard]] int exitCode() const { return m_exitCode; }
 
  private:
     bool m_ended = false;

@@ -1,14 +1,13 @@
 #include "platform_qt/QtFiles.h"
 
-#include <unistd.h>
-
 #include <QFile>
 #include <QSaveFile>
 #include <algorithm>
-#include <cerrno>
 
 #ifdef Q_OS_UNIX
+#include <unistd.h>
 
+#include <cerrno>
 #endif
 
 namespace zlt {

@@ -14,8 +14,8 @@ class ProgramView : public ToolRunView {
  public:
     /// The program as Latin-1, CR LF between lines. Throws NotLatin1 naming a character that
     /// no file can hold, and its line, with that character selected.
-    virtual std::string program() const = 0;
-    virtual bool programEmpty() const = 0;
+    [[nodiscard]] virtual std::string program() const = 0;
+    [[nodiscard]] virtual bool programEmpty() const = 0;
     /// Replaces the program; undo brings the one before back.
     virtual void setProgram(std::string_view text) = 0;
     /// What stands in the box now is what stands in a file.

@@ -36,9 +36,9 @@ class ThreadWatch : private LinkListener {
     std::optional<ThreadPass> readPass();
     /// When the next pass is due, from now: after a failure the operator gets time to press a
     /// button, Close above all, and late answers the time to arrive, which are dropped then.
-    std::chrono::milliseconds untilNextPass() const;
+    [[nodiscard]] std::chrono::milliseconds untilNextPass() const;
     /// Nothing is asked any more: the port is lost.
-    bool ended() const { return link.lossReported(); }
+    [[nodiscard]] bool ended() const { return link.lossReported(); }
 
     /// Whether a run command to a single thread stops the axis as well.
     static bool stopsAxis(RunCommand command);

@@ -95,20 +95,20 @@ class ToolRunner {
     bool CheckToolResult(std::string_view result);
 
     /// The number of lines in the compiler's result less one, its status line.
-    int CountCompiledLines() const;
+    [[nodiscard]] int CountCompiledLines() const;
 
     /// The program line that a failed compile names last, within 16 bits. Throws ToolError
     /// when it names none, or one beyond.
-    int ReadCompileErrorLine() const;
+    [[nodiscard]] int ReadCompileErrorLine() const;
 
     /// A file below the panel's own folder. Throws ToolError when that folder's name cannot be
     /// told, as all here do.
-    FileContent read(std::string_view file) const;
+    [[nodiscard]] FileContent read(std::string_view file) const;
     /// What a tool wrote. Throws ToolError when that cannot be had whole.
-    std::string readResult(std::string_view file) const;
+    [[nodiscard]] std::string readResult(std::string_view file) const;
 
  private:
-    std::filesystem::path pathOf(std::string_view file) const;
+    [[nodiscard]] std::filesystem::path pathOf(std::string_view file) const;
     /// Runs a tool to its own end and returns what it printed last. Throws ToolError for any other.
     std::string start(const Tool& tool);
 

@@ -24,7 +24,7 @@ class UnsavedTexts {
     void leave() { m_own.clear(); }
 
     /// The latest text that another run, or leave(), has left; nothing when there is none.
-    std::optional<std::filesystem::path> left() const;
+    [[nodiscard]] std::optional<std::filesystem::path> left() const;
 
  private:
     Files& m_files;

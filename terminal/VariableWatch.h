@@ -31,9 +31,9 @@ class VariableWatch : private LinkListener {
     /// Asks for all variables, back to back. Every value is "0" once the reading has stopped.
     VariableReading refresh();
     /// The last refresh brought nothing, and none will.
-    bool ended() const { return m_ended; }
+    [[nodiscard]] bool ended() const { return m_ended; }
     /// Whose values these are, and when the reading has stopped, why and what to do. UTF-8.
-    std::string note() const;
+    [[nodiscard]] std::string note() const;
 
     /// Sends a typed command to an address of two digits, whatever became of the reading. The
     /// reply is read and dropped, and nothing is told: what it did shows in the values.

@@ -19,12 +19,12 @@ class NumberField : public QLineEdit {
  public:
     explicit NumberField(QWidget* parent = nullptr) : QLineEdit(parent) {}
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
     /// The size that holds `text` in a font of these metrics, frame and all.
-    QSize sizeFor(const QString& text, const QFontMetrics& metrics) const;
+    [[nodiscard]] QSize sizeFor(const QString& text, const QFontMetrics& metrics) const;
 
     /// The longest number there is.
     static QString longestNumber() { return QStringLiteral("-2147483648"); }

@@ -15,16 +15,16 @@ class Lamp : public QWidget {
  public:
     explicit Lamp(QWidget* parent = nullptr);
 
-    bool lit() const { return m_lit; }
+    [[nodiscard]] bool lit() const { return m_lit; }
     void setLit(bool lit);
     /// The fill while lit. A calm one as long as it is not set: most states are normal ones.
-    QColor colour() const { return m_colour; }
+    [[nodiscard]] QColor colour() const { return m_colour; }
     void setColour(const QColor& colour);
     /// Dims the lamp while the controller does not answer.
     void setLive(bool live);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
     void paintEvent(QPaintEvent* event) override;
@@ -45,8 +45,8 @@ class StatusBox : public QLabel {
     /// The colour behind the words; the words take black or white, whichever reads better.
     void setColour(const QColor& background);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 };
 
 }  // namespace zlt

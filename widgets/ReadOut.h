@@ -50,21 +50,21 @@ class LargeReadOut : public ReadOut {
     explicit LargeReadOut(QWidget* parent = nullptr);
 
     /// How high digits and capitals are at the least, in pixels.
-    int digitHeight() const { return m_digitHeight; }
+    [[nodiscard]] int digitHeight() const { return m_digitHeight; }
     void setDigitHeight(int pixels);
     /// What must never be cut off; the longest number unless it is set.
-    QString widestText() const { return m_widestText; }
+    [[nodiscard]] QString widestText() const { return m_widestText; }
     void setWidestText(const QString& text);
 
-    QSize sizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
 
  protected:
     void resizeEvent(QResizeEvent* event) override;
 
  private:
     /// The font of a size in pixels.
-    QFont fontOf(int pixelSize) const;
-    int smallestPixelSize() const;
+    [[nodiscard]] QFont fontOf(int pixelSize) const;
+    [[nodiscard]] int smallestPixelSize() const;
     void fitText();
 
     int m_digitHeight = 26;

@@ -53,7 +53,7 @@ class Screen : public QDialog {
 
     /// The world outside as this screen's rules and handlers are to use it: the gate tells the
     /// screen of its boxes.
-    const Services& services() const { return m_services; }
+    [[nodiscard]] const Services& services() const { return m_services; }
     Handlers handlers;
 
  private:
@@ -92,7 +92,7 @@ class LinkedScreen : public Screen {
     using Screen::Screen;
 
     /// Whether the operator stopped the axis from here.
-    bool stoppedAxis() const { return m_stoppedAxis; }
+    [[nodiscard]] bool stoppedAxis() const { return m_stoppedAxis; }
 
  protected:
     /// Connects the screen's stop, for the device that its link addresses. `abort` sends "ABORT",

@@ -18,7 +18,7 @@ class DoubleClickGuard {
     /// A window above was closed, by whatever means.
     void windowClosed() { m_closing = m_last; }
     /// Whether `press` is such a second one.
-    bool covers(const QMouseEvent& press) const;
+    [[nodiscard]] bool covers(const QMouseEvent& press) const;
 
  private:
     struct Press {

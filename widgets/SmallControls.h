@@ -14,14 +14,14 @@ class CompactButton : public QPushButton {
  public:
     explicit CompactButton(QWidget* parent = nullptr) : QPushButton(parent) {}
 
-    QSize sizeHint() const override {
+    [[nodiscard]] QSize sizeHint() const override {
         constexpr int besideCaption = 24;
         const int caption = fontMetrics().horizontalAdvance(text()) + besideCaption;
         const QSize size = QPushButton::sizeHint();
         return {std::min(size.width(), std::max(caption, size.height() + besideCaption / 2)),
                 size.height()};
     }
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 };
 
 /// A label for a text from outside: it asks for the text's width up to some thirty characters
@@ -32,15 +32,15 @@ class ElidingLabel : public QLabel {
  public:
     explicit ElidingLabel(QWidget* parent = nullptr);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
  protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
  private:
-    QString elided() const;
+    [[nodiscard]] QString elided() const;
 };
 
 /// A button without a face of its own: a click anywhere on what it holds is its click.
@@ -50,8 +50,8 @@ class ClickArea : public QAbstractButton {
  public:
     explicit ClickArea(QWidget* parent = nullptr);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
     void childEvent(QChildEvent* event) override;

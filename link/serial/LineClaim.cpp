@@ -1,5 +1,8 @@
 #include "link/serial/LineClaim.h"
 
+#include <QtGlobal>
+
+#ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/file.h>
@@ -7,7 +10,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QtGlobal>
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
@@ -16,13 +18,6 @@
 
 #include "link/serial/PortUsers.h"
 #include "link/serial/SerialHandle.h"
-
-#ifdef Q_OS_UNIX
-
-#endif
-
-#ifdef Q_OS_UNIX
-
 #endif
 
 namespace zlt {
@@ -49,6 +44,20 @@ bool mayRemove(const fs::path& file) {
     return geteuid() == 0 || (stat(file.c_str(), &status) == 0 && status.st_uid == geteuid());
 }
 
+/// Whether somebody opened the line for himself alone. Everybody but root is refused by then. The
+/// mark may outlive its program on a line that is never quite closed: it counts while somebody
+/// has the line open.
+bool openedExclusively(int handle, const std::string& device) {
+#ifdef TIOCGEXCL
+    int exclusive = 0;
+    return ioctl(handle, TIOCGEXCL, &exclusive) == 0 && exclusive != 0 && isOpenElsewhere(device);
+#else
+    (void)handle;
+    (void)device;
+    return false;
+#endif
+}
+
 }  // namespace
 
 std::optional<LockFile> lockFileOf(const std::string& device) {
@@ -65,34 +74,6 @@ std::optional<LockFile> lockFileOf(const std::string& device) {
     lock.mayBeTaken = !lock.holderLives && mayRemove(path);
     return lock;
 }
-
-#else
-
-std::optional<LockFile> lockFileOf(const std::string&) {
-    return std::nullopt;
-}
-
-#endif
-
-#ifdef Q_OS_UNIX
-
-namespace {
-
-/// Whether somebody opened the line for himself alone. Everybody but root is refused by then. The
-/// mark may outlive its program on a line that is never quite closed: it counts while somebody
-/// has the line open.
-bool openedExclusively(int handle, const std::string& device) {
-#ifdef TIOCGEXCL
-    int exclusive = 0;
-    return ioctl(handle, TIOCGEXCL, &exclusive) == 0 && exclusive != 0 && isOpenElsewhere(device);
-#else
-    (void)handle;
-    (void)device;
-    return false;
-#endif
-}
-
-}  // namespace
 
 bool LineClaim::take(const std::string& device) {
     release();
@@ -121,6 +102,10 @@ void LineClaim::release() {
 }
 
 #else
+
+std::optional<LockFile> lockFileOf(const std::string&) {
+    return std::nullopt;
+}
 
 bool LineClaim::take(const std::string&) {
     return true;

@@ -53,19 +53,21 @@ class PortDirectory {
     bool numberStillMeant(PortNumber number);
 
     /// What was found at the last look.
-    PortEntry entry(PortNumber number) const;
-    bool fromList() const { return m_fromList; }
+    [[nodiscard]] PortEntry entry(PortNumber number) const;
+    [[nodiscard]] bool fromList() const { return m_fromList; }
     /// What is wrong with the port list, a sentence; empty when nothing is.
-    const std::string& listProblem() const { return m_listProblem; }
+    [[nodiscard]] const std::string& listProblem() const { return m_listProblem; }
 
     /// From here on this number stands for the device behind it now, and no other.
     void settle(PortNumber number);
     void release() { m_settled.reset(); }
-    bool isSettled(PortNumber number) const { return m_settled && m_settled->number == number; }
+    [[nodiscard]] bool isSettled(PortNumber number) const {
+        return m_settled && m_settled->number == number;
+    }
 
     /// Remembers how the last try to open a port went, until its device may be another.
     void noteOpening(PortNumber number, Opening opening);
-    Opening lastOpening(PortNumber number) const;
+    [[nodiscard]] Opening lastOpening(PortNumber number) const;
     void forgetOpenings() { m_openings.clear(); }
 
  private:
@@ -75,13 +77,13 @@ class PortDirectory {
         std::string identity;
     };
 
-    std::string fingerprint() const;
+    [[nodiscard]] std::string fingerprint() const;
     void readList();
     void numberDevices();
-    PortEntry entryFor(const std::string& device) const;
+    [[nodiscard]] PortEntry entryFor(const std::string& device) const;
     /// What tells the device behind a path from any other: the adapter where it is known, else
     /// the path itself.
-    std::string identityOf(const std::string& device) const;
+    [[nodiscard]] std::string identityOf(const std::string& device) const;
 
     std::filesystem::path m_portList;
     Machine m_machine;

@@ -19,22 +19,22 @@ class QtSerialPort final : public Port {
 
     bool open(PortNumber number, std::string_view baudRate) override;
     void close() override;
-    bool isOpen() const override { return m_serial.isOpen(); }
+    [[nodiscard]] bool isOpen() const override { return m_serial.isOpen(); }
     bool write(std::string_view bytes) override;
     PortInput read(char& character) override;
     PortInput waitForInput(std::chrono::milliseconds time) override;
-    bool numberStillMeant(PortNumber number) const override {
+    [[nodiscard]] bool numberStillMeant(PortNumber number) const override {
         return m_directory.numberStillMeant(number);
     }
-    std::string remark() const override { return m_remark; }
-    std::string errorText() const override { return m_errorText; }
+    [[nodiscard]] std::string remark() const override { return m_remark; }
+    [[nodiscard]] std::string errorText() const override { return m_errorText; }
 
  private:
     void openDevice(const std::string& device, qint32 baudRate);
     /// Looks whether the driver took the rate.
     void checkBaudRate(qint32 asked);
     /// Whether opening `device` failed because another program holds it.
-    bool heldByAnother(const std::string& device) const;
+    [[nodiscard]] bool heldByAnother(const std::string& device) const;
     /// Waits up to `milliseconds`; false when the port is lost, which closes it.
     bool waitForBytes(int milliseconds);
     /// Closes the port and keeps the reason.

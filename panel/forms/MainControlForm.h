@@ -35,12 +35,12 @@ class MainControlForm : public Screen, private PanelView {
     void Form_Load(const Connection& connection);
 
     /// The controller that is addressed.
-    const Connection& connection() const { return m_session.link.connection; }
+    [[nodiscard]] const Connection& connection() const { return m_session.link.connection; }
 
     /// Puts the cursor into the program box once the panel is shown.
     void startInProgram() { m_startsInProgram = true; }
 
-    const ScreenLink& link() const { return m_session.link; }
+    [[nodiscard]] const ScreenLink& link() const { return m_session.link; }
 
  protected:
     void showEvent(QShowEvent* event) override;

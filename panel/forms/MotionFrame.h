@@ -55,15 +55,15 @@ class MotionFrame : public QGroupBox {
         std::string_view command;
     };
     /// Buttons whose command goes out after speed and acceleration.
-    std::array<CommandButton, 11> motionButtons() const;
+    [[nodiscard]] std::array<CommandButton, 11> motionButtons() const;
     /// The same for the homing that older firmware lacks.
-    std::array<CommandButton, 4> hlHomingButtons() const;
+    [[nodiscard]] std::array<CommandButton, 4> hlHomingButtons() const;
     /// Buttons whose command goes out alone.
-    std::array<CommandButton, 2> plainButtons() const;
+    [[nodiscard]] std::array<CommandButton, 2> plainButtons() const;
     void connectMotion(Handlers& handlers, MotionCommands& motion);
     void connectOutputs(Handlers& handlers, PanelSession& session, OutputCommands& outputs);
 
-    QLineEdit& field(PanelField box) const;
+    [[nodiscard]] QLineEdit& field(PanelField box) const;
     void colourDemo();
     /// Enables the HL and L homing where the firmware has it.
     void gateFeatures(FirmwareVersion firmware);

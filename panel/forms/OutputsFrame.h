@@ -36,7 +36,7 @@ class OutputsFrame : public QWidget {
     void clearMarks();
 
  private:
-    SyncFields syncFields() const;
+    [[nodiscard]] SyncFields syncFields() const;
     void switchSync(OutputCommands& outputs, bool on);
 
     std::unique_ptr<Ui::OutputsFrame> m_ui;

@@ -22,8 +22,8 @@ class StopFrame : public QGroupBox {
     ~StopFrame() override;
 
     /// The ramped stop and the immediate one.
-    StopButton& stop() const;
-    StopButton& abort() const;
+    [[nodiscard]] StopButton& stop() const;
+    [[nodiscard]] StopButton& abort() const;
 
     void showState(const PanelState& state);
 

@@ -15,12 +15,12 @@ class ChangeMark : public QWidget {
  public:
     explicit ChangeMark(QWidget* parent = nullptr);
 
-    Standing standing() const { return m_standing; }
+    [[nodiscard]] Standing standing() const { return m_standing; }
     /// `reason` is the tooltip.
     void showStanding(Standing standing, const QString& reason);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
     void paintEvent(QPaintEvent* event) override;

@@ -17,10 +17,10 @@ class CompareGrid : public QTableWidget {
     void showRows(const std::vector<CompareRow>& rows);
     /// The selected rows, or all of them where none is, as lines of tab-separated text below one of
     /// the headings.
-    QString text() const;
+    [[nodiscard]] QString text() const;
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
  protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -31,11 +31,11 @@ class ParameterControl {
     /// Calls `changed` whenever the control holds something else, by whatever means but show().
     virtual void onChange(const std::function<void()>& changed) = 0;
 
-    virtual QString text() const = 0;
+    [[nodiscard]] virtual QString text() const = 0;
     /// Without a choice having been made; Latin-1.
     virtual void show(const std::string& text) = 0;
     /// A word of the controller's (Latin-1) as this control puts it.
-    virtual QString inWords(const std::string& word) const;
+    [[nodiscard]] virtual QString inWords(const std::string& word) const;
 
     /// Puts the cursor into it.
     virtual void point();
@@ -55,7 +55,7 @@ class TextControl : public ParameterControl {
  public:
     TextControl(QLineEdit& field, ChangeMark& mark);
     void onChange(const std::function<void()>& changed) override;
-    QString text() const override;
+    [[nodiscard]] QString text() const override;
     void show(const std::string& text) override;
     void point() override;
 
@@ -68,7 +68,7 @@ class ChoiceControl : public ParameterControl {
  public:
     ChoiceControl(EditableChoiceBox& box, ChangeMark& mark);
     void onChange(const std::function<void()>& changed) override;
-    QString text() const override;
+    [[nodiscard]] QString text() const override;
     void show(const std::string& text) override;
     void point() override;
 
@@ -81,9 +81,9 @@ class CheckControl : public ParameterControl {
  public:
     CheckControl(QAbstractButton& button, ChangeMark& mark);
     void onChange(const std::function<void()>& changed) override;
-    QString text() const override;
+    [[nodiscard]] QString text() const override;
     void show(const std::string& text) override;
-    QString inWords(const std::string& word) const override;
+    [[nodiscard]] QString inWords(const std::string& word) const override;
 
  protected:
     QAbstractButton& m_button;  ///< set for 1

@@ -46,10 +46,10 @@ class SetupParameters : public LinkedScreen, private ParameterView {
     void fillBoxes();
     /// Runs a transfer under the busy cursor, with what it does told on the screen.
     void work(void (ParameterTransfer::*transfer)());
-    bool isWorthComparing() const;
+    [[nodiscard]] bool isWorthComparing() const;
     ParameterControl& control(ParameterField field);
     /// What the controls hold, UTF-8, whatever they hold.
-    ParameterValues shownValues() const;
+    [[nodiscard]] ParameterValues shownValues() const;
     void compareAll();
     QString reason(ParameterField field, Standing standing);
     void showNotes(const ParameterValues& shown);
@@ -58,7 +58,7 @@ class SetupParameters : public LinkedScreen, private ParameterView {
     /// Opens and closes the table below the groups.
     void setComparing(bool comparing);
 
-    ParameterValues values() const override;
+    [[nodiscard]] ParameterValues values() const override;
     void showField(ParameterField field, const std::string& text) override;
     void disable(ParameterField field) override;
     void showActivity(Activity activity) override;

@@ -14,7 +14,7 @@ class LongTextView : public QPlainTextEdit {
     LongTextView(const QString& text, QWidget* parent);
 
  protected:
-    QMimeData* createMimeDataFromSelection() const override;
+    [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
 };
 
 /// Shows messages, questions and file choices in Qt's own boxes, over the screen in front.

@@ -28,14 +28,14 @@ class ProgramDraft {
     std::optional<WriteFailure> keep();
 
     /// Whether a text is there that an earlier run has kept.
-    bool anyKept() const { return m_texts.left().has_value(); }
+    [[nodiscard]] bool anyKept() const { return m_texts.left().has_value(); }
     /// Takes that text up, not saved; undo brings the one before back. Throws std::runtime_error,
     /// a sentence in UTF-8, when it cannot be read.
     void openKept();
     void dropKept();
 
  private:
-    std::string unsavedText() const;
+    [[nodiscard]] std::string unsavedText() const;
 
     const Services& m_services;
     QTextDocument m_document;

@@ -21,7 +21,7 @@ class ProgramEditor : public QPlainTextEdit {
 
     /// The whole text. Throws NotLatin1 naming the first character that no file can hold, and
     /// its line.
-    std::string program() const;
+    [[nodiscard]] std::string program() const;
     /// Replaces the whole text in one step that undo takes back.
     void setProgram(std::string_view text);
 
@@ -36,12 +36,12 @@ class ProgramEditor : public QPlainTextEdit {
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
-    QMimeData* createMimeDataFromSelection() const override;
+    [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData* source) override;
 
  private:
     friend class LineNumbers;
-    int numbersWidth() const;
+    [[nodiscard]] int numbersWidth() const;
     void placeNumbers();
     void markCurrentLine();
     void paintNumbers(QPaintEvent* event);

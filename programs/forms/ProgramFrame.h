@@ -30,8 +30,8 @@ class ProgramFrame : public QGroupBox, public ProgramView {
     /// Puts the cursor into the program box.
     void focusProgram();
 
-    std::string program() const override;
-    bool programEmpty() const override;
+    [[nodiscard]] std::string program() const override;
+    [[nodiscard]] bool programEmpty() const override;
     void setProgram(std::string_view text) override;
     void markSaved() override;
     void SelectEditorLine(int line) override;

@@ -15,7 +15,7 @@ class CommandLine : public QLineEdit {
     explicit CommandLine(QWidget* parent = nullptr);
 
     /// The command as it goes on the wire. Throws NotLatin1 and ControlCharacter.
-    std::string command() const;
+    [[nodiscard]] std::string command() const;
     /// Takes the command out of the line, which is painted at once: what follows blocks.
     void take();
 

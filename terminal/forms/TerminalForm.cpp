@@ -38,7 +38,7 @@ void TerminalForm::Form_Load() {
     handlers.runWithinCaller([this] {
         const BusyCursor busy;
         m_ui->DeviceID->setText(shownText(m_link.connection.deviceId));
-        if (!m_link.PortReady)
+        if (!m_link.PortReady())
             services().gate.message("Communication port not open!");
         m_link.openHandedOverPort();  // without it each command says so
     });

@@ -41,14 +41,14 @@ class Transcript : public QPlainTextEdit {
     void scrollPages(int pages);
 
     /// The whole transcript, Latin-1, with CR LF after each line.
-    const std::string& text() const { return m_text; }
+    [[nodiscard]] const std::string& text() const { return m_text; }
 
  signals:
     void clicked();  ///< and nothing was selected by it
 
  protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
-    QMimeData* createMimeDataFromSelection() const override;
+    [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
 
  private:
     void showPending();

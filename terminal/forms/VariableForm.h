@@ -39,7 +39,7 @@ class VariableForm : public LinkedScreen {
     void closeScreen() override { Close_Click(); }
     void heldOff() override { showLive(false); }
     void connectHandlers();
-    std::array<ReadOut*, variableCount> boxes() const;
+    [[nodiscard]] std::array<ReadOut*, variableCount> boxes() const;
     void showLive(bool live);
     void showNote();
 

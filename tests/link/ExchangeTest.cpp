@@ -12,7 +12,7 @@ struct Linked : World {
     explicit Linked(const Flavour& flavour) : link(services, flavour, nullptr) {
         link.connection = {{3}, "9600", "01"};
         link.openPort();
-        link.PortReady = true;
+        link.setPortReady(true);
         link.setCommOK(true);
     }
 
@@ -78,7 +78,7 @@ TEST(Exchange, CountsTheEmptyReadsSinceTheLastCharacter) {
         EXPECT_EQ(world.link.SendReceive("PX"), row.reply) << row.what;
         EXPECT_EQ(world.bus.emptyReads, row.emptyReads) << row.what;
         EXPECT_EQ(world.link.CommOK(), row.reply != "0") << row.what;
-        EXPECT_TRUE(world.link.PortReady);
+        EXPECT_TRUE(world.link.PortReady());
     }
 }
 
@@ -106,7 +106,7 @@ TEST(Exchange, TellsEachFailureInTheFlavoursWords) {
             silent.gate.expectMessage(noReply);
         EXPECT_EQ(silent.link.SendReceive("PX") + silent.link.SendReceive("PX"), "00");
         EXPECT_EQ(silent.bus.requests.size(), goesOn ? 2U : 1U);
-        EXPECT_TRUE(silent.link.PortReady);
+        EXPECT_TRUE(silent.link.PortReady());
 
         Linked lost(flavour);
         lost.bus.losesAtReadOf = "PX";
@@ -114,7 +114,7 @@ TEST(Exchange, TellsEachFailureInTheFlavoursWords) {
         lost.gate.expectMessage(lossTold);
         EXPECT_EQ(lost.link.SendReceive("PX") + lost.link.SendReceive("PX"), "00");
         EXPECT_EQ(lost.bus.requests.size(), 1U) << "told once, then nothing is asked";
-        EXPECT_FALSE(lost.link.PortReady);
+        EXPECT_FALSE(lost.link.PortReady());
     }
 }
 
@@ -141,10 +141,11 @@ TEST(Exchange, EndsTheProgramWhenThePanelLosesItsPort) {
     for (const auto& provoke : table) {
         Linked world(flavours::controlPanel);
         provoke(world);
-        world.gate.expectMessage("Communication Error! Input/output error",
-                                 [&] { EXPECT_TRUE(world.link.PortReady) << "until it is read"; });
+        world.gate.expectMessage("Communication Error! Input/output error", [&] {
+            EXPECT_TRUE(world.link.PortReady()) << "until it is read";
+        });
         world.gate.expectMessage(std::string(portNotAvailable),
-                                 [&] { EXPECT_FALSE(world.link.PortReady); });
+                                 [&] { EXPECT_FALSE(world.link.PortReady()); });
         EXPECT_THROW(world.link.SendReceive("PX"), ProgramEnd::Unwind);
         EXPECT_EQ(world.programEnd.exitCode(), 1);
         EXPECT_EQ(world.bus.portsOpen, 0);

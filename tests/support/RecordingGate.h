@@ -37,7 +37,7 @@ class RecordingGate : public Gate {
     bool ask(std::string_view title, std::string_view text) override;
     std::optional<std::string> chooseToOpen(const FileChoice& choice) override;
     std::optional<std::string> chooseToSave(const FileChoice& choice) override;
-    bool satisfied() const { return m_expected.empty(); }
+    [[nodiscard]] bool satisfied() const { return m_expected.empty(); }
 
     /// Boxes that nobody expected are answered with No and Cancel.
     bool indifferent = false;

@@ -45,7 +45,7 @@ class ScriptedBus {
 
     std::unique_ptr<Port> makePort();
     /// What the table says.
-    std::string usualReply(const std::string& request) const;
+    [[nodiscard]] std::string usualReply(const std::string& request) const;
     /// The commands sent since the last call, without "@" and the address.
     std::vector<std::string> takeCommands();
     /// Puts raw bytes where the next read finds them; '\0' stands for one empty read.

@@ -15,7 +15,7 @@ class SimulatedBus {
     ~SimulatedBus();
 
     /// The device of its port, the new one after "plug".
-    std::string device() const { return m_device; }
+    [[nodiscard]] std::string device() const { return m_device; }
     /// Says a line on its standard input and returns when it is carried out.
     void say(const char* line);
 
