@@ -144,7 +144,7 @@ bool DeviceSearch::listen() {
         const Reading reading = readReply(m_port, rule);
         if (reading.ending != Ending::reply)
             break;
-        // Behind a find it goes on as if nothing had come, the count of empty reads too.
+        // After a find it goes on as if nothing had come, the count of empty reads too.
         const bool found = reading.text.find(deviceNamePrefix) != std::string::npos;
         rule.emptyReadsBefore = found ? reading.emptyReadsAtEnd : 0;
         answered = answered || found;

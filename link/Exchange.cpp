@@ -67,14 +67,14 @@ std::string_view ReplyHeaderStrip(std::string_view line) {
     return line;
 }
 
-std::string_view behindDeviceNamePrefix(std::string_view reply, std::size_t count) {
+std::string_view afterDeviceNamePrefix(std::string_view reply, std::size_t count) {
     return reply.substr(std::min(deviceNamePrefix.size(), reply.size()), count);
 }
 
 std::optional<std::string_view> deviceIdOfName(std::string_view reply) {
     constexpr std::size_t deviceIdLength = 2;
     const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    const std::string_view digits = behindDeviceNamePrefix(reply, deviceIdLength);
+    const std::string_view digits = afterDeviceNamePrefix(reply, deviceIdLength);
     const bool complete = digits.size() == deviceIdLength && std::ranges::all_of(digits, isDigit);
     return isDeviceName(reply) && complete ? std::optional(digits) : std::nullopt;
 }

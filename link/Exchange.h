@@ -62,7 +62,7 @@ std::string_view ReplyHeaderStrip(std::string_view line);
 
 /// What follows the prefix in a "DN" reply, `count` characters at the most: the two
 /// digits of the device ID in a proper name. Whatever the reply is, it is not judged.
-std::string_view behindDeviceNamePrefix(std::string_view reply, std::size_t count);
+std::string_view afterDeviceNamePrefix(std::string_view reply, std::size_t count);
 
 /// The two digits of the device ID in a "DN" reply; nothing for one that is no controller's name.
 std::optional<std::string_view> deviceIdOfName(std::string_view reply);

@@ -67,7 +67,7 @@ void PanelSession::readOnce() {
     showVersion(ask("VER"));
     showIdentity(ask("ID"));
     const std::string name = ask("DN");
-    m_state.deviceShown = behindDeviceNamePrefix(name, 5);
+    m_state.deviceShown = afterDeviceNamePrefix(name, 5);
     const std::string speed = ask("HSPD");
     m_view.fillSettings(speed, ask("ACC"));
 }

@@ -50,7 +50,7 @@ void ParameterDown::writeDeviceId(const Parameter& parameter, const ParameterVal
     if (!m_link.CommOK())
         return;
     const std::string& wanted = values[field];
-    if (behindDeviceNamePrefix(name, 2) == wanted)
+    if (afterDeviceNamePrefix(name, 2) == wanted)
         return;
     if (!confirmDeviceId(wanted)) {
         if (const auto& current = m_copy.word(field))

@@ -114,7 +114,7 @@ void ProgramActions::viewListing() {
 ProgramActions::Target ProgramActions::askTarget() {
     const std::string name = m_link.SendReceive("DN");
     const std::string code = m_link.SendReceive("DB");
-    return {std::string(behindDeviceNamePrefix(name, 2)), baudTextOf(code)};
+    return {std::string(afterDeviceNamePrefix(name, 2)), baudTextOf(code)};
 }
 
 void ProgramActions::checkPortNumber() const {

@@ -60,7 +60,7 @@ BadAddress::BadAddress(std::string_view typed)
                          "Nothing was sent.") {}
 
 std::string deviceAddress(std::string_view typed) {
-    // Rounded, "-0.4" would be the broadcast, and "0.6" somebody's.
+    // Rounded, "-0.4" would be the broadcast, and "0.6" device 01.
     const bool whole = typed.find_first_of("-.") == std::string_view::npos;
     const auto number = parseInteger(typed);
     if (!number || !whole || *number > 99)

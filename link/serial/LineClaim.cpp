@@ -44,8 +44,8 @@ bool mayRemove(const fs::path& file) {
     return geteuid() == 0 || (stat(file.c_str(), &status) == 0 && status.st_uid == geteuid());
 }
 
-/// Whether somebody opened the line for himself alone. Everybody but root is refused by then. The
-/// mark may outlive its program on a line that is never quite closed: it counts while somebody
+/// Whether another program opened the line for itself alone. All but root are refused by then. The
+/// mark may outlive its program on a line that is never quite closed: it counts while some program
 /// has the line open.
 bool openedExclusively(int handle, const std::string& device) {
 #ifdef TIOCGEXCL

@@ -24,7 +24,7 @@ struct PortEntry {
 /// How the last try to open a port went. Texts are UTF-8.
 struct Opening {
     std::string failure = {};  ///< empty after a good one
-    bool holderSeen = false;   ///< it failed as somebody could be seen to hold the port
+    bool holderSeen = false;   ///< it failed, and a program was seen to hold the port
     std::string remark = {};   ///< what is not as it was asked for on the open port
 };
 

@@ -15,7 +15,7 @@
 namespace zlt {
 namespace {
 
-/// Unread bytes of a line that babbles while nobody asks are kept up to here.
+/// Unread bytes of a line that babbles between exchanges are kept up to here.
 constexpr qint64 unreadBytesKept = 64 * 1024;
 /// A line that takes no byte for so long is lost.
 constexpr int blockedOutputMs = 500;

@@ -264,7 +264,7 @@ TEST_F(MainControlFormTest, EndsTheProgramWhenThePortIsLost) {
     EXPECT_EQ(loading.programEnd.exitCode(), 1);
 }
 
-TEST_F(MainControlFormTest, DemoStepsBehindTheReadsOfEachTick) {
+TEST_F(MainControlFormTest, DemoStepsAfterTheReadsOfEachTick) {
     load("V316");
     click(form, "Command5");
     for (const char* step : {"|X8000", "|X0", "|X8000", "|X0"})
