@@ -8,8 +8,10 @@
 
 namespace zlt {
 
+// A desktop keeps a dialog above the window that it belongs to: a press on the panel, which may
+// fill the screen, must not bury it.
 SideWindow::SideWindow(Screen* owner, std::shared_ptr<WindowPlaces> places)
-    : QWidget(owner, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+    : QWidget(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                          Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       m_owner(owner),
       m_places(std::move(places)) {
@@ -18,13 +20,23 @@ SideWindow::SideWindow(Screen* owner, std::shared_ptr<WindowPlaces> places)
 }
 
 void SideWindow::present() {
-    const auto place = m_places->find(objectName());
-    if (!isVisible() && place != m_places->end())
-        restoreGeometry(place->second);
+    if (!isVisible())
+        place();
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();
+}
+
+void SideWindow::place() {
+    const auto known = m_places->find(objectName());
+    if (known != m_places->end()) {
+        restoreGeometry(known->second);
+    } else if (m_owner) {
+        // In the screen's lower right corner: its stops stand at the top.
+        adjustSize();
+        move(m_owner->geometry().bottomRight() - QPoint(width(), height()));
+    }
 }
 
 bool SideWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -34,6 +34,8 @@ class SideWindow : public QWidget {
     void hideEvent(QHideEvent* event) override;
 
  private:
+    void place();
+
     Screen* m_owner;
     std::shared_ptr<WindowPlaces> m_places;
 };

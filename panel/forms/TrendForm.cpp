@@ -41,6 +41,7 @@ TrendForm::TrendForm(Screen* panel, Handlers& handlers, const Services& services
       m_record(record),
       m_ui(std::make_unique<Ui::TrendForm>()) {
     m_ui->setupUi(this);
+    m_hint = m_ui->trendNote->text();
     for (const TrendView::Span span : spans)
         m_ui->trendSpan->addItem(fromUtf8(trendSpanText(span)));
     m_ui->trendPlot->showRecord(record, std::move(now));
@@ -106,7 +107,7 @@ void TrendForm::trendCopy_Click() {
 }
 
 void TrendForm::say(const QString& sentence) {
-    m_ui->trendNote->setText(sentence);
+    m_ui->trendNote->setText(sentence.isEmpty() ? m_hint : sentence);
 }
 
 }  // namespace zlt

@@ -37,11 +37,13 @@ class TrendForm : public SideWindow {
     /// Asks for a name and writes what `content` returns then; says in one line what came of it.
     void save(const char* filter, const char* suffix, const std::function<std::string()>& content);
     void showView();
+    /// Nothing to say: how the window is worked.
     void say(const QString& sentence);
 
     const Services& m_services;
     const TrendRecord& m_record;
     std::unique_ptr<Ui::TrendForm> m_ui;
+    QString m_hint;
 };
 
 }  // namespace zlt

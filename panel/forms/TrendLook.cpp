@@ -69,7 +69,7 @@ QString stateWords(const TrendSample& sample) {
 }  // namespace
 
 const std::array<TrendCurveLook, trendSeriesCount> trendCurves{
-    {{TrendSeries::position, 0, IN_TREND("Position"), blue},
+    {{TrendSeries::position, 0, IN_TREND("Position"), blue, 4},
      {TrendSeries::encoder,
       0,
       IN_TREND("Encoder"),
@@ -106,7 +106,9 @@ std::optional<TrendStateLook> trendStateLook(unsigned states, const QPalette& pa
     for (const StateRow& row : stateColours)
         if ((states & row.states) != 0)
             return TrendStateLook{trendColour(row.colour, palette), false};
-    return TrendStateLook{palette.color(QPalette::Mid), true};
+    QColor faint = palette.color(QPalette::Text);
+    faint.setAlpha(110);
+    return TrendStateLook{faint, true};
 }
 
 QString trendTimeText(TrendRecord::WallTime time, bool withMilliseconds) {

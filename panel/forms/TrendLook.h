@@ -21,7 +21,9 @@ struct TrendCurveLook {
     std::size_t plot;
     const char* name;  ///< to be translated, as all names here
     TrendColour colour;
+    double thickness = 1.5;
 };
+/// In the order in which they are painted, one over the other.
 extern const std::array<TrendCurveLook, trendSeriesCount> trendCurves;
 
 /// A line of the band: the states that it shows.

@@ -14,8 +14,8 @@ constexpr int betweenPlots = 10;
 /// How the height is shared among the plots.
 constexpr std::array<int, trendPlots> shares{5, 3, 3};
 
-/// Lines of text between one grid line and the next, at the least.
-constexpr int textPerStep = 2;
+/// From one grid line to the next, at the least, in lines of text.
+constexpr double textPerStep = 1.5;
 
 }  // namespace
 
@@ -96,7 +96,7 @@ void TrendPainter::paintPlot(std::size_t plot, const Subject& subject, TrendScal
     const QFontMetrics metrics = m_painter.fontMetrics();
     for (const auto& [look, bars] : curves) {
         const QColor colour = trendColour(look->colour, m_palette);
-        paintCurve(place, bars, scale, colour);
+        paintCurve(place, bars, scale, look->thickness, colour);
         const QString name = QCoreApplication::translate("Trend", look->name);
         m_painter.setPen(colour);
         m_painter.drawText(x, place.top() - metrics.descent() - 1, name);
@@ -106,7 +106,8 @@ void TrendPainter::paintPlot(std::size_t plot, const Subject& subject, TrendScal
 
 void TrendPainter::paintValueAxis(const QRect& plot, const TrendScale& scale) {
     const QFontMetrics metrics = m_painter.fontMetrics();
-    const int most = std::max(plot.height() / (textPerStep * metrics.height()), 1);
+    const int most =
+        std::max(static_cast<int>(plot.height() / (textPerStep * metrics.height())), 2);
     const double step = trendStep(scale.range(), most);
     const QColor grid = trendGridColour(m_palette);
     for (double value = std::ceil(scale.low / step) * step; value <= scale.high + step / 1000;
@@ -146,13 +147,13 @@ void TrendPainter::paintTimeAxis(const Subject& subject) {
 }
 
 void TrendPainter::paintCurve(const QRect& plot, const std::vector<TrendBar>& bars,
-                              const TrendScale& scale, const QColor& colour) {
+                              const TrendScale& scale, double thick, const QColor& colour) {
     m_painter.save();
     m_painter.setClipRect(plot);
     // In the device's own pixels, on which whole rectangles are quickly filled.
     m_painter.scale(1 / m_pixels, 1 / m_pixels);
     const int left = toPixels(plot.left());
-    const int thickness = std::max(toPixels(1.5), 1);
+    const int thickness = std::max(toPixels(thick), 1);
     const double height = toPixels(plot.height()) - thickness;
     const double bottom = toPixels(plot.bottom() + 1) - thickness;
     const auto y = [&](double value) {

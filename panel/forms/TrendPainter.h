@@ -54,7 +54,7 @@ class TrendPainter {
     void paintValueAxis(const QRect& plot, const TrendScale& scale);
     void paintTimeAxis(const Subject& subject);
     void paintCurve(const QRect& plot, const std::vector<TrendBar>& bars, const TrendScale& scale,
-                    const QColor& colour);
+                    double thick, const QColor& colour);
     void paintBand();
     void paintReadOut(const Subject& subject);
     int toPixels(double length) const;

@@ -34,7 +34,7 @@ class TrendPlot : public QWidget {
     /// What it shows, without the read-out, in so many of the device's pixels.
     QImage picture();
 
-    QSize sizeHint() const override { return {900, 560}; }
+    QSize sizeHint() const override { return {860, 440}; }
     QSize minimumSizeHint() const override;
 
  signals:
