@@ -118,8 +118,7 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::MouseButtonDblClick:
             return filterPress(widget, *static_cast<QMouseEvent*>(event));
         case QEvent::Wheel:
-            if (owns(*widget.window()) && qobject_cast<QComboBox*>(watched) &&
-                !widget.hasFocus()) {
+            if (owns(*widget.window()) && qobject_cast<QComboBox*>(watched) && !widget.hasFocus()) {
                 event->ignore();
                 return true;
             }

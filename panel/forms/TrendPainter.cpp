@@ -153,7 +153,7 @@ void TrendPainter::paintCurve(const QRect& plot, const std::vector<TrendBar>& ba
     // In the device's own pixels, on which whole rectangles are quickly filled.
     m_painter.scale(1 / m_pixels, 1 / m_pixels);
     const int left = toPixels(plot.left());
-    const int thickness = std::max(toPixels(thick), 1);
+    const int thickness = std::max(toPixels(thick), 1), width = std::max(toPixels(1), 1);
     const double height = toPixels(plot.height()) - thickness;
     const double bottom = toPixels(plot.bottom() + 1) - thickness;
     const auto y = [&](double value) {
@@ -164,7 +164,7 @@ void TrendPainter::paintCurve(const QRect& plot, const std::vector<TrendBar>& ba
     rects.reserve(static_cast<qsizetype>(bars.size()));
     for (const TrendBar& bar : bars) {
         const int top = y(bar.high);
-        rects.append(QRect(left + bar.column, top, 1, y(bar.low) - top + thickness));
+        rects.append(QRect(left + bar.column, top, width, y(bar.low) - top + thickness));
     }
     m_painter.setPen(Qt::NoPen);
     m_painter.setBrush(colour);
