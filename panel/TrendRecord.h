@@ -55,10 +55,10 @@ struct TrendSample {
     bool incremental : 1 = false;
     bool output : 1 = false;
 
-    bool knows(Known what) const { return (known & what) != 0; }
+    [[nodiscard]] bool knows(Known what) const { return (known & what) != 0; }
     /// Nothing for a reply that was no number.
-    std::optional<std::int64_t> value(TrendSeries series) const;
-    TrendStates states() const;
+    [[nodiscard]] std::optional<std::int64_t> value(TrendSeries series) const;
+    [[nodiscard]] TrendStates states() const;
 };
 
 /// Least and greatest, first and last of some samples in a row.
@@ -74,7 +74,7 @@ struct TrendSummary {
     TrendStates lastStates = 0;
 
     static TrendSummary of(const TrendSample& sample);
-    bool knows(TrendSeries series) const;
+    [[nodiscard]] bool knows(TrendSeries series) const;
     /// Takes those in that come next.
     void append(const TrendSummary& next);
 };
@@ -101,28 +101,28 @@ class TrendRecord {
     /// Another device is read from now on; its address (Latin-1).
     void startDevice(const std::string& address);
 
-    std::size_t size() const;
-    bool empty() const { return m_blocks.empty(); }
+    [[nodiscard]] std::size_t size() const;
+    [[nodiscard]] bool empty() const { return m_blocks.empty(); }
     /// From 0, the oldest.
-    const TrendSample& at(std::size_t index) const {
+    [[nodiscard]] const TrendSample& at(std::size_t index) const {
         return m_blocks[index / blockSize].samples[index % blockSize];
     }
     /// The first sample at `time` or later; size() when there is none.
-    std::size_t firstFrom(TrendTime time) const;
+    [[nodiscard]] std::size_t firstFrom(TrendTime time) const;
     /// The summary of blockSize samples from `index` on; null where there is none.
-    const TrendSummary* summaryFrom(std::size_t index) const;
+    [[nodiscard]] const TrendSummary* summaryFrom(std::size_t index) const;
 
-    const std::string& deviceOf(const TrendSample& sample) const {
+    [[nodiscard]] const std::string& deviceOf(const TrendSample& sample) const {
         return m_devices[sample.device];
     }
     /// Since the beginning of the record, in seconds.
-    double seconds(TrendTime time) const {
+    [[nodiscard]] double seconds(TrendTime time) const {
         return std::chrono::duration<double>(time - m_time).count();
     }
-    WallTime wallTime(TrendTime time) const {
+    [[nodiscard]] WallTime wallTime(TrendTime time) const {
         return m_began + std::chrono::duration_cast<WallTime::duration>(time - m_time);
     }
-    WallTime began() const { return m_began; }
+    [[nodiscard]] WallTime began() const { return m_began; }
 
  private:
     struct Block {

@@ -12,9 +12,9 @@ namespace zlt {
 struct TrendScale {
     double low = 0, high = 1;
 
-    double range() const { return high - low; }
+    [[nodiscard]] double range() const { return high - low; }
     /// 0 at the bottom, 1 at the top.
-    double place(double value) const { return (value - low) / range(); }
+    [[nodiscard]] double place(double value) const { return (value - low) / range(); }
     bool operator==(const TrendScale&) const = default;
 };
 

@@ -18,11 +18,11 @@ class TrendView {
         TrendTime oldest, now;
     };
 
-    Span span() const { return m_span; }
+    [[nodiscard]] Span span() const { return m_span; }
     /// Whether the right edge is now, and goes with it.
-    bool following() const { return m_following; }
-    TrendTime right(TrendTime now) const { return m_following ? now : m_right; }
-    TrendTime left(TrendTime now) const { return right(now) - m_span; }
+    [[nodiscard]] bool following() const { return m_following; }
+    [[nodiscard]] TrendTime right(TrendTime now) const { return m_following ? now : m_right; }
+    [[nodiscard]] TrendTime left(TrendTime now) const { return right(now) - m_span; }
 
     void pause(TrendTime now);
     void resume() { m_following = true; }

@@ -68,7 +68,7 @@ class Screen : public QDialog {
     };
 
     /// Whether a window is this screen or one beside it.
-    bool owns(const QWidget& window) const;
+    [[nodiscard]] bool owns(const QWidget& window) const;
     bool filterKey(QWidget& watched, QEvent& event);
     bool filterPress(QWidget& watched, const QMouseEvent& press);
     void act(const Stop& stop);

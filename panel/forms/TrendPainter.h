@@ -25,9 +25,9 @@ struct TrendLayout {
     TrendLayout(const QSize& size, const QFontMetrics& metrics);
 
     /// The plot at a place; nothing beside them.
-    std::optional<std::size_t> plotAt(const QPoint& place) const;
+    [[nodiscard]] std::optional<std::size_t> plotAt(const QPoint& place) const;
     /// How far from the left edge to the right one a place is, 0 to 1.
-    double acrossAt(int x) const;
+    [[nodiscard]] double acrossAt(int x) const;
 };
 
 /// Paints the trend: curves by the least and the greatest value of each pixel column, the band of
@@ -57,7 +57,7 @@ class TrendPainter {
                     double thick, const QColor& colour);
     void paintBand();
     void paintReadOut(const Subject& subject);
-    int toPixels(double length) const;
+    [[nodiscard]] int toPixels(double length) const;
 
     QPainter& m_painter;
     QSize m_size;

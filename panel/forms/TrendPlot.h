@@ -24,7 +24,7 @@ class TrendPlot : public QWidget {
     /// Both outlive the plot's use.
     void showRecord(const TrendRecord& record, Clock now);
 
-    const TrendView& view() const { return m_view; }
+    [[nodiscard]] const TrendView& view() const { return m_view; }
     void setSpan(TrendView::Span span);
     void setPaused(bool paused);
     /// Off: the scales stay as they are, and are moved by dragging and zoomed by Ctrl and the
@@ -34,8 +34,8 @@ class TrendPlot : public QWidget {
     /// What it shows, without the read-out, in so many of the device's pixels.
     QImage picture();
 
-    QSize sizeHint() const override { return {860, 440}; }
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override { return {860, 440}; }
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
  signals:
     /// The operator has changed what is looked at.
@@ -58,10 +58,10 @@ class TrendPlot : public QWidget {
         std::optional<std::size_t> plot;
     };
 
-    TrendView::Bounds bounds() const;
-    TrendPainter::Subject subject() const;
+    [[nodiscard]] TrendView::Bounds bounds() const;
+    [[nodiscard]] TrendPainter::Subject subject() const;
     void frame();
-    bool frameIsDue() const;
+    [[nodiscard]] bool frameIsDue() const;
     void change();
     void zoomScale(std::size_t plot, double factor, int y);
 
