@@ -216,8 +216,8 @@ void Walk::trend() {
     TrendForm form(nullptr, handlers, real, record, std::make_shared<WindowPlaces>(),
                    [&] { return start + 60s; });
     form.showDevice("01");
+    form.resize(form.sizeHint());
     form.show();
-    QTest::mouseMove(&form);
     take(form, "trend");
     form.hide();
 }

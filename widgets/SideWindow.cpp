@@ -34,7 +34,7 @@ void SideWindow::place() {
         restoreGeometry(known->second);
     } else if (m_owner) {
         // In the screen's lower right corner: its stops stand at the top.
-        adjustSize();
+        resize(sizeHint());
         move(m_owner->geometry().bottomRight() - QPoint(width(), height()));
     }
 }

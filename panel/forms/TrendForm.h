@@ -28,6 +28,8 @@ class TrendForm : public SideWindow {
     /// Says which device is read (Latin-1).
     void showDevice(std::string_view address);
 
+    [[nodiscard]] QSize sizeHint() const override { return {900, 530}; }
+
  private:
     void connectControls(Handlers& handlers);
     void trendSpan_Changed(int index);

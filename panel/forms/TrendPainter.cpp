@@ -138,11 +138,11 @@ void TrendPainter::paintTimeAxis(const Subject& subject) {
         const int x = band.left() + static_cast<int>(std::lround(across * (band.width() - 1)));
         for (const QRect& plot : m_layout.plots)
             m_painter.fillRect(x, plot.top(), 1, plot.height(), grid);
+        const QRect place(x - label / 2, band.bottom() + 1, label, metrics.height());
         m_painter.setPen(m_palette.color(QPalette::Text));
-        QRect place(x - label / 2, band.bottom() + 1, label, metrics.height());
-        place.moveRight(std::min(place.right(), m_size.width() - 1));
-        m_painter.drawText(place, Qt::AlignCenter,
-                           trendTimeText(wall, step < std::chrono::seconds(1)));
+        if (place.right() < m_size.width() + margin)  // or it would be cut off
+            m_painter.drawText(place, Qt::AlignCenter,
+                               trendTimeText(wall, step < std::chrono::seconds(1)));
     }
 }
 

@@ -34,7 +34,7 @@ class TrendPlot : public QWidget {
     /// What it shows, without the read-out, in so many of the device's pixels.
     QImage picture();
 
-    [[nodiscard]] QSize sizeHint() const override { return {860, 440}; }
+    [[nodiscard]] QSize sizeHint() const override { return {640, 420}; }
     [[nodiscard]] QSize minimumSizeHint() const override;
 
  signals:

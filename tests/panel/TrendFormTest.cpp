@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDialog>
 #include <QMouseEvent>
 #include <QTest>
 
@@ -137,17 +138,18 @@ TEST_F(TrendFormTest, LeavesThePanelItsStopsAndItsKeys) {
                       Qt::LeftButton, {});
     QCoreApplication::sendEvent(list, &press);
     EXPECT_EQ(sent(), "HSPD=5000|ACC=250|STOP") << "with a list of the trend's open";
-    QMouseEvent closing(QEvent::MouseButtonPress, QPointF(3, 3), place, Qt::LeftButton,
-                        Qt::LeftButton, {});
-    closing.setTimestamp(90'000);
-    QCoreApplication::sendEvent(&control<QWidget>(trend, "trendPlot"), &closing);
+    auto& jog = control<QAbstractButton>(form, "JOGP");
+    const auto pressOn = [&](QWidget& widget, ulong timestamp) {
+        const QPoint onJog = jog.mapToGlobal(jog.rect().center());
+        QMouseEvent event(QEvent::MouseButtonPress, QPointF(3, 3), onJog, Qt::LeftButton,
+                          Qt::LeftButton, {});
+        event.setTimestamp(timestamp);
+        QCoreApplication::sendEvent(&widget, &event);
+    };
+    pressOn(control<QWidget>(trend, "trendPlot"), 90'000);
     trend.close();
     EXPECT_FALSE(trend.isVisible());
-    QMouseEvent second(QEvent::MouseButtonPress, QPointF(3, 3), place, Qt::LeftButton,
-                       Qt::LeftButton, {});
-    second.setTimestamp(90'050);
-    auto& jog = control<QAbstractButton>(form, "JOGP");
-    QCoreApplication::sendEvent(&jog, &second);
+    pressOn(jog, 90'050);
     EXPECT_FALSE(jog.isDown()) << "the second press of a double click on the trend's Close";
 }
 
@@ -157,10 +159,10 @@ TEST_F(TrendFormTest, GoesWithThePanelAndComesBackWhereItStood) {
     click(trend, "trendClose");
     EXPECT_FALSE(trend.isVisible());
     EXPECT_EQ(openTrend().geometry(), QRect(120, 90, 801, 555));
-    clickAndWork(form, "Setup", [&](QWidget& setup) {
-        // The program ends under a screen over the panel.
+    // The program ends under a screen over the panel, as by a signal.
+    clickAndWork(form, "XThread", [&](QWidget& screen) {
         programEnd.askForEnd(130);
-        setup.close();
+        dynamic_cast<QDialog&>(screen).reject();
     });
     EXPECT_FALSE(form.isVisible());
     EXPECT_FALSE(trend.isVisible());
