@@ -10,6 +10,8 @@ namespace {
 
 constexpr int margin = 8;
 constexpr int betweenPlots = 10;
+/// Half of a curve that runs along the edge of its plot.
+constexpr int overEdge = 2;
 
 /// How the height is shared among the plots.
 constexpr std::array<int, trendPlots> shares{5, 3, 3};
@@ -149,13 +151,13 @@ void TrendPainter::paintTimeAxis(const Subject& subject) {
 void TrendPainter::paintCurve(const QRect& plot, const std::vector<TrendBar>& bars,
                               const TrendScale& scale, double thick, const QColor& colour) {
     m_painter.save();
-    m_painter.setClipRect(plot);
+    m_painter.setClipRect(plot.adjusted(0, -overEdge, 0, overEdge));
     // In the device's own pixels, on which whole rectangles are quickly filled.
     m_painter.scale(1 / m_pixels, 1 / m_pixels);
     const int left = toPixels(plot.left());
     const int thickness = std::max(toPixels(thick), 1), width = std::max(toPixels(1), 1);
-    const double height = toPixels(plot.height()) - thickness;
-    const double bottom = toPixels(plot.bottom() + 1) - thickness;
+    const double height = (plot.height() - 1) * m_pixels;
+    const double bottom = (plot.bottom() + 0.5) * m_pixels - thickness / 2.0;
     const auto y = [&](double value) {
         return static_cast<int>(
             std::lround(bottom - std::clamp(scale.place(value), -1.0, 2.0) * height));
