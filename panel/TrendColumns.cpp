@@ -48,19 +48,20 @@ class Curve {
     int m_count;
 };
 
-}  // namespace
-
-std::vector<TrendPiece> trendPieces(const TrendRecord& record, const TrendCut& cut) {
-    std::vector<TrendPiece> pieces;
-    pieces.reserve(static_cast<std::size_t>(cut.count) + 2);
-    std::size_t index = record.firstFrom(cut.from);
-    if (index > 0)
-        --index;
-    while (index < record.size()) {
+/// Adds the pieces of the samples from `index` on, the first one after the cut included.
+void addPieces(std::vector<TrendPiece>& pieces, const TrendRecord& record, const TrendCut& cut,
+               std::size_t index) {
+    const std::size_t size = record.size();
+    long column = 0;
+    TrendTime columnEnd = TrendTime::min();  // a division a column, not a sample
+    while (index < size) {
         const TrendSample& sample = record.at(index);
-        const long column = columnOf(cut, sample.time);
+        if (sample.time >= columnEnd) {
+            column = columnOf(cut, sample.time);
+            columnEnd = cut.from + (column + 1) * cut.column;
+        }
         const TrendSummary* block = record.summaryFrom(index);
-        if (block && columnOf(cut, record.at(index + TrendRecord::blockSize - 1).time) != column)
+        if (block && record.at(index + TrendRecord::blockSize - 1).time >= columnEnd)
             block = nullptr;
         const TrendSummary next = block ? *block : TrendSummary::of(sample);
         const bool joined =
@@ -73,7 +74,49 @@ std::vector<TrendPiece> trendPieces(const TrendRecord& record, const TrendCut& c
             break;
         index += block ? TrendRecord::blockSize : 1;
     }
+}
+
+}  // namespace
+
+std::vector<TrendPiece> trendPieces(const TrendRecord& record, const TrendCut& cut) {
+    std::vector<TrendPiece> pieces;
+    pieces.reserve(static_cast<std::size_t>(cut.count) + 2);
+    const std::size_t first = record.firstFrom(cut.from);
+    addPieces(pieces, record, cut, first > 0 ? first - 1 : first);
     return pieces;
+}
+
+const std::vector<TrendPiece>& TrendWindow::pieces(const TrendRecord& record, const TrendCut& cut) {
+    if (!moveTo(cut)) {
+        m_cut = cut;
+        m_pieces = trendPieces(record, cut);
+        return m_pieces;
+    }
+    // The last column was not full yet, and passes may have come for it.
+    const long last = m_pieces.back().column;
+    while (!m_pieces.empty() && m_pieces.back().column == last)
+        m_pieces.pop_back();
+    addPieces(m_pieces, record, cut, record.firstFrom(cut.from + last * cut.column));
+    return m_pieces;
+}
+
+/// False when nothing of what is there can be used.
+bool TrendWindow::moveTo(const TrendCut& cut) {
+    const auto moved = cut.from - m_cut.from;
+    if (cut.column != m_cut.column || cut.count != m_cut.count || m_pieces.empty() ||
+        moved.count() < 0 || moved % cut.column != std::chrono::nanoseconds(0))
+        return false;
+    const auto columns = static_cast<long>(moved / cut.column);
+    for (TrendPiece& piece : m_pieces)
+        piece.column -= columns;
+    const auto inside = std::find_if(m_pieces.begin(), m_pieces.end(),
+                                     [](const TrendPiece& piece) { return piece.column >= 0; });
+    if (inside == m_pieces.end())
+        return false;
+    if (inside != m_pieces.begin())
+        m_pieces.erase(m_pieces.begin(), inside - 1);
+    m_cut = cut;
+    return true;
 }
 
 std::vector<TrendBar> trendBars(const std::vector<TrendPiece>& pieces, TrendSeries series,

@@ -24,6 +24,20 @@ struct TrendPiece {
 /// All pieces of a cut, with the sample before it and the one after it, to which lines lead.
 std::vector<TrendPiece> trendPieces(const TrendRecord& record, const TrendCut& cut);
 
+/// The pieces of one cut after the other: where a cut is the one before it, moved on by whole
+/// columns, only what has come since is looked at.
+class TrendWindow {
+ public:
+    /// Always the same record. What trendPieces() returns, less what the record has dropped since.
+    const std::vector<TrendPiece>& pieces(const TrendRecord& record, const TrendCut& cut);
+
+ private:
+    bool moveTo(const TrendCut& cut);
+
+    TrendCut m_cut;
+    std::vector<TrendPiece> m_pieces;
+};
+
 /// The part of a curve that is in one column.
 struct TrendBar {
     int column;

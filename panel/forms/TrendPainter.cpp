@@ -52,12 +52,13 @@ double TrendLayout::acrossAt(int x) const {
 }
 
 TrendPainter::TrendPainter(QPainter& painter, const QSize& size, double pixels,
-                           const QPalette& palette)
+                           const QPalette& palette, TrendWindow& window)
     : m_painter(painter),
       m_size(size),
       m_pixels(pixels),
       m_palette(palette),
-      m_layout(size, painter.fontMetrics()) {}
+      m_layout(size, painter.fontMetrics()),
+      m_window(window) {}
 
 int TrendPainter::toPixels(double length) const {
     return static_cast<int>(std::lround(length * m_pixels));
@@ -71,7 +72,7 @@ void TrendPainter::paint(const Subject& subject, std::array<TrendScale, trendPlo
     const auto sinceStart = subject.right.time_since_epoch();
     m_cut.from =
         TrendTime(sinceStart - sinceStart % m_cut.column) - (m_cut.count - 1) * m_cut.column;
-    m_pieces = trendPieces(subject.record, m_cut);
+    m_pieces = &m_window.pieces(subject.record, m_cut);
     for (std::size_t plot = 0; plot < trendPlots; ++plot)
         paintPlot(plot, subject, scales[plot]);
     paintBand();
@@ -85,7 +86,7 @@ void TrendPainter::paintPlot(std::size_t plot, const Subject& subject, TrendScal
     std::vector<std::pair<const TrendCurveLook*, std::vector<TrendBar>>> curves;
     for (const TrendCurveLook& look : trendCurves)
         if (look.plot == plot)
-            curves.emplace_back(&look, trendBars(m_pieces, look.series, m_cut.count));
+            curves.emplace_back(&look, trendBars(*m_pieces, look.series, m_cut.count));
     if (subject.autoscale) {
         std::vector<const std::vector<TrendBar>*> all;
         all.reserve(curves.size());
@@ -175,7 +176,7 @@ void TrendPainter::paintCurve(const QRect& plot, const std::vector<TrendBar>& ba
 }
 
 void TrendPainter::paintBand() {
-    const std::vector<TrendStates> states = trendStates(m_pieces, m_cut.count);
+    const std::vector<TrendStates> states = trendStates(*m_pieces, m_cut.count);
     const QRect& band = m_layout.band;
     const QFontMetrics metrics = m_painter.fontMetrics();
     m_painter.setPen(m_palette.color(QPalette::Text));

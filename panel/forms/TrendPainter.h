@@ -43,8 +43,10 @@ class TrendPainter {
         std::optional<QPoint> pointer = std::nullopt;
     };
 
-    /// `painter` is in the coordinates of `size`; `pixels` of the device are one of them.
-    TrendPainter(QPainter& painter, const QSize& size, double pixels, const QPalette& palette);
+    /// `painter` is in the coordinates of `size`; `pixels` of the device are one of them. `window`
+    /// is kept from one frame to the next.
+    TrendPainter(QPainter& painter, const QSize& size, double pixels, const QPalette& palette,
+                 TrendWindow& window);
 
     /// `scales` are those of the plots: they are used, or set where the subject says autoscale.
     void paint(const Subject& subject, std::array<TrendScale, trendPlots>& scales);
@@ -65,7 +67,8 @@ class TrendPainter {
     QPalette m_palette;
     TrendLayout m_layout;
     TrendCut m_cut;
-    std::vector<TrendPiece> m_pieces;
+    TrendWindow& m_window;
+    const std::vector<TrendPiece>* m_pieces = nullptr;
 };
 
 }  // namespace zlt

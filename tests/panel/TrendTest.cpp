@@ -109,6 +109,34 @@ TEST(Trend, KeepsLeastAndGreatestOfEachColumnHoweverManyPasses) {
     }
 }
 
+TEST(Trend, FollowsTheTimeAsIfEachWindowWereCutAnew) {
+    Fed fed;
+    TrendWindow window;
+    const int count = 40;
+    auto from = 0ms;
+    for (int frame = 0; frame < 400; ++frame) {
+        for (int more = 0; more < frame % 7; ++more)
+            fed.pass(fed.passes * 37 % 1000, static_cast<int>(fed.passes % 9));
+        if (frame % 31 == 30) {
+            fed.record.breakOff();
+            fed.passes += frame % 5 * 10;
+        }
+        const auto column = frame > 300 ? 7ms : 25ms;
+        if (frame % 3 != 0)
+            from = std::max(0ms, fed.passes * 10ms / column * column - (count - 1) * column);
+        if (frame % 97 == 96)
+            from /= 2;  // dragged back
+        const TrendCut cut{start + from, column, count};
+        const auto anew = trendPieces(fed.record, cut);
+        const auto& kept = window.pieces(fed.record, cut);
+        for (std::size_t series = 0; series < trendSeriesCount; ++series)
+            ASSERT_EQ(text(trendBars(kept, static_cast<TrendSeries>(series), count)),
+                      text(trendBars(anew, static_cast<TrendSeries>(series), count)))
+                << frame;
+        ASSERT_EQ(trendStates(kept, count), trendStates(anew, count)) << frame;
+    }
+}
+
 TEST(Trend, HoldsAStateUntilTheNextPassButNotOverAGap) {
     Fed fed;
     fed.pass(0, 1);
