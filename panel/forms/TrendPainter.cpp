@@ -1,6 +1,7 @@
 #include "panel/forms/TrendPainter.h"
 
 #include <QCoreApplication>
+#include <QStyle>
 #include <cmath>
 
 #include "panel/forms/TrendLook.h"
@@ -12,6 +13,8 @@ constexpr int margin = 8;
 constexpr int betweenPlots = 10;
 /// Half of a curve that runs along the edge of its plot.
 constexpr int overEdge = 2;
+
+constexpr int mostTexts = 200;
 
 /// How the height is shared among the plots.
 constexpr std::array<int, trendPlots> shares{5, 3, 3};
@@ -52,16 +55,30 @@ double TrendLayout::acrossAt(int x) const {
 }
 
 TrendPainter::TrendPainter(QPainter& painter, const QSize& size, double pixels,
-                           const QPalette& palette, TrendWindow& window)
+                           const QPalette& palette, TrendMemory& memory)
     : m_painter(painter),
       m_size(size),
       m_pixels(pixels),
       m_palette(palette),
       m_layout(size, painter.fontMetrics()),
-      m_window(window) {}
+      m_memory(memory) {}
 
 int TrendPainter::toPixels(double length) const {
     return static_cast<int>(std::lround(length * m_pixels));
+}
+
+void TrendPainter::write(const QRect& place, Qt::Alignment alignment, const QString& text) {
+    if (m_memory.texts.size() > mostTexts)
+        m_memory.texts.clear();
+    QStaticText& laidOut = m_memory.texts[text];
+    if (laidOut.text().isEmpty()) {
+        laidOut = QStaticText(text);
+        laidOut.setTextFormat(Qt::PlainText);
+        laidOut.prepare({}, m_painter.font());
+    }
+    const QRect at =
+        QStyle::alignedRect(Qt::LeftToRight, alignment, laidOut.size().toSize(), place);
+    m_painter.drawStaticText(at.topLeft(), laidOut);
 }
 
 void TrendPainter::paint(const Subject& subject, std::array<TrendScale, trendPlots>& scales) {
@@ -72,7 +89,7 @@ void TrendPainter::paint(const Subject& subject, std::array<TrendScale, trendPlo
     const auto sinceStart = subject.right.time_since_epoch();
     m_cut.from =
         TrendTime(sinceStart - sinceStart % m_cut.column) - (m_cut.count - 1) * m_cut.column;
-    m_pieces = &m_window.pieces(subject.record, m_cut);
+    m_pieces = &m_memory.window.pieces(subject.record, m_cut);
     for (std::size_t plot = 0; plot < trendPlots; ++plot)
         paintPlot(plot, subject, scales[plot]);
     paintBand();
@@ -102,8 +119,10 @@ void TrendPainter::paintPlot(std::size_t plot, const Subject& subject, TrendScal
         paintCurve(place, bars, scale, look->thickness, colour);
         const QString name = QCoreApplication::translate("Trend", look->name);
         m_painter.setPen(colour);
-        m_painter.drawText(x, place.top() - metrics.descent() - 1, name);
-        x += metrics.horizontalAdvance(name) + 2 * margin;
+        const int width = metrics.horizontalAdvance(name);
+        write(QRect(x, place.top() - metrics.height() - 1, width, metrics.height()), Qt::AlignLeft,
+              name);
+        x += width + 2 * margin;
     }
 }
 
@@ -119,9 +138,8 @@ void TrendPainter::paintValueAxis(const QRect& plot, const TrendScale& scale) {
             plot.bottom() - static_cast<int>(std::lround(scale.place(value) * (plot.height() - 1)));
         m_painter.fillRect(plot.left(), y, plot.width(), 1, grid);
         m_painter.setPen(m_palette.color(QPalette::Text));
-        m_painter.drawText(
-            QRect(0, y - metrics.height() / 2, plot.left() - margin / 2, metrics.height()),
-            Qt::AlignRight | Qt::AlignVCenter, QString::number(value, 'f', 0));
+        write(QRect(0, y - metrics.height() / 2, plot.left() - margin / 2, metrics.height()),
+              Qt::AlignRight | Qt::AlignVCenter, QString::number(value, 'f', 0));
     }
 }
 
@@ -144,8 +162,7 @@ void TrendPainter::paintTimeAxis(const Subject& subject) {
         const QRect place(x - label / 2, band.bottom() + 1, label, metrics.height());
         m_painter.setPen(m_palette.color(QPalette::Text));
         if (place.right() < m_size.width() + margin)  // or it would be cut off
-            m_painter.drawText(place, Qt::AlignCenter,
-                               trendTimeText(wall, step < std::chrono::seconds(1)));
+            write(place, Qt::AlignCenter, trendTimeText(wall, step < std::chrono::seconds(1)));
     }
 }
 
@@ -181,10 +198,10 @@ void TrendPainter::paintBand() {
     const QFontMetrics metrics = m_painter.fontMetrics();
     m_painter.setPen(m_palette.color(QPalette::Text));
     for (std::size_t lane = 0; lane < trendLanes.size(); ++lane)
-        m_painter.drawText(QRect(0, band.top() + static_cast<int>(lane) * m_layout.laneHeight,
-                                 band.left() - margin / 2, metrics.height()),
-                           Qt::AlignRight | Qt::AlignVCenter,
-                           QCoreApplication::translate("Trend", trendLanes[lane].name));
+        write(QRect(0, band.top() + static_cast<int>(lane) * m_layout.laneHeight,
+                    band.left() - margin / 2, metrics.height()),
+              Qt::AlignRight | Qt::AlignVCenter,
+              QCoreApplication::translate("Trend", trendLanes[lane].name));
     m_painter.save();
     m_painter.scale(1 / m_pixels, 1 / m_pixels);
     const int left = toPixels(band.left()), high = toPixels(m_layout.laneHeight - 3);

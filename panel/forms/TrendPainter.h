@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QFont>
+#include <QHash>
 #include <QPainter>
 #include <QPalette>
 #include <QRect>
+#include <QStaticText>
 #include <array>
 #include <optional>
 
@@ -30,6 +32,12 @@ struct TrendLayout {
     [[nodiscard]] double acrossAt(int x) const;
 };
 
+/// What is kept from one frame of the trend to the next.
+struct TrendMemory {
+    TrendWindow window;
+    QHash<QString, QStaticText> texts;  ///< laid out, which is most of what a text costs
+};
+
 /// Paints the trend: curves by the least and the greatest value of each pixel column, the band of
 /// states below, and what is under the pointer.
 class TrendPainter {
@@ -43,10 +51,9 @@ class TrendPainter {
         std::optional<QPoint> pointer = std::nullopt;
     };
 
-    /// `painter` is in the coordinates of `size`; `pixels` of the device are one of them. `window`
-    /// is kept from one frame to the next.
+    /// `painter` is in the coordinates of `size`; `pixels` of the device are one of them.
     TrendPainter(QPainter& painter, const QSize& size, double pixels, const QPalette& palette,
-                 TrendWindow& window);
+                 TrendMemory& memory);
 
     /// `scales` are those of the plots: they are used, or set where the subject says autoscale.
     void paint(const Subject& subject, std::array<TrendScale, trendPlots>& scales);
@@ -59,6 +66,8 @@ class TrendPainter {
                     double thick, const QColor& colour);
     void paintBand();
     void paintReadOut(const Subject& subject);
+    /// Writes one line, within `place` as aligned.
+    void write(const QRect& place, Qt::Alignment alignment, const QString& text);
     [[nodiscard]] int toPixels(double length) const;
 
     QPainter& m_painter;
@@ -67,7 +76,7 @@ class TrendPainter {
     QPalette m_palette;
     TrendLayout m_layout;
     TrendCut m_cut;
-    TrendWindow& m_window;
+    TrendMemory& m_memory;
     const std::vector<TrendPiece>* m_pieces = nullptr;
 };
 

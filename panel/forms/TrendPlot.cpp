@@ -107,7 +107,7 @@ void TrendPlot::paintEvent(QPaintEvent*) {
     auto shown = subject();
     if (!m_drag)
         shown.pointer = m_pointer;
-    TrendPainter(painter, size(), devicePixelRatioF(), palette(), m_window).paint(shown, m_scales);
+    TrendPainter(painter, size(), devicePixelRatioF(), palette(), m_memory).paint(shown, m_scales);
 }
 
 QImage TrendPlot::picture() {
@@ -115,7 +115,7 @@ QImage TrendPlot::picture() {
     image.setDevicePixelRatio(devicePixelRatioF());
     QPainter painter(&image);
     painter.setFont(font());
-    TrendPainter(painter, size(), devicePixelRatioF(), palette(), m_window)
+    TrendPainter(painter, size(), devicePixelRatioF(), palette(), m_memory)
         .paint(subject(), m_scales);
     return image;
 }

@@ -68,7 +68,7 @@ class TrendPlot : public QWidget {
     const TrendRecord* m_record = nullptr;
     Clock m_now;
     TrendView m_view;
-    TrendWindow m_window;
+    TrendMemory m_memory;
     std::array<TrendScale, trendPlots> m_scales;
     bool m_autoscale = true;
     std::optional<Drag> m_drag;
