@@ -122,7 +122,7 @@ void SelectComForm::connectToController(bool startInProgram) {
     // Plugging and the port list change nothing under a running panel.
     const SettledPort settled(m_directory, port);
     m_memory.remember(port, m_directory.entry(port));
-    MainControlForm panel(services(), m_draft, this, m_notes);
+    MainControlForm panel(services(), m_draft, this, m_notes, m_places);
     if (startInProgram)
         panel.startInProgram();
     panel.Form_Load({port, settings.baud, settings.deviceId});

@@ -11,6 +11,7 @@
 #include "link/serial/PortMemory.h"
 #include "programs/forms/ProgramDraft.h"
 #include "widgets/Screen.h"
+#include "widgets/SideWindow.h"
 
 namespace Ui {
 class SelectComForm;
@@ -73,6 +74,7 @@ class SelectComForm : public Screen {
     ProgramDraft m_draft;
     LineFault m_lineFault = LineFault::none;  ///< of the last connection, if it failed
     std::shared_ptr<DeviceNotes> m_notes = std::make_shared<DeviceNotes>();
+    std::shared_ptr<WindowPlaces> m_places = std::make_shared<WindowPlaces>();
     std::unique_ptr<Ui::SelectComForm> m_ui;
     QTimer m_portTimer{this};
 };

@@ -7,6 +7,7 @@
 #include "bench/FirstPaint.h"
 #include "bench/Options.h"
 #include "bench/StopLatency.h"
+#include "bench/TrendFrames.h"
 #include "bench/WholeProgram.h"
 
 namespace zlt::bench {
@@ -38,6 +39,7 @@ int run(const Options& options, int argc, char** argv) {
     measureExchanges(options.rounds, options.python, judge);
     measureProgram(options.rounds, judge);
     measureStops(options.rounds, judge);
+    measureTrend(options.rounds, judge);
     measureFirstPaint(options.rounds, judge);
     std::cout << legend << (judge.allMet() ? "All aims are met.\n" : "An aim is MISSED.\n");
     return options.check && !judge.allMet() ? 1 : 0;

@@ -8,6 +8,9 @@
 #include <QComboBox>
 #include <QImageWriter>
 #include <QTest>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -17,6 +20,7 @@
 #include "app/SearchCom.h"
 #include "app/SelectComForm.h"
 #include "panel/forms/MainControlForm.h"
+#include "panel/forms/TrendForm.h"
 #include "platform_qt/QtSystem.h"
 #include "programs/forms/ProgramEditor.h"
 #include "support/FormDriver.h"
@@ -56,6 +60,7 @@ class Walk : public RealWorld {
     void startUp(SelectComForm& form);
     void search(QWidget& form);
     void panel(QWidget& form);
+    void trend();
     void runProgram(QWidget& form);
     void threads(QWidget& form);
     void setup(QWidget& form);
@@ -166,11 +171,55 @@ void Walk::panel(QWidget& form) {
     click(form, "ResetEnc");
     waitForText(form, "Pos", "0");
 
+    trend();
     runProgram(form);
     visit(form, "XThread", [this](QWidget& screen) { threads(screen); });
     visit(form, "Setup", [this](QWidget& screen) { setup(screen); });
     visit(form, "ManualTerminal", [this](QWidget& screen) { terminal(screen); });
     visit(form, "Variable", [this](QWidget& screen) { variables(screen); });
+}
+
+/// A minute of two strokes, the second one into a limit, as a poll at 115200 baud would have read
+/// it: with times of its own, as no run against the simulator takes the same twice.
+void Walk::trend() {
+    using namespace std::chrono;
+    constexpr TrendTime start{};
+    constexpr int passes = 5400;
+    TrendRecord record(TrendRecord::anHour, start, sys_days(2026y / March / 2) + 14h + 3min);
+    record.startDevice("01");
+    double position = 0, speed = 0;
+    for (int pass = 0; pass < passes; ++pass) {
+        const double at = pass / 90.0;
+        const bool forth = at > 6 && at<15, on = at> 36 && at < 47;
+        const double wanted = forth ? 4000 : on ? 6000 : at > 21 && at < 26 ? -3000 : 0;
+        speed += std::clamp(wanted - speed, -40.0, 40.0);
+        const bool limit = position >= 60'000 && at > 20 && at < 52;
+        speed = limit ? 0 : speed;
+        position += speed / 90;
+        AxisReading reading;
+        reading.time = start + milliseconds(pass * 1000 / 90);
+        reading.position = std::to_string(std::lround(position));
+        reading.encoder = std::to_string(
+            std::lround(position - speed / 300 - std::sin(pass / 7.0) * speed / 2000));
+        reading.current = std::to_string(std::abs(speed) > 1 ? 1200 : 500);
+        const int motion = std::abs(wanted - speed) > 50 ? (wanted == 0 ? 4 : 2) : 1;
+        reading.status = StatusWord(limit ? 0x90 : std::abs(speed) > 1 ? motion : 0);
+        reading.driverEnabled = true;
+        const auto state = at > 4 && at < 30 ? ProgramState::running : ProgramState::idle;
+        reading.program = AxisReading::Program{false, false, 3, state};
+        if (at > 30 && at < 33)
+            record.breakOff();
+        else
+            record.add(reading);
+    }
+    Handlers handlers(real, [] {});
+    TrendForm form(nullptr, handlers, real, record, std::make_shared<WindowPlaces>(),
+                   [&] { return start + 60s; });
+    form.showDevice("01");
+    form.resize(form.sizeHint());
+    form.show();
+    take(form, "trend");
+    form.hide();
 }
 
 void Walk::runProgram(QWidget& form) {
@@ -235,6 +284,7 @@ int main(int argc, char** argv) {
     }
     const std::filesystem::path pictures = std::filesystem::absolute(argv[1]);
     ::testing::GTEST_FLAG(throw_on_failure) = true;  // a box that nobody expected ends the walk
+    qputenv("TZ", "UTC");  // the time of day, as the rest, is the same everywhere
     QApplication application(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("ZLT-R-NX-42"));
     QApplication::setQuitOnLastWindowClosed(false);

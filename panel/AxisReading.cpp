@@ -69,10 +69,19 @@ MotionState StatusWord::motion() const {
     return motion;
 }
 
+std::optional<std::int64_t> followingError(const AxisReading& reading) {
+    const auto position = parseInteger(reading.position);
+    const auto encoder = parseInteger(reading.encoder);
+    if (!position || !encoder)
+        return std::nullopt;
+    return std::int64_t{*position} - *encoder;
+}
+
 AxisReading readAxis(PanelLink& link) {
     AxisReading reading;
     reading.current = link.SendReceive("CUR");
     reading.position = link.SendReceive("PX");
+    reading.time = std::chrono::steady_clock::now();
     reading.encoder = link.SendReceive("EX");
     if (const auto status = askNumber(link, "MST"))
         reading.status = StatusWord(*status);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -54,10 +55,16 @@ struct AxisReading {
     };
 
     std::string current, position, encoder;  ///< as they came, Latin-1
+    /// When the position was in: the others came within this pass.
+    std::chrono::steady_clock::time_point time{};
     std::optional<StatusWord> status;
     std::optional<bool> driverEnabled;
     std::optional<Program> program;
 };
+
+/// By how much the encoder lags behind the position, of the same pass. Nothing when either is no
+/// number.
+std::optional<std::int64_t> followingError(const AxisReading& reading);
 
 /// Reads the axis once, to the end even when the controller falls silent on the way: "0" stands
 /// for each missing reply then. Throws ConversionError for a reply that should be a number and is

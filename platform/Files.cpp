@@ -3,8 +3,10 @@
 namespace zlt {
 namespace {
 
-bool hasWildcard(const std::string& name) {
-    return name.find('*') != std::string::npos;
+std::optional<std::filesystem::path> usable(const std::optional<std::string>& name) {
+    if (!name || name->empty() || name->find('*') != std::string::npos)
+        return std::nullopt;
+    return pathFromUtf8(*name);
 }
 
 }  // namespace
@@ -23,16 +25,15 @@ std::optional<std::filesystem::path> chooseSaveName(Gate& gate, const FileChoice
     const auto name = gate.chooseToSave(choice);
     if (name && name->empty())
         gate.message(emptyNameMessage);
-    if (!name || name->empty() || hasWildcard(*name))
-        return std::nullopt;
-    return pathFromUtf8(*name);
+    return usable(name);
+}
+
+std::optional<std::filesystem::path> chooseSaveName(Gate& gate, const FileChoice& choice) {
+    return usable(gate.chooseToSave(choice));
 }
 
 std::optional<std::filesystem::path> chooseOpenName(Gate& gate, const FileChoice& choice) {
-    const auto name = gate.chooseToOpen(choice);
-    if (!name || name->empty() || hasWildcard(*name))
-        return std::nullopt;
-    return pathFromUtf8(*name);
+    return usable(gate.chooseToOpen(choice));
 }
 
 std::optional<std::string> FileContent::whole() const {

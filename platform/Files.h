@@ -19,6 +19,8 @@ std::string utf8FromPath(const std::filesystem::path& path);
 /// or when it is empty, which is then told by `emptyNameMessage`.
 std::optional<std::filesystem::path> chooseSaveName(Gate& gate, const FileChoice& choice,
                                                     std::string_view emptyNameMessage);
+/// The same without a message: nothing for an empty name too.
+std::optional<std::filesystem::path> chooseSaveName(Gate& gate, const FileChoice& choice);
 /// Asks which file to open; it need not exist. Nothing when the operator cancelled, and for a name
 /// that is empty or holds a "*".
 std::optional<std::filesystem::path> chooseOpenName(Gate& gate, const FileChoice& choice);

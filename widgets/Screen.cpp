@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "widgets/SideWindow.h"
 #include "widgets/StopButton.h"
 
 namespace zlt {
@@ -100,6 +101,11 @@ void Screen::leaveWindowsAbove() {
     }
 }
 
+bool Screen::owns(const QWidget& window) const {
+    return &window == this ||
+           (qobject_cast<const SideWindow*>(&window) && window.parentWidget() == this);
+}
+
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
     if (!watched->isWidgetType())
         return QDialog::eventFilter(watched, event);
@@ -112,8 +118,7 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::MouseButtonDblClick:
             return filterPress(widget, *static_cast<QMouseEvent*>(event));
         case QEvent::Wheel:
-            if (widget.window() == this && qobject_cast<QComboBox*>(watched) &&
-                !widget.hasFocus()) {
+            if (owns(*widget.window()) && qobject_cast<QComboBox*>(watched) && !widget.hasFocus()) {
                 event->ignore();
                 return true;
             }
@@ -128,7 +133,7 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
 bool Screen::filterKey(QWidget& watched, QEvent& event) {
     const auto& key = static_cast<QKeyEvent&>(event);
     if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)
-        return watched.window() == this && qobject_cast<QAbstractButton*>(&watched);
+        return owns(*watched.window()) && qobject_cast<QAbstractButton*>(&watched);
     if (key.key() != Qt::Key_F12 || event.type() != QEvent::KeyPress || key.isAutoRepeat())
         return false;
     const auto stop = std::find_if(m_stops.begin(), m_stops.end(),
@@ -158,12 +163,12 @@ bool Screen::filterPress(QWidget& watched, const QMouseEvent& press) {
         return stop.button->isVisible() && onDesktop(*stop.button).contains(place);
     });
     const bool onStop = under != m_stops.end();
-    const bool covered = !onStop && watched.window() == this && m_doubleClicks.covers(press);
+    const bool covered = !onStop && owns(*watched.window()) && m_doubleClicks.covers(press);
     m_doubleClicks.pressed(press);
     if (!list || !onStop || press.button() != Qt::LeftButton || onDesktop(*list).contains(place))
         return covered;
     const auto windows = windowsBelow(*list);
-    if (windows.size() < 2 || windows[1] != this)
+    if (windows.size() < 2 || !owns(*windows[1]))
         return covered;
     list->setAttribute(Qt::WA_NoMouseReplay);  // or the press would come a second time
     list->close();

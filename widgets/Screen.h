@@ -29,6 +29,10 @@ class Screen : public QDialog {
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+    /// A window beside this screen was closed: the second press of a double click there is not
+    /// meant for what lies below.
+    void sideWindowClosed() { m_doubleClicks.windowClosed(); }
+
  private:
     ScreenGate m_gate;
     const Services m_services;
@@ -63,6 +67,8 @@ class Screen : public QDialog {
         StopKey key;
     };
 
+    /// Whether a window is this screen or one beside it.
+    [[nodiscard]] bool owns(const QWidget& window) const;
     bool filterKey(QWidget& watched, QEvent& event);
     bool filterPress(QWidget& watched, const QMouseEvent& press);
     void act(const Stop& stop);

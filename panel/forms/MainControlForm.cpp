@@ -5,6 +5,7 @@
 #include <chrono>
 #include <utility>
 
+#include "panel/forms/TrendForm.h"
 #include "parameters/forms/SetupParameters.h"
 #include "programs/forms/XThreadForm.h"
 #include "terminal/forms/TerminalForm.h"
@@ -26,12 +27,14 @@ std::unique_ptr<Ui::MainControlForm> makeControls(QDialog& form) {
 }  // namespace
 
 MainControlForm::MainControlForm(const Services& world, ProgramDraft& draft, QWidget* parent,
-                                 std::shared_ptr<DeviceNotes> notes)
+                                 std::shared_ptr<DeviceNotes> notes,
+                                 std::shared_ptr<WindowPlaces> places)
     : Screen(world, parent),
       m_ui(makeControls(*this)),
       m_session(services(), *this),
       m_motion(m_session.link, [this] { m_session.endDemo(); }),
-      m_outputs(services(), m_session.link, [this] { m_session.endDemo(); }) {
+      m_outputs(services(), m_session.link, [this] { m_session.endDemo(); }),
+      m_places(std::move(places)) {
     m_session.link.notes = std::move(notes);
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setTimerType(Qt::PreciseTimer);
@@ -88,12 +91,14 @@ void MainControlForm::connectControls(ProgramDraft& draft) {
     handlers.onClick(*m_ui->ManualTerminal,
                      [this](bool) { showOverPanel<TerminalForm>(m_terminalHistory); });
     handlers.onClick(*m_ui->Variable, [this](bool) { showOverPanel<VariableForm>(); });
+    handlers.onClick(*m_ui->Trend, [this](bool) { Trend_Click(); });
 }
 
 void MainControlForm::Form_Load(const Connection& connection) {
     handlers.runWithinCaller([&] {
         const BusyCursor busy;
         m_ui->terminalFrame->showDevice(connection.deviceId);
+        m_trend.startDevice(connection.deviceId);
         if (m_session.load(connection))
             m_timer1.start();
         showDeviceNote();
@@ -137,6 +142,13 @@ void MainControlForm::XThread_Click() {
     showOverPanel<XThreadForm>();
 }
 
+void MainControlForm::Trend_Click() {
+    if (!m_trendForm)
+        m_trendForm = std::make_unique<TrendForm>(this, handlers, services(), m_trend, m_places);
+    m_trendForm->showDevice(connection().deviceId);
+    m_trendForm->present();
+}
+
 // What the rules show, passed on to the frames that show it
 
 void MainControlForm::showState(const PanelState& state) {
@@ -149,6 +161,10 @@ void MainControlForm::showState(const PanelState& state) {
     m_ui->outputsFrame->showState(state);
     m_ui->stopFrame->showState(state);
     m_ui->terminalFrame->showLive(state.live);
+    if (!state.live)
+        m_trend.breakOff();
+    if (m_trendForm)
+        m_trendForm->showDevice(state.device);
     if (state.loadedFirmware)
         m_ui->runControlFrame->gateFeatures(*state.loadedFirmware);
     if (before.live && !state.live)
@@ -161,6 +177,9 @@ void MainControlForm::showReading(const AxisReading& reading) {
     m_ui->statusFrame->showReading(reading);
     m_ui->motionFrame->showReading(reading);
     m_ui->outputsFrame->showReading(reading);
+    // After a time-out the zeros are no values, and what came later may be another command's.
+    if (m_session.link.CommOK())
+        m_trend.add(reading);
 }
 
 void MainControlForm::fillSettings(std::string_view speed, std::string_view acceleration) {
@@ -176,6 +195,7 @@ void MainControlForm::deviceSwitched(std::string_view before, std::string_view n
     m_ui->motionFrame->clearMarks();
     m_ui->runControlFrame->forgetRunOnBoot();
     m_ui->terminalFrame->followDevice(before, now);
+    m_trend.startDevice(std::string(now));
 }
 
 void MainControlForm::forgetProgram() {

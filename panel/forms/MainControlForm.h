@@ -7,8 +7,10 @@
 #include "panel/MotionCommands.h"
 #include "panel/OutputCommands.h"
 #include "panel/PanelSession.h"
+#include "panel/TrendRecord.h"
 #include "terminal/TerminalTalk.h"
 #include "widgets/Screen.h"
+#include "widgets/SideWindow.h"
 
 namespace Ui {
 class MainControlForm;
@@ -17,6 +19,7 @@ class MainControlForm;
 namespace zlt {
 
 class ProgramDraft;
+class TrendForm;
 
 /// The control panel: places the frames, owns the poll, and passes on between the operator
 /// and the rules. Lives from one connect to its close.
@@ -25,9 +28,10 @@ class MainControlForm : public Screen, private PanelView {
 
  public:
     /// `draft` is the program box's text, which outlives the panel; `notes` is what is known of the
-    /// controllers by now, and the panel adds to it.
+    /// controllers by now, and the panel adds to it; `places` is where the windows beside it stood.
     MainControlForm(const Services& world, ProgramDraft& draft, QWidget* parent,
-                    std::shared_ptr<DeviceNotes> notes = std::make_shared<DeviceNotes>());
+                    std::shared_ptr<DeviceNotes> notes = std::make_shared<DeviceNotes>(),
+                    std::shared_ptr<WindowPlaces> places = std::make_shared<WindowPlaces>());
     ~MainControlForm() override;
 
     /// Loads the panel, before it is shown: its messages stand over the calling screen. Part
@@ -50,6 +54,7 @@ class MainControlForm : public Screen, private PanelView {
     void Command2_Click();
     void Setup_Click();
     void XThread_Click();
+    void Trend_Click();
 
     void closeScreen() override { Command2_Click(); }
     void heldOff() override { m_session.holdOff(); }
@@ -77,6 +82,9 @@ class MainControlForm : public Screen, private PanelView {
     OutputCommands m_outputs;
     CommandHistory m_terminalHistory;
     QTimer m_timer1{this};
+    TrendRecord m_trend;
+    std::shared_ptr<WindowPlaces> m_places;
+    std::unique_ptr<TrendForm> m_trendForm;  ///< once it was opened
     bool m_startsInProgram = false;
 };
 

@@ -25,6 +25,8 @@ void StatusFrame::showReading(const AxisReading& reading) {
     m_ui->Current->showReply(reading.current);
     m_ui->Pos->showReply(reading.position);
     m_ui->EncPos->showReply(reading.encoder);
+    const auto error = followingError(reading);
+    m_ui->FollowingError->showReply(error ? std::to_string(*error) : std::string());
     if (reading.status)
         showStatus(*reading.status);
     if (reading.program)

@@ -52,9 +52,19 @@ QString shown(std::string_view text) {
     return lines;
 }
 
+/// Whether a window lies over another: belongs to it, or to one that does.
+bool liesOver(const QWidget* window, const QWidget* below) {
+    while (window && window != below)
+        window = window->parentWidget();
+    return window != nullptr;
+}
+
 QWidget* screenInFront() {
-    if (QWidget* modal = QApplication::activeModalWidget())
-        return modal;
+    if (QWidget* modal = QApplication::activeModalWidget()) {
+        // A window beside the screen may be the one that is worked.
+        QWidget* active = QApplication::activeWindow();
+        return liesOver(active, modal) ? active : modal;
+    }
     if (QWidget* active = QApplication::activeWindow())
         return active;
     // Right after another box, or under another program, no window is the active one.

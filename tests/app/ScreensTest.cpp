@@ -15,6 +15,7 @@
 #include "app/SearchCom.h"
 #include "app/SelectComForm.h"
 #include "panel/forms/MainControlForm.h"
+#include "panel/forms/TrendForm.h"
 #include "parameters/forms/SetupParameters.h"
 #include "programs/forms/ProgramDraft.h"
 #include "programs/forms/ViewCompiledForm.h"
@@ -47,6 +48,18 @@ struct LonePanel : private OwnDraft, public MainControlForm {
         : OwnDraft(services), MainControlForm(services, draft, nullptr) {}
 };
 
+/// The trend, which a panel lends its handlers otherwise.
+struct OwnRecord {
+    explicit OwnRecord(const Services& services) : handlers(services, [] {}) {}
+    Handlers handlers;
+    TrendRecord record;
+};
+struct LoneTrend : private OwnRecord, public TrendForm {
+    explicit LoneTrend(const Services& services)
+        : OwnRecord(services),
+          TrendForm(nullptr, handlers, services, record, std::make_shared<WindowPlaces>()) {}
+};
+
 struct ScreenRow {
     const char* name;
     std::unique_ptr<QWidget> (*make)(World& world);
@@ -65,6 +78,10 @@ const ScreenRow screens[] = {
          auto form = std::make_unique<LonePanel>(world.services);
          form->Form_Load({{3}, "9600", "01"});
          return form;
+     }},
+    {"trend",
+     [](World& world) -> std::unique_ptr<QWidget> {
+         return std::make_unique<LoneTrend>(world.services);
      }},
     {"setup",
      [](World& world) {
@@ -184,7 +201,8 @@ TEST(Screens, ShowPositionAndStatusLargeAndNoNumberCut) {
     const auto heightsAt = [&](int width, int height) {
         panel->resize(width, height);
         QCoreApplication::processEvents();
-        for (const char* name : {"Pos", "EncPos", "Current", "ProgIndex", "Stat"}) {
+        for (const char* name :
+             {"Pos", "EncPos", "FollowingError", "Current", "ProgIndex", "Stat"}) {
             const auto& field = control<QLineEdit>(*panel, name);
             QStyleOptionFrame frame;
             frame.initFrom(&field);

@@ -32,6 +32,11 @@ class RecordingGate : public Gate {
                           std::function<void()> whileShown = {});
     void expectSaveDialog(const FileChoice& choice, std::optional<std::string> chosen,
                           std::function<void()> whileShown = {});
+    /// Announces a dialog whose texts only need to hold these words.
+    void expectSaveDialogWith(std::string words, std::optional<std::string> chosen,
+                              std::function<void()> whileShown = {}) {
+        m_expected.push_back({std::move(words), false, std::move(whileShown), std::move(chosen)});
+    }
 
     void message(std::string_view text) override { meet(std::string(text)); }
     bool ask(std::string_view title, std::string_view text) override;
