@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "link/BusTalk.h"
 #include "link/DeviceNotes.h"
 #include "link/Exchange.h"
 #include "link/Flavour.h"
@@ -64,7 +65,7 @@ class ScreenLink {
     void sendAll(const std::vector<std::string>& commands);
 
     /// Drops what has arrived: late answers to what has been given up.
-    void dropInput();
+    void dropInput() { m_talk.dropInput(); }
     /// Reads one more line as the reply to `command`, which has been written, after one that was
     /// the late answer to another command. Everything else as SendReceive().
     std::string receive(std::string_view command);
@@ -75,7 +76,10 @@ class ScreenLink {
 
     /// Sends "ABORT" to the controller as a raw conversation: whatever the flags say, and without
     /// a message unless the port is lost.
-    Ending abort() { return converse({.deviceId = connection.deviceId, .command = "ABORT"}); }
+    Ending abort() {
+        const AskedBy operatorsAct(busLog(), Asker::screen);  // under a message of a refresh, too
+        return converse({.deviceId = connection.deviceId, .command = "ABORT"});
+    }
 
     /// Takes connection and flags over from the main screen; tells the listener.
     void takeOver(const LinkHandOver& handOver);
@@ -114,6 +118,8 @@ class ScreenLink {
     Connection connection;
     /// What the screens of one run know of the controllers; never null.
     std::shared_ptr<DeviceNotes> notes = std::make_shared<DeviceNotes>();
+    /// Where the exchanges of this run are kept.
+    [[nodiscard]] BusLog& busLog() const { return *m_services.busLog; }
 
  private:
     struct Exchanged {
@@ -130,6 +136,7 @@ class ScreenLink {
     const Flavour& m_flavour;
     LinkListener* m_listener;
     std::unique_ptr<Port> MSComm1;
+    BusTalk m_talk;
     bool m_portReady = false;
     bool m_commOk = false;
     bool m_lossReported = false;

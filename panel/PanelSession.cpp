@@ -91,6 +91,7 @@ void PanelSession::pollTick() {
     if (link.PollPaused() || !link.PortReady())
         return;
     try {
+        const AskedBy poll(link.busLog(), link.CommOK() ? Asker::poll : Asker::probe);
         if (link.CommOK()) {
             passOverAxis();
         } else {

@@ -24,7 +24,8 @@ Services withGate(const Services& world, Gate& gate) {
             .processes = world.processes,
             .ownFolder = world.ownFolder,
             .dataFolder = world.dataFolder,
-            .makePort = world.makePort};
+            .makePort = world.makePort,
+            .busLog = world.busLog};
 }
 
 /// The windows from the one that `widget` is on down to the first: each lies over the next.
