@@ -31,8 +31,11 @@ Services withGate(const Services& world, Gate& gate) {
 /// The windows from the one that `widget` is on down to the first: each lies over the next.
 std::vector<QWidget*> windowsBelow(QWidget& widget) {
     std::vector<QWidget*> windows;
-    for (QWidget* at = &widget; at; at = windows.back()->parentWidget())
+    for (QWidget* at = &widget; at;) {
         windows.push_back(at->window());
+        const auto* screen = qobject_cast<Screen*>(windows.back());
+        at = screen ? screen->standsOver() : windows.back()->parentWidget();
+    }
     return windows;
 }
 
@@ -48,7 +51,7 @@ Screen::Screen(const Services& world, QWidget* parent)
       m_gate(
           world.gate, [this] { heldOff(); }, [this] { m_doubleClicks.windowClosed(); }),
       m_services(withGate(world, m_gate)),
-      handlers(m_services, [this] { done(Rejected); }) {
+      handlers(m_services, [this] { leave(); }) {
     // A press or a key is looked at wherever it goes: to a list of this screen's, to a box over it.
     qApp->installEventFilter(this);
 }
@@ -86,8 +89,11 @@ void Screen::act(const Stop& stop) {
         leaveWindowsAbove();
 }
 
-/// The program ended under a box or a screen that stands over this one: their event loops are left,
-/// and the handlers that opened them unwind.
+void Screen::leave() {
+    done(Rejected);
+    leaveWindowsAbove();  // a file dialog of a window beside this one
+}
+
 void Screen::leaveWindowsAbove() {
     QWidget* last = nullptr;
     while (QWidget* above = QApplication::activeModalWidget()) {

@@ -27,6 +27,9 @@ class Screen : public QDialog {
     /// when the program was ended meanwhile.
     void showModal();
 
+    /// The window that this one lies over.
+    [[nodiscard]] virtual QWidget* standsOver() const { return parentWidget(); }
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -36,6 +39,8 @@ class Screen : public QDialog {
  protected:
     /// What the screen's close button does; runs as a handler.
     virtual void closeScreen() = 0;
+    /// Ends the screen as the program ends within one of its handlers.
+    virtual void leave();
     /// A box is about to stand in front, or another screen: what this one reads is held off.
     virtual void heldOff() {}
 
@@ -66,6 +71,8 @@ class Screen : public QDialog {
     bool filterKey(QWidget& watched, QEvent& event);
     bool filterPress(QWidget& watched, const QMouseEvent& press);
     void act(const Stop& stop);
+    /// The program ended under a box or a screen that stands over this one: their event loops are
+    /// left, and the handlers that opened them unwind.
     void leaveWindowsAbove();
 
     DoubleClickGuard m_doubleClicks;
