@@ -22,6 +22,7 @@
 #include "support/FormDriver.h"
 #include "support/RealWorld.h"
 #include "support/SimulatedBus.h"
+#include "terminal/forms/BusForm.h"
 #include "terminal/forms/EntryFields.h"
 
 namespace zlt::pictures {
@@ -48,6 +49,7 @@ class Walk : public RealWorld {
                                           [](std::int64_t) {});
         };
         std::ofstream("zlt-r-485.ports") << "COM1=./com1\nCOM2=/dev/ttyUSB99\n";
+        real.busLog = std::make_shared<BusLog>([this] { return look(); });
     }
 
     void go();
@@ -61,13 +63,22 @@ class Walk : public RealWorld {
     void setup(QWidget& form);
     void terminal(QWidget& form);
     void variables(QWidget& form);
+    void bus(QWidget& form);
 
     void take(QWidget& form, const char* name) const;
     /// Clicks a button and visits the screen that opens, which is closed afterwards.
     void visit(QWidget& form, const char* button, const std::function<void(QWidget&)>& work);
     void waitForText(QWidget& form, const char* control, const std::string& text) const;
-    void enter(QWidget& form, const char* control, const char* command) const;
+    void enter(QWidget& form, const char* control, const char* command);
+    /// The time of day as the bus monitor shows it: it goes on with what the operator does.
+    Moment look() {
+        m_time.steady += m_taken;
+        return m_time;
+    }
 
+    std::chrono::microseconds m_taken{12'400};  ///< by each exchange
+    Moment m_time{
+        {}, std::chrono::sys_days(std::chrono::year(2026) / 11 / 22) + std::chrono::hours(14)};
     std::filesystem::path m_pictures;
     SimulatedBus m_bus{{QStringLiteral("--controller"), QStringLiteral("id=1,limits=-90000:90000"),
                         QStringLiteral("--unpaced")}};
@@ -113,7 +124,8 @@ void Walk::visit(QWidget& form, const char* button, const std::function<void(QWi
     click(form, button);
 }
 
-void Walk::enter(QWidget& form, const char* control, const char* command) const {
+void Walk::enter(QWidget& form, const char* control, const char* command) {
+    m_time.wall += std::chrono::milliseconds(4'217);
     auto& line = test::control<CommandLine>(form, control);
     QTest::keyClicks(&line, QString::fromLatin1(command));
     QTest::keyClick(&line, Qt::Key_Return);
@@ -171,6 +183,7 @@ void Walk::panel(QWidget& form) {
     visit(form, "Setup", [this](QWidget& screen) { setup(screen); });
     visit(form, "ManualTerminal", [this](QWidget& screen) { terminal(screen); });
     visit(form, "Variable", [this](QWidget& screen) { variables(screen); });
+    bus(form);
 }
 
 void Walk::runProgram(QWidget& form) {
@@ -223,6 +236,17 @@ void Walk::variables(QWidget& form) {
         enter(form, "SendText", command);
     waitForText(form, "V17", "-15");
     take(form, "variables");
+}
+
+void Walk::bus(QWidget& form) {
+    enter(form, "SendTerminalText", "HSPD");
+    choose(form, "DeviceIDComboTerminal", "05");  // there is none
+    m_taken = std::chrono::microseconds(512'300);
+    enter(form, "SendTerminalText", "PX");
+    click(form, "Bus");
+    auto& monitor = *form.findChild<BusForm*>();
+    take(monitor, "bus");
+    monitor.close();
 }
 
 }  // namespace

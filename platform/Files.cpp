@@ -21,7 +21,7 @@ std::string utf8FromPath(const std::filesystem::path& path) {
 std::optional<std::filesystem::path> chooseSaveName(Gate& gate, const FileChoice& choice,
                                                     std::string_view emptyNameMessage) {
     const auto name = gate.chooseToSave(choice);
-    if (name && name->empty())
+    if (name && name->empty() && !emptyNameMessage.empty())
         gate.message(emptyNameMessage);
     if (!name || name->empty() || hasWildcard(*name))
         return std::nullopt;

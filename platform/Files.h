@@ -16,7 +16,7 @@ std::filesystem::path pathFromUtf8(std::string_view name);
 std::string utf8FromPath(const std::filesystem::path& path);
 
 /// Asks under which name to save. Nothing when the operator cancelled, when the name holds a "*",
-/// or when it is empty, which is then told by `emptyNameMessage`.
+/// or when it is empty, which is then told by `emptyNameMessage`, if there is one.
 std::optional<std::filesystem::path> chooseSaveName(Gate& gate, const FileChoice& choice,
                                                     std::string_view emptyNameMessage);
 /// Asks which file to open; it need not exist. Nothing when the operator cancelled, and for a name

@@ -7,6 +7,7 @@
 
 #include "parameters/forms/SetupParameters.h"
 #include "programs/forms/XThreadForm.h"
+#include "terminal/forms/BusForm.h"
 #include "terminal/forms/TerminalForm.h"
 #include "terminal/forms/VariableForm.h"
 #include "ui_MainControlForm.h"
@@ -88,6 +89,7 @@ void MainControlForm::connectControls(ProgramDraft& draft) {
     handlers.onClick(*m_ui->ManualTerminal,
                      [this](bool) { showOverPanel<TerminalForm>(m_terminalHistory); });
     handlers.onClick(*m_ui->Variable, [this](bool) { showOverPanel<VariableForm>(); });
+    handlers.onClick(*m_ui->Bus, [this](bool) { Bus_Click(); });
 }
 
 void MainControlForm::Form_Load(const Connection& connection) {
@@ -135,6 +137,12 @@ void MainControlForm::XThread_Click() {
     if (m_session.link.firmware < firmwareWithSecondThread)
         return;
     showOverPanel<XThreadForm>();
+}
+
+void MainControlForm::Bus_Click() {
+    if (!m_bus)
+        m_bus = std::make_unique<BusForm>(services(), *this);
+    m_bus->showBeside();
 }
 
 // What the rules show, passed on to the frames that show it

@@ -16,6 +16,7 @@ class MainControlForm;
 
 namespace zlt {
 
+class BusForm;
 class ProgramDraft;
 
 /// The control panel: places the frames, owns the poll, and passes on between the operator
@@ -50,6 +51,7 @@ class MainControlForm : public Screen, private PanelView {
     void Command2_Click();
     void Setup_Click();
     void XThread_Click();
+    void Bus_Click();
 
     void closeScreen() override { Command2_Click(); }
     void heldOff() override { m_session.holdOff(); }
@@ -76,6 +78,7 @@ class MainControlForm : public Screen, private PanelView {
     MotionCommands m_motion;
     OutputCommands m_outputs;
     CommandHistory m_terminalHistory;
+    std::unique_ptr<BusForm> m_bus;  ///< once it has been opened
     QTimer m_timer1{this};
     bool m_startsInProgram = false;
 };

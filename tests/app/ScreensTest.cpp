@@ -21,6 +21,7 @@
 #include "programs/forms/XThreadForm.h"
 #include "support/FormDriver.h"
 #include "support/World.h"
+#include "terminal/forms/BusForm.h"
 #include "terminal/forms/TerminalForm.h"
 #include "terminal/forms/VariableForm.h"
 
@@ -45,6 +46,14 @@ struct OwnDraft {
 struct LonePanel : private OwnDraft, public MainControlForm {
     explicit LonePanel(const Services& services)
         : OwnDraft(services), MainControlForm(services, draft, nullptr) {}
+};
+
+/// A window beside a screen, with one that it stands beside.
+struct OwnOwner {
+    QWidget owner;
+};
+struct LoneBus : private OwnOwner, public BusForm {
+    explicit LoneBus(const Services& services) : BusForm(services, owner) {}
 };
 
 struct ScreenRow {
@@ -78,6 +87,11 @@ const ScreenRow screens[] = {
          return loaded<TerminalForm>(world, handOver, history);
      }},
     {"variables", [](World& world) { return loaded<VariableForm>(world, handOver); }},
+    {"bus",
+     [](World& world) -> std::unique_ptr<QWidget> {
+         ScreenLink(world.services, flavours::terminal, nullptr).SendReceive("PX");
+         return std::make_unique<LoneBus>(world.services);
+     }},
     {"threads", [](World& world) { return loaded<XThreadForm>(world, handOver); }},
     {"listing",
      [](World& world) -> std::unique_ptr<QWidget> {
