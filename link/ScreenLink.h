@@ -99,6 +99,8 @@ class ScreenLink {
 
     /// What is not as it was asked for on the open port, a sentence; often empty.
     [[nodiscard]] std::string portRemark() const { return MSComm1->remark(); }
+    /// The device that stands behind the port, or stood there when it was open last.
+    [[nodiscard]] std::string portDevice() const { return MSComm1->device(); }
     /// What the last exchange's reply said of the line.
     [[nodiscard]] LineFault lineFault() const { return m_lineFault; }
 

@@ -44,6 +44,9 @@ class BadField : public std::runtime_error {
 /// How the panel stands with its controller.
 enum class LinkState { opening, answering, silent, noPort };
 
+/// What stands in place of an identity or a version that is not known.
+inline constexpr std::string_view unknownText = "???";
+
 /// What the control panel shows beside the axis. Texts are Latin-1 where nothing else is said.
 struct PanelState {
     LinkState link = LinkState::opening;

@@ -1,7 +1,10 @@
 #include "panel/forms/MainControlForm.h"
 
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QShowEvent>
+#include <QToolTip>
 #include <chrono>
 #include <utility>
 
@@ -90,6 +93,7 @@ void MainControlForm::connectControls(ProgramDraft& draft) {
                      [this](bool) { showOverPanel<TerminalForm>(m_terminalHistory); });
     handlers.onClick(*m_ui->Variable, [this](bool) { showOverPanel<VariableForm>(); });
     handlers.onClick(*m_ui->Bus, [this](bool) { Bus_Click(); });
+    handlers.onClick(*m_ui->CopyState, [this](bool) { CopyState_Click(); });
 }
 
 void MainControlForm::Form_Load(const Connection& connection) {
@@ -145,12 +149,34 @@ void MainControlForm::Bus_Click() {
     m_bus->showBeside();
 }
 
+void MainControlForm::CopyState_Click() {
+    constexpr std::size_t exchanges = 50;
+    const BusLog& log = *services().busLog;
+    const std::string text = stateText({.now = log.now(),
+                                        .connection = connection(),
+                                        .portDevice = link().portDevice(),
+                                        .panel = m_shown,
+                                        .readOuts = m_readOuts,
+                                        .note = m_session.link.notes->of(connection()),
+                                        .exchanges = log.last(exchanges, true),
+                                        .exchangesButPoll = log.last(exchanges, false)});
+    QGuiApplication::clipboard()->setText(fromUtf8(text));
+    QToolTip::showText(m_ui->CopyState->mapToGlobal(QPoint(0, m_ui->CopyState->height())),
+                       tr("The state is on the clipboard: paste it into a mail or a file."),
+                       m_ui->CopyState);
+}
+
 // What the rules show, passed on to the frames that show it
 
 void MainControlForm::showState(const PanelState& state) {
     if (state == m_shown)
         return;
     const PanelState before = std::exchange(m_shown, state);
+    const auto now = services().busLog->now().steady;
+    if (before.id != state.id && state.id != unknownText)
+        m_readOuts.note("Product", state.id, now);
+    if (before.version != state.version && state.version != unknownText)
+        m_readOuts.note("Firmware", state.version, now);
     m_ui->linkFrame->showState(state);
     m_ui->statusFrame->showState(state);
     m_ui->motionFrame->showState(state);
@@ -166,6 +192,8 @@ void MainControlForm::showState(const PanelState& state) {
 }
 
 void MainControlForm::showReading(const AxisReading& reading) {
+    if (m_session.link.CommOK())  // or the zeros of a time-out would pass for values
+        m_readOuts.note(reading, services().busLog->now().steady);
     m_ui->statusFrame->showReading(reading);
     m_ui->motionFrame->showReading(reading);
     m_ui->outputsFrame->showReading(reading);
@@ -180,6 +208,7 @@ void MainControlForm::resetSync() {
 }
 
 void MainControlForm::deviceSwitched(std::string_view before, std::string_view now) {
+    m_readOuts.clear();
     m_ui->outputsFrame->clearMarks();
     m_ui->motionFrame->clearMarks();
     m_ui->runControlFrame->forgetRunOnBoot();

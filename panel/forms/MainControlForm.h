@@ -7,6 +7,7 @@
 #include "panel/MotionCommands.h"
 #include "panel/OutputCommands.h"
 #include "panel/PanelSession.h"
+#include "panel/StateReport.h"
 #include "terminal/TerminalTalk.h"
 #include "widgets/Screen.h"
 
@@ -52,6 +53,7 @@ class MainControlForm : public Screen, private PanelView {
     void Setup_Click();
     void XThread_Click();
     void Bus_Click();
+    void CopyState_Click();
 
     void closeScreen() override { Command2_Click(); }
     void heldOff() override { m_session.holdOff(); }
@@ -77,6 +79,7 @@ class MainControlForm : public Screen, private PanelView {
     PanelSession m_session;
     MotionCommands m_motion;
     OutputCommands m_outputs;
+    ReadOuts m_readOuts;
     CommandHistory m_terminalHistory;
     std::unique_ptr<BusForm> m_bus;  ///< once it has been opened
     QTimer m_timer1{this};
