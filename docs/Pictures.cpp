@@ -18,7 +18,7 @@
 #include "app/SelectComForm.h"
 #include "panel/forms/MainControlForm.h"
 #include "platform_qt/QtSystem.h"
-#include "programs/forms/ProgramEditor.h"
+#include "programs/forms/CodeEditor.h"
 #include "support/FormDriver.h"
 #include "support/RealWorld.h"
 #include "support/SimulatedBus.h"
@@ -57,6 +57,7 @@ class Walk : public RealWorld {
     void search(QWidget& form);
     void panel(QWidget& form);
     void runProgram(QWidget& form);
+    void editor(QWidget& form);
     void threads(QWidget& form);
     void setup(QWidget& form);
     void terminal(QWidget& form);
@@ -187,6 +188,18 @@ void Walk::runProgram(QWidget& form) {
     waitForText(form, "Pos", "2516");
     waitForText(form, "Stat", "MOVING");
     take(form, "panel");
+    visit(form, "OpenText", [this](QWidget& screen) { editor(screen); });
+}
+
+void Walk::editor(QWidget& form) {
+    auto& text = control<CodeEditor>(form, "ProgramText");
+    if (!QTest::qWaitFor([&] { return text.runningLine() == 8; }, 30'000))
+        throw std::runtime_error("the editor does not mark the running line");
+    QTest::keyClick(&text, Qt::Key_H, Qt::ControlModifier);
+    control<QLineEdit>(form, "FindText").setText(QStringLiteral("waitx"));
+    control<QLineEdit>(form, "ReplaceText").setText(QStringLiteral("WAITX"));
+    QTest::keyClick(&text, Qt::Key_F3);
+    take(form, "editor");
 }
 
 void Walk::threads(QWidget& form) {

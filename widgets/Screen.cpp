@@ -45,11 +45,18 @@ Screen::Screen(const Services& world, QWidget* parent)
     : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       m_gate(
-          world.gate, [this] { heldOff(); }, [this] { m_doubleClicks.windowClosed(); }),
+          world.gate, [this] { heldOff(); }, [] { noteBoxClosed(); }),
       m_services(withGate(world, m_gate)),
       handlers(m_services, [this] { done(Rejected); }) {
     // A press or a key is looked at wherever it goes: to a list of this screen's, to a box over it.
     qApp->installEventFilter(this);
+}
+
+/// Whichever screen a box stood over: it may have been one that works by another's rules.
+void Screen::noteBoxClosed() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* screen = qobject_cast<Screen*>(window))
+            screen->m_doubleClicks.windowClosed();
 }
 
 void Screen::showModal() {

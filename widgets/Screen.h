@@ -63,6 +63,7 @@ class Screen : public QDialog {
         StopKey key;
     };
 
+    static void noteBoxClosed();
     bool filterKey(QWidget& watched, QEvent& event);
     bool filterPress(QWidget& watched, const QMouseEvent& press);
     void act(const Stop& stop);

@@ -16,6 +16,7 @@ namespace zlt {
 namespace {
 
 constexpr std::chrono::milliseconds pollInterval{10};
+constexpr std::chrono::milliseconds pollRest{200};
 
 std::unique_ptr<Ui::MainControlForm> makeControls(QDialog& form) {
     auto controls = std::make_unique<Ui::MainControlForm>();
@@ -68,7 +69,6 @@ void MainControlForm::connectControls(ProgramDraft& draft) {
     m_ui->statusFrame->connectTo(handlers, m_motion);
     m_ui->motionFrame->connectTo(handlers, m_session, m_motion, m_outputs);
     m_ui->outputsFrame->connectTo(handlers, m_outputs);
-    m_ui->programFrame->connectTo(handlers, services(), m_session.link, draft);
     const auto sendMotion = [this](std::string_view command) {
         m_ui->motionFrame->withFields(
             [&](MotionFields& fields) { m_motion.SendMotionCommand(fields, command); });
@@ -76,14 +76,17 @@ void MainControlForm::connectControls(ProgramDraft& draft) {
     m_ui->runControlFrame->connectTo(handlers, m_session.link, sendMotion,
                                      [this] { XThread_Click(); });
     m_ui->terminalFrame->connectTo(handlers, m_session.link);
-    const auto connectFieldStop = [this](StopButton& button, StopKey key,
-                                         void (MotionCommands::*stop)(MotionFields&)) {
-        const auto act = [this, stop](MotionFields& fields) { (m_motion.*stop)(fields); };
-        connectStop(
-            button, [this, act] { m_ui->motionFrame->withFields(act); }, key);
+    const auto fieldStop = [this](void (MotionCommands::*stop)(MotionFields&)) {
+        return [this, stop] {
+            m_ui->motionFrame->withFields([&](MotionFields& fields) { (m_motion.*stop)(fields); });
+        };
     };
-    connectFieldStop(m_ui->stopFrame->stop(), StopKey::none, &MotionCommands::stop);
-    connectFieldStop(m_ui->stopFrame->abort(), StopKey::f12, &MotionCommands::abort);
+    connectStop(m_ui->stopFrame->stop(), fieldStop(&MotionCommands::stop), StopKey::none);
+    connectStop(m_ui->stopFrame->abort(), fieldStop(&MotionCommands::abort), StopKey::f12);
+    m_ui->programFrame->connectTo(handlers, services(), m_session.link, draft,
+                                  {.stop = fieldStop(&MotionCommands::abort),
+                                   .poll = [this] { return pollUnderEditor(); },
+                                   .rest = [this] { m_session.holdOff(); }});
     handlers.onClick(*m_ui->Setup, [this](bool) { Setup_Click(); });
     handlers.onClick(*m_ui->ManualTerminal,
                      [this](bool) { showOverPanel<TerminalForm>(m_terminalHistory); });
@@ -118,6 +121,15 @@ std::chrono::milliseconds MainControlForm::Timer1_Timer() {
     return pollInterval - std::chrono::milliseconds(pass.elapsed());
 }
 
+/// A silent controller would hold up the typing, and the demo's moves go on only where its button
+/// is in sight.
+std::chrono::milliseconds MainControlForm::pollUnderEditor() {
+    if (m_session.link.CommOK() && !m_shown.demo)
+        return Timer1_Timer();
+    m_session.holdOff();
+    return pollRest;
+}
+
 void MainControlForm::Command2_Click() {
     m_timer1.stop();
     m_session.unload();
@@ -149,6 +161,8 @@ void MainControlForm::showState(const PanelState& state) {
     m_ui->outputsFrame->showState(state);
     m_ui->stopFrame->showState(state);
     m_ui->terminalFrame->showLive(state.live);
+    if (!state.live)
+        m_ui->programFrame->hideProgress();
     if (state.loadedFirmware)
         m_ui->runControlFrame->gateFeatures(*state.loadedFirmware);
     if (before.live && !state.live)
@@ -161,6 +175,10 @@ void MainControlForm::showReading(const AxisReading& reading) {
     m_ui->statusFrame->showReading(reading);
     m_ui->motionFrame->showReading(reading);
     m_ui->outputsFrame->showReading(reading);
+    if (reading.program && m_session.link.CommOK())
+        m_ui->programFrame->showProgress(reading.program->line, reading.program->state);
+    else
+        m_ui->programFrame->hideProgress();
 }
 
 void MainControlForm::fillSettings(std::string_view speed, std::string_view acceleration) {
@@ -179,6 +197,7 @@ void MainControlForm::deviceSwitched(std::string_view before, std::string_view n
 }
 
 void MainControlForm::forgetProgram() {
+    m_ui->programFrame->forgetController();
     m_ui->statusFrame->forgetProgram();
     m_ui->outputsFrame->forgetProgram();
 }

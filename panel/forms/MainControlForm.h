@@ -47,6 +47,8 @@ class MainControlForm : public Screen, private PanelView {
 
  private:
     std::chrono::milliseconds Timer1_Timer();
+    /// A pass of the poll while the program editor stands over the panel.
+    std::chrono::milliseconds pollUnderEditor();
     void Command2_Click();
     void Setup_Click();
     void XThread_Click();
