@@ -43,6 +43,7 @@ void CodeEditor::follow(EditorSettings& settings) {
 void CodeEditor::zoom(int points) {
     m_settings->zoom = points == 0 ? 0 : m_settings->zoom + points;
     follow(*m_settings);
+    ensureCursorVisible();
 }
 
 bool CodeEditor::goToLine(int line) {

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTextBlock>
 #include <QVBoxLayout>
 #include <utility>
@@ -23,6 +24,7 @@ constexpr auto firstLook = 10ms;
 /// How soon the poll goes on after an edit was taken back.
 constexpr auto resting = 200ms;
 constexpr QSize roomy(1000, 660);
+constexpr QSize besideWindow(20, 60);  ///< its frame and title
 
 }  // namespace
 
@@ -34,7 +36,7 @@ ProgramEditForm2::ProgramEditForm2(const Services& world, ProgramActions& action
       m_draft(draft),
       m_below(std::move(below)) {
     m_ui->setupUi(this);
-    resize(roomy);
+    resize(roomy.boundedTo(screen()->availableSize() - besideWindow));
     m_ui->lineRow->hide();
     m_sheet = std::make_unique<ProgramSheet>(ProgramSheet::Controls{
         *m_ui->ProgramText, *m_ui->CompiledLines, *new QLabel(this), [this] { showTitle(); },
