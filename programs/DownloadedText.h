@@ -20,10 +20,10 @@ class DownloadedText {
     void forget() { m_text.reset(); }
 
     /// Nothing while it is not known.
-    const std::optional<std::string>& text() const { return m_text; }
+    [[nodiscard]] const std::optional<std::string>& text() const { return m_text; }
     /// The text's line, from 1, that a program counter, from 0, stands for. Nothing where the
     /// listing has another number of lines than the text: then they do not stand side by side.
-    std::optional<int> lineOf(std::int32_t counter) const;
+    [[nodiscard]] std::optional<int> lineOf(std::int32_t counter) const;
 
  private:
     std::string m_compiledText;

@@ -21,10 +21,10 @@ class ProgramView : public ToolRunView {
  public:
     /// The program as Latin-1, CR LF between lines. Throws NotLatin1 naming a character that
     /// no file can hold, and its line, with that character selected.
-    virtual std::string program() const = 0;
-    virtual bool programEmpty() const = 0;
+    [[nodiscard]] virtual std::string program() const = 0;
+    [[nodiscard]] virtual bool programEmpty() const = 0;
     /// Whether exactly this text (Latin-1, CR LF between lines) stands in the box.
-    virtual bool shows(std::string_view text) const = 0;
+    [[nodiscard]] virtual bool shows(std::string_view text) const = 0;
     /// Replaces the program; undo brings the one before back.
     virtual void setProgram(std::string_view text) = 0;
     /// What stands in the box now is what stands in a file.
@@ -114,7 +114,7 @@ class ProgramActions {
     /// The controller is another one now.
     void forgetController();
     /// Whether the box holds the text that the controller's program was made of.
-    bool showsDownloaded() const;
+    [[nodiscard]] bool showsDownloaded() const;
 
     /// Set at the start and by each download and clear. Nothing reads it yet.
     int reinitialise = 1;

@@ -19,17 +19,17 @@ class ProgramFile {
     /// The text belongs to no file any more.
     void forget() { belongsTo({}, {}); }
 
-    bool known() const { return !m_file.empty(); }
-    const std::filesystem::path& path() const { return m_file; }
+    [[nodiscard]] bool known() const { return !m_file.empty(); }
+    [[nodiscard]] const std::filesystem::path& path() const { return m_file; }
     /// Its name without its folder, UTF-8; empty while there is none.
-    std::string name() const;
+    [[nodiscard]] std::string name() const;
 
     enum class OnDisk { asKnown, changed, gone };
     /// What has become of the file; `gone` also when it cannot be read whole. Without a file
     /// everything is as known.
     OnDisk look();
     /// What look() has read of a changed file. Latin-1, as it stands there.
-    const std::string& found() const { return m_found; }
+    [[nodiscard]] const std::string& found() const { return m_found; }
     /// What look() has found is known from now on.
     void takeNote() { m_bytes = m_found; }
 

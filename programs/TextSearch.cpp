@@ -8,13 +8,13 @@ namespace {
 constexpr char16_t lastOfLatin1 = 0xFF;
 
 /// The small letter, within Latin-1.
-char16_t small(char16_t c) {
+char16_t smallLetter(char16_t c) {
     const bool capital = (c >= u'A' && c <= u'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7);
     return capital ? static_cast<char16_t>(c + 0x20) : c;
 }
 
-bool isWordSign(char16_t c) {
-    const bool letter = (small(c) >= u'a' && small(c) <= u'z') ||
+bool belongsToWord(char16_t c) {
+    const bool letter = (smallLetter(c) >= u'a' && smallLetter(c) <= u'z') ||
                         (c >= 0xC0 && c <= lastOfLatin1 && c != 0xD7 && c != 0xF7);
     return letter || (c >= u'0' && c <= u'9') || c == u'_' || c == 0xB5;
 }
@@ -22,14 +22,14 @@ bool isWordSign(char16_t c) {
 std::u16string folded(std::u16string_view text, bool matchCase) {
     std::u16string same(text);
     if (!matchCase)
-        std::transform(same.begin(), same.end(), same.begin(), small);
+        std::transform(same.begin(), same.end(), same.begin(), smallLetter);
     return same;
 }
 
 bool standsAlone(std::u16string_view text, std::size_t begin, std::size_t length) {
     const std::size_t end = begin + length;
-    return (begin == 0 || !isWordSign(text[begin - 1])) &&
-           (end == text.size() || !isWordSign(text[end]));
+    return (begin == 0 || !belongsToWord(text[begin - 1])) &&
+           (end == text.size() || !belongsToWord(text[end]));
 }
 
 }  // namespace

@@ -44,8 +44,8 @@ class FindBar : public QWidget {
     void replace();
     void replaceAll();
     void select(const std::vector<std::size_t>& places, std::size_t index, bool wrapped);
-    SearchRule rule() const;
-    QString replacement() const;
+    [[nodiscard]] SearchRule rule() const;
+    [[nodiscard]] QString replacement() const;
 
     std::unique_ptr<Ui::FindBar> m_ui;
     ProgramEditor* m_box = nullptr;

@@ -47,7 +47,7 @@ class ProgramEditForm2 : public Screen {
     ProgramSheet& sheet() { return *m_sheet; }
     void placeCursor(int position);
     /// Cursor and selection in the text.
-    QTextCursor cursor() const;
+    [[nodiscard]] QTextCursor cursor() const;
 
  protected:
     void keyPressEvent(QKeyEvent* event) override;

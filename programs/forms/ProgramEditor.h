@@ -24,9 +24,9 @@ class ProgramEditor : public QPlainTextEdit {
 
     /// The whole text. Throws NotLatin1 naming the first character that no file can hold, and
     /// its line.
-    std::string program() const;
+    [[nodiscard]] std::string program() const;
     /// Whether exactly this text (Latin-1, CR LF between lines) stands here.
-    bool shows(std::string_view text) const;
+    [[nodiscard]] bool shows(std::string_view text) const;
     /// Replaces the whole text in one step that undo takes back.
     void setProgram(std::string_view text);
 
@@ -36,7 +36,7 @@ class ProgramEditor : public QPlainTextEdit {
     void SelectEditorLine(int line);
     /// Marks the line, from 1, that the controller is at; nothing takes the mark away.
     void showRunningLine(std::optional<int> line);
-    std::optional<int> runningLine() const { return m_runningLine; }
+    [[nodiscard]] std::optional<int> runningLine() const { return m_runningLine; }
     /// Selects the character that program() names, and gives the box the focus.
     void selectForeignCharacter();
 

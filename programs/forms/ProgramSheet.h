@@ -29,9 +29,9 @@ class ProgramSheet : public ProgramView {
     /// Shows of the last compile what the other sheet shows.
     void continueFrom(const ProgramSheet& other);
 
-    std::string program() const override;
-    bool programEmpty() const override;
-    bool shows(std::string_view text) const override;
+    [[nodiscard]] std::string program() const override;
+    [[nodiscard]] bool programEmpty() const override;
+    [[nodiscard]] bool shows(std::string_view text) const override;
     void setProgram(std::string_view text) override;
     void markSaved() override;
     void markUnsaved() override;
@@ -46,7 +46,7 @@ class ProgramSheet : public ProgramView {
     void clearRunningTool() override;
 
     /// "a.prg – not saved": the text's file and whether it holds the text; either may be missing.
-    QString fileAndState(const QString& name) const;
+    [[nodiscard]] QString fileAndState(const QString& name) const;
 
  private:
     Controls m_controls;

@@ -13,8 +13,8 @@
 namespace zlt::test {
 namespace {
 
-const ProcessEnd exited{ProcessEnd::Kind::exited, {}};
-const FileChoice saveChoice{"Save ZLT-R-NX Program As", "ZLT-R-NX Program Files (*.prg)|*.prg", ""};
+const ProcessEnd wentWell{ProcessEnd::Kind::wentWell, {}};
+const FileChoice saveDialog{"Save ZLT-R-NX Program As", "ZLT-R-NX Program Files (*.prg)|*.prg", ""};
 constexpr auto ctrl = Qt::ControlModifier;
 
 class ProgramEditFormTest : public LoadedPanel {
@@ -52,7 +52,7 @@ class ProgramEditFormTest : public LoadedPanel {
             files.writeWhole(
                 tool == "SA_Download_Upload" ? "EXE/DownloadOut.txt" : "EXE/CompileOut.txt",
                 listing);
-            return exited;
+            return wentWell;
         };
     }
 
@@ -148,7 +148,7 @@ TEST_F(ProgramEditFormTest, FindsReplacesAndGoesToLines) {
 TEST_F(ProgramEditFormTest, SavesToTheTextsOwnFileAndHeedsOtherPrograms) {
     ASSERT_TRUE(inFront(form));
     box.setProgram("X1");
-    gate.expectSaveDialog(saveChoice, "a&b.prg");
+    gate.expectSaveDialog(saveDialog, "a&b.prg");
     gate.expectMessage("Save Done!");
     QTest::keyClick(&box, Qt::Key_S, ctrl);
     EXPECT_EQ(groupTitle(), "Program \u2013 a&&b.prg");
@@ -197,7 +197,7 @@ TEST_F(ProgramEditFormTest, SavesToTheTextsOwnFileAndHeedsOtherPrograms) {
         draft.file().belongsTo("a&b.prg", "");
         tools.run = [this](const std::string&) {
             files.writeWhole("EXE/DecompileOut.prg", "OK");
-            return exited;
+            return wentWell;
         };
         if (button == std::string_view("UploadSAP"))
             gate.expectMessage("Done!");
@@ -209,7 +209,7 @@ TEST_F(ProgramEditFormTest, SavesToTheTextsOwnFileAndHeedsOtherPrograms) {
 TEST_F(ProgramEditFormTest, GoesToEachLineThatTheCompilerNames) {
     tools.run = [this](const std::string&) {
         files.writeWhole("EXE/CompileOut.txt", "FAILED\nLine: 2\nLine: 3\n");
-        return exited;
+        return wentWell;
     };
     box.setProgram("one\r\ntwo\r\nthree");
     inEditor([this](QWidget& screen, CodeEditor& text) {
@@ -227,7 +227,7 @@ TEST_F(ProgramEditFormTest, GoesToEachLineThatTheCompilerNames) {
         EXPECT_EQ(text.textCursor().selectedText(), QStringLiteral("\u2029three"));
         tools.run = [this](const std::string&) {
             files.writeWhole("EXE/CompileOut.txt", "OK\n00 A\n");
-            return exited;
+            return wentWell;
         };
         gate.expectMessage("Done!");
         QTest::keyClick(&text, Qt::Key_F7);
