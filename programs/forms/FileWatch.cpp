@@ -31,9 +31,11 @@ bool FileWatch::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void FileWatch::lookOnceIdle() {
-    if (QApplication::mouseButtons() != Qt::NoButton)
+    const bool handAtWork =
+        QApplication::mouseButtons() != Qt::NoButton || QApplication::activePopupWidget();
+    if (handAtWork)
         m_soon.start();
-    else if (m_window.isActiveWindow() && !QApplication::activePopupWidget())
+    else if (m_window.isActiveWindow())
         m_handlers.run(m_look);
 }
 
