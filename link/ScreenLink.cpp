@@ -96,6 +96,8 @@ ScreenLink::Exchanged ScreenLink::read(std::string_view command) {
     if (reply.empty() && !mayBeEmpty)
         return {{}, &m_flavour.onEmptyReply, Ending::reply};
     notes->noteReply(connection, command, reply);
+    if (m_listener)
+        m_listener->replied(command, reply);
     return {std::string(reply)};
 }
 

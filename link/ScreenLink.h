@@ -25,6 +25,8 @@ class LinkListener {
     virtual void exchangeTimedOut() = 0;
     /// The port is gone; both flags are clear already.
     virtual void portLost() = 0;
+    /// A reply came, Latin-1, as SendReceive() is about to return it.
+    virtual void replied(std::string_view /*command*/, std::string_view /*reply*/) {}
 };
 
 /// A conversation past the exchange, for texts that the operator typed: the reply is handed on
@@ -57,7 +59,7 @@ class ScreenLink {
 
     /// Sends one command to the addressed controller and returns its reply without header and
     /// carriage return, or "0" when there was none. Blocks until the exchange is over. Never
-    /// throws but by ending the program, where the flavour says so.
+    /// throws but by ending the program, where the flavour says so, and what the listener throws.
     std::string SendReceive(std::string_view command);
 
     /// Sends several commands right after one another; what failed is told once all are out.

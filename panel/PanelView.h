@@ -18,6 +18,8 @@ struct MotionFields {
     std::string speed;
     std::string acceleration;
     std::string position;
+    /// An empty speed or acceleration is filled and sent; else it is left out.
+    bool fillsEmpty = true;
 };
 
 /// When the synchronisation output is on, by the number after "SYNC=".

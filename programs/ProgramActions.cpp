@@ -81,19 +81,21 @@ void ProgramActions::saveProgram() {
         m_view.markSaved();
 }
 
-void ProgramActions::compile() {
+bool ProgramActions::compile() {
     if (m_view.programEmpty()) {
         m_services.gate.message("Nothing to compile!");
-        return;
+        return false;
     }
     const PollPause pause(m_link);  // the panel stands still while the tool runs
     m_tools.write(toolfiles::program, WriteTextAsLines(m_view.program()).value_or(""));
     writeCompilerSetup("COMPILE", toolfiles::program);
     m_tools.RunToolAndWait(compiler, toolfiles::compiled);
-    if (m_tools.CheckToolResult(toolfiles::compiled))
+    const bool done = m_tools.CheckToolResult(toolfiles::compiled);
+    if (done)
         m_view.showCompiledLines("Lines: " + withSignBlank(m_tools.CountCompiledLines()));
     else
         m_view.SelectEditorLine(m_tools.ReadCompileErrorLine());
+    return done;
 }
 
 void ProgramActions::writeCompilerSetup(const char* operation, std::string_view file) {
@@ -137,47 +139,51 @@ void ProgramActions::writeDownloaderSetup(const Target& target, const char* oper
                         {"MOD", std::string(controllerModel)}});
 }
 
-void ProgramActions::sendToController(const char* operation) {
+bool ProgramActions::sendToController(const char* operation) {
     if (!m_link.CommOK()) {
         m_services.gate.message("Communication not open!");
-        return;
+        return false;
     }
     m_link.SendReceive("SR0=0");
     m_link.SendReceive("SR1=0");
     const Target target = askTarget();
     if (!m_link.CommOK())
-        return;
+        return false;
+    bool done = false;
     m_link.lendPort(
         [&] {
             checkPortNumber();
             writeDownloaderSetup(target, operation, " 510");
             m_tools.RunToolAndWait(downloader, toolfiles::downloaded);
-            m_tools.CheckToolResult(toolfiles::downloaded);
+            done = m_tools.CheckToolResult(toolfiles::downloaded);
             reinitialise = 1;
         },
         handOverWait);
+    return done;
 }
 
-void ProgramActions::upload() {
+bool ProgramActions::upload() {
     if (!m_link.CommOK())
-        return;
+        return false;
     const Target target = askTarget();
+    bool done = false;
     m_link.lendPort(
         [&] {
             checkPortNumber();
             writeDownloaderSetup(target, "UPLOAD", "510");
             // An image of an earlier upload must not be taken for this controller's program.
             m_tools.runUnchecked(downloader, toolfiles::uploaded);
-            readProgramBack();
+            done = readProgramBack();
         },
         handOverWait);
+    return done;
 }
 
-void ProgramActions::readProgramBack() {
+bool ProgramActions::readProgramBack() {
     writeCompilerSetup("DECOMPILE", toolfiles::uploaded);
     m_tools.RunToolAndWait(compiler, toolfiles::decompiled);
     m_view.setProgram(textOfLines(m_tools.readResult(toolfiles::decompiled)));
-    m_tools.CheckToolResult(toolfiles::decompiled);
+    return m_tools.CheckToolResult(toolfiles::decompiled);
 }
 
 }  // namespace zlt

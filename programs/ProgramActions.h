@@ -50,22 +50,22 @@ class ProgramActions {
     /// As saveAsLines().
     void saveProgram();
     /// Blocks until the compiler has ended; its result is told. Throws ToolError when it did not do
-    /// its part, and NotLatin1.
-    void compile();
+    /// its part, and NotLatin1. True for a good result.
+    bool compile();
     /// Shows the last listing; nothing when there is none.
     void viewListing();
 
     // Each asks the controller first, lends the port to the tool and blocks until that has ended;
     // its result is told. They throw ToolError, the port taken back, when a tool did not do its
-    // part, or would not come to this controller.
+    // part, or would not come to this controller. True for a good result.
 
     /// Stop both threads, then send the last listing, or erase the program memory. Without
     /// communication they say so and do nothing.
-    void download() { sendToController("DOWNLOAD"); }
-    void clearMemory() { sendToController("CLEAR"); }
+    bool download() { return sendToController("DOWNLOAD"); }
+    bool clearMemory() { return sendToController("CLEAR"); }
     /// Replaces the program in the box by the controller's, or by the tool's words. Without
     /// communication it does nothing.
-    void upload();
+    bool upload();
 
     /// Set at the start and by each download and clear. Nothing reads it yet.
     int reinitialise = 1;
@@ -77,13 +77,13 @@ class ProgramActions {
         std::string baudText;
     };
     Target askTarget();
-    void sendToController(const char* operation);
+    bool sendToController(const char* operation);
     /// Throws ToolError where the downloader, which looks the port number up by itself, would come
     /// to another device.
     void checkPortNumber() const;
     void writeDownloaderSetup(const Target& target, const char* operation, const char* lines);
     void writeCompilerSetup(const char* operation, std::string_view file);
-    void readProgramBack();
+    bool readProgramBack();
 
     const Services& m_services;
     PanelLink& m_link;
