@@ -15,11 +15,11 @@ struct Option {
 };
 
 constexpr std::array options{
-    Option{"accel", true},   Option{"all", false},      Option{"baud", true},
-    Option{"csv", false},    Option{"every", true},     Option{"help", false, 'h'},
-    Option{"id", true},      Option{"json", false},     Option{"new-id", true},
-    Option{"port", true},    Option{"quiet", false, 'q'}, Option{"speed", true},
-    Option{"store", false},  Option{"version", false},  Option{"wait", false},
+    Option{"accel", true},  Option{"all", false},        Option{"baud", true},
+    Option{"csv", false},   Option{"every", true},       Option{"help", false, 'h'},
+    Option{"id", true},     Option{"json", false},       Option{"new-id", true},
+    Option{"port", true},   Option{"quiet", false, 'q'}, Option{"speed", true},
+    Option{"store", false}, Option{"version", false},    Option{"wait", false},
     Option{"yes", false}};
 
 bool isOption(std::string_view text) {
@@ -49,17 +49,18 @@ void takeOption(Arguments& arguments, const std::vector<std::string>& texts, std
         complain("There is no option " + inQuotes(text) + ".");
         return;
     }
-    std::string& value = arguments.options[std::string(option->name)];
+    const std::string name(option->name);
+    std::string value;
     if (!option->takesText && joined)
-        complain("The option --" + std::string(option->name) + " takes no text.");
-    if (!option->takesText)
-        return;
-    if (joined)
+        complain("The option --" + name + " takes no text.");
+    else if (option->takesText && joined)
         value = text.substr(equals + 1);
-    else if (place + 1 < texts.size())
+    else if (option->takesText && place + 1 < texts.size())
         value = texts[++place];
-    else
-        complain("The option --" + std::string(option->name) + " needs a text after it.");
+    else if (option->takesText)
+        complain("The option --" + name + " needs a text after it.");
+    const bool isPolicy = name == "id" && (value == "keep" || value == "from-file");
+    arguments.options[isPolicy ? "id-policy" : name] = value;
 }
 
 }  // namespace

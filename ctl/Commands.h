@@ -20,7 +20,7 @@ struct Command {
     std::size_t mostOperands = 0;
     Needs needs = Needs::identifiedDevice;
     void (*carryOut)(Context&) = nullptr;
-    /// Its own options, each between blanks; "keep" stands for the words after --id.
+    /// Its own options, each between blanks.
     std::string_view options = {};
     bool servesAll = false;  ///< device 00 too
     bool isStop = false;     ///< goes out whatever is wrong beside it

@@ -16,8 +16,8 @@ class Console {
     virtual int signalCaught() = 0;
     /// Waits for `time`, or until a signal comes.
     virtual void pause(std::chrono::milliseconds time) = 0;
-    /// The next line of standard input, UTF-8, without its end. Nothing at the end of the input, and
-    /// when a signal comes. On a terminal `prompt` stands before it, and it can be edited.
+    /// The next line of standard input, UTF-8, without its end. Nothing at the end of the input,
+    /// and when a signal comes. On a terminal `prompt` stands before it, and it can be edited.
     virtual std::optional<std::string> readLine(std::string_view prompt) = 0;
 };
 

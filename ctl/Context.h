@@ -24,8 +24,8 @@ struct Context {
     std::string& whenInterrupted;
 };
 
-// The commands. Each has the port open, and the controller identified where it needs that, before it
-// begins; each throws Failure.
+// The commands. Each has the port open, and the controller identified where it needs that, before
+// it begins; each throws Failure.
 
 void showStatus(Context& context);
 void watchStatus(Context& context);

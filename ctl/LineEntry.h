@@ -11,8 +11,8 @@ namespace zlt::ctl {
 /// it is what the terminal itself allows.
 class LineEntry {
  public:
-    /// `waitForKey` returns false when no more is to be read; `readPlain` reads a line where there is
-    /// no libedit.
+    /// `waitForKey` returns false when no more is to be read; `readPlain` reads a line where there
+    /// is no libedit.
     LineEntry(std::function<bool()> waitForKey,
               std::function<std::optional<std::string>()> readPlain);
     ~LineEntry();

@@ -57,13 +57,20 @@ void waitIfAsked(Context& context) {
 
 void stopBy(Context& context, const std::string& command) {
     Session& session = context.session;
-    session.runToTheEnd([&] {
-        MotionFields nothing = fieldsOf({});
-        if (session.isForAll())
-            session.broadcast(command);
-        else
-            commandsOf(context).SendMotionCommand(nothing, command);
-    });
+    try {
+        session.runToTheEnd([&] {
+            MotionFields nothing = fieldsOf({});
+            if (session.isForAll())
+                session.broadcast(command);
+            else
+                commandsOf(context).SendMotionCommand(nothing, command);
+        });
+    } catch (const Failure& failure) {
+        if (failure.code() != ExitCode::noReply)
+            throw;
+        throw Failure(ExitCode::noReply,
+                      command + " went out; whether it was heard is not known.  " + failure.what());
+    }
 }
 
 }  // namespace

@@ -35,8 +35,8 @@ void Output::write(std::string_view text) {
         return;
     if (errno == EPIPE)
         throw OutputClosed();
-    throw Failure(ExitCode::refused, "The results cannot be written: " +
-                                         std::generic_category().message(errno) + ".");
+    throw Failure(ExitCode::refused,
+                  "The results cannot be written: " + std::generic_category().message(errno) + ".");
 }
 
 void Output::note(std::string_view text) {

@@ -11,8 +11,8 @@ namespace zlt::ctl {
 /// How results and notes look.
 struct Style {
     bool json = false;
-    bool quiet = false;    ///< no notes, no progress
-    bool colours = false;  ///< on standard output
+    bool quiet = false;     ///< no notes, no progress
+    bool colours = false;   ///< on standard output
     bool progress = false;  ///< standard error is a terminal, where a line can be written over
 };
 

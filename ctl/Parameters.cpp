@@ -39,7 +39,7 @@ void showSet(Output& output, const Setup& setup) {
 std::optional<std::string> wantedId(const Arguments& arguments, const ParameterSheet& file) {
     if (const auto asked = arguments.option("new-id"))
         return deviceAddress(*asked);
-    if (arguments.option("id") == "from-file")
+    if (arguments.option("id-policy") == "from-file")
         return file.set[F::deviceId];
     return std::nullopt;
 }
@@ -52,9 +52,8 @@ void checkIdIsFree(Session& session, const std::string& id) {
     if (const std::string note = deviceIdNote(utf8FromLatin1(id)); !note.empty())
         throw Failure(ExitCode::refused, note + ".  Nothing was sent.");
     if (session.link.converse({.deviceId = id, .command = "DN"}) != Ending::timedOut)
-        throw Failure(ExitCode::refused,
-                      "Another controller on " + session.target().portName + " has the ID " + id +
-                          ".  Nothing was written.");
+        throw Failure(ExitCode::refused, "Another controller on " + session.target().portName +
+                                             " has the ID " + id + ".  Nothing was written.");
 }
 
 void checkChange(const Context& context, const std::string& what, const std::string& from,
@@ -68,7 +67,7 @@ void checkChange(const Context& context, const std::string& what, const std::str
 void settleChanges(const Context& context, Setup& setup, const std::optional<std::string>& wanted) {
     ParameterValues& set = setup.sheet.set;
     const std::string presentId = setup.inController(F::deviceId);
-    const bool keeps = context.arguments.option("id") == "keep";
+    const bool keeps = context.arguments.option("id-policy") == "keep";
     if (!wanted && !keeps && set[F::deviceId] != presentId)
         throw Failure(ExitCode::refused,
                       "The file has the device ID " + utf8FromLatin1(set[F::deviceId]) +
@@ -83,6 +82,7 @@ void settleChanges(const Context& context, Setup& setup, const std::optional<std
 }
 
 void writeSet(Context& context, Setup& setup) {
+    context.whenInterrupted = "Interrupted.  Part of the set may be written.";
     setup.transfer.download();
     const DeviceCopy& copy = setup.transfer.deviceCopy();
     const bool refused = std::ranges::any_of(
@@ -133,7 +133,7 @@ void compareParameters(Context& context) {
     context.session.identify();
     withSetup(context, [&](Setup& setup) {
         setup.take(file);
-        if (context.arguments.option("id") == "keep")
+        if (context.arguments.option("id-policy") == "keep")
             setup.sheet.set[F::deviceId] = setup.inController(F::deviceId);
         const auto rows = compareTable(shownValues(setup.sheet.set), setup.transfer.deviceCopy(),
                                        setup.transfer.firmware(), std::nullopt);

@@ -13,16 +13,17 @@ std::string usageFault(const Arguments& arguments, const Command& command, std::
     if (!arguments.fault.empty())
         return arguments.fault;
     if (operands < command.leastOperands)
-        return std::string(command.name) + " needs more.";
+        return std::string(command.name) + " needs more words after it.";
     if (operands > command.mostOperands)
         return std::string(command.name) + " does not take " + inQuotes(arguments.words.back()) +
                ".";
     for (const auto& [option, text] : arguments.options)
-        if (!takes(command, option))
+        if (!takes(command, option) && option == "id-policy")
+            return std::string(command.name) + " takes an address after --id.";
+        else if (!takes(command, option))
             return std::string(command.name) + " does not take --" + option + ".";
-    const bool isPolicy = isIdPolicy(arguments.option("id").value_or(""));
-    if (isPolicy && !takes(command, "keep"))
-        return std::string(command.name) + " takes an address after --id.";
+    if (arguments.has("id-policy") && arguments.has("new-id"))
+        return "Either --new-id or --id " + *arguments.option("id-policy") + ", not both.";
     return {};
 }
 
@@ -43,14 +44,14 @@ void begin(Context& context, const Command& command) {
 }
 
 /// One command from the open port to the closed one.
-void carryOut(const World& world, const Arguments& arguments, Heed& heed, std::string& interrupted) {
+void carryOut(const World& world, const Arguments& arguments, Heed& heed,
+              std::string& interrupted) {
     const auto [command, words] = findCommand(arguments.words);
     if (!command)
         throw usage(arguments.words.empty()
                         ? arguments.fault.empty() ? "What is to be done?" : arguments.fault
                         : "There is no command " + inQuotes(arguments.words.front()) + ".");
-    const std::string fault =
-        usageFault(arguments, *command, arguments.words.size() - words);
+    const std::string fault = usageFault(arguments, *command, arguments.words.size() - words);
     if (!fault.empty() && !command->isStop)
         throw usage(fault);
 

@@ -20,8 +20,8 @@ struct World {
     Output& output;
 };
 
-/// Carries out what stands on the command line (UTF-8, without the program's name). Returns the exit
-/// code; everything else has been told.
+/// Carries out what stands on the command line (UTF-8, without the program's name). Returns the
+/// exit code; everything else has been told.
 int run(const World& world, const std::vector<std::string>& texts);
 
 }  // namespace zlt::ctl

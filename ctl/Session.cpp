@@ -57,9 +57,9 @@ void Session::identify() {
     open();
     const std::string deviceName = link.SendReceive("DN");
     if (!isDeviceName(deviceName))
-        throw Failure(ExitCode::noReply,
-                      "What answers as " + name() + " is no controller: it calls itself " +
-                          inQuotes(utf8FromLatin1(deviceName)) + ".");
+        throw Failure(ExitCode::noReply, "What answers as " + name() +
+                                             " is no controller: it calls itself " +
+                                             inQuotes(utf8FromLatin1(deviceName)) + ".");
     link.firmware = firmwareVersion("VER", link.SendReceive("VER"));
 }
 
@@ -81,8 +81,7 @@ void Session::runUnjudged(const std::function<void()>& action) {
 }
 
 void Session::broadcast(const std::string& command) {
-    link.converse(
-        {.deviceId = link.connection.deviceId, .command = command, .readsReply = false});
+    link.converse({.deviceId = link.connection.deviceId, .command = command, .readsReply = false});
     letOut(command);
 }
 
@@ -119,8 +118,8 @@ void Session::replied(std::string_view command, std::string_view reply) {
     if (const auto fault = lineFaultText(link.lineFault()); !fault.empty())
         fail({ExitCode::noReply, std::string(fault)});
     else if (isRefusal(command, reply))
-        fail({ExitCode::refused, inQuotes(utf8FromLatin1(command)) + " was refused: " +
-                                     inQuotes(utf8FromLatin1(reply)) + "."});
+        fail({ExitCode::refused, inQuotes(utf8FromLatin1(command)) +
+                                     " was refused: " + inQuotes(utf8FromLatin1(reply)) + "."});
 }
 
 void Session::fail(const Failure& failure) {
@@ -136,8 +135,7 @@ void Session::throwNoted() {
 }
 
 std::string Session::portProblem() {
-    const PortReport report =
-        reportPort(examinePort(m_directory, link.connection.port));
+    const PortReport report = reportPort(examinePort(m_directory, link.connection.port));
     std::string sentence = "The port " + m_target.portName;
     if (!report.device.empty() && report.device != m_target.portName)
         sentence += " (" + report.device + ")";

@@ -30,11 +30,12 @@ class Session : private PanelLinkListener {
 
     /// Runs `action` to its end, signals or not, and throws what failed first only then: a stop.
     void runToTheEnd(const std::function<void()>& action);
-    /// The same for rules that judge replies and failures by themselves; refusals are not looked at.
-    /// A signal ends it between two exchanges.
+    /// The same for rules that judge replies and failures by themselves; refusals are not looked
+    /// at. A signal ends it between two exchanges.
     void runUnjudged(const std::function<void()>& action);
 
-    /// Sends to all controllers on the bus. None answers: it returns once the bytes are on the line.
+    /// Sends to all controllers on the bus. None answers: it returns once the bytes are on the
+    /// line.
     void broadcast(const std::string& command);
     /// Waits until a request that nobody answers is on the line: closing a port sets its line back,
     /// whatever is still on the way out.

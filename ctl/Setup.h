@@ -9,8 +9,8 @@
 
 namespace zlt::ctl {
 
-/// The setup screen's work without the screen. It reads the set as it opens its port; throws Failure
-/// when a value could not be read.
+/// The setup screen's work without the screen. It reads the set as it opens its port; throws
+/// Failure when a value could not be read.
 class Setup {
  public:
     explicit Setup(Context& context);

@@ -13,7 +13,12 @@ namespace {
 using namespace std::chrono_literals;
 
 std::vector<StatusValue> readStatus(Context& context) {
-    return valuesOf(readAxis(context.session.link));
+    const AxisReading reading = readAxis(context.session.link);
+    // Beside a machine a wrong value is worse than none.
+    (void)replyToInteger("CUR", reading.current);
+    (void)replyToInteger("PX", reading.position);
+    (void)replyToInteger("EX", reading.encoder);
+    return valuesOf(reading);
 }
 
 std::string shownValue(const Output& output, const StatusValue& value) {
@@ -34,8 +39,8 @@ std::vector<StatusValue> chosen(const std::vector<StatusValue>& values,
     for (const std::string& name : names) {
         const auto found = std::ranges::find(values, name, &StatusValue::name);
         if (found == values.end())
-            throw Failure(ExitCode::refused, "This controller's firmware does not tell " +
-                                                 inQuotes(name) + ".");
+            throw Failure(ExitCode::refused,
+                          "This controller's firmware does not tell " + inQuotes(name) + ".");
         some.push_back(*found);
     }
     return some;
@@ -69,8 +74,8 @@ std::string timeNow() {
 std::string inOneLine(const Output& output, const std::vector<StatusValue>& values) {
     std::string line;
     for (const StatusValue& value : values)
-        line += (line.empty() ? "" : "  ") + std::string(value.name) + " " +
-                shownValue(output, value);
+        line +=
+            (line.empty() ? "" : "  ") + std::string(value.name) + " " + shownValue(output, value);
     return line;
 }
 

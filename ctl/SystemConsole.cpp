@@ -1,5 +1,5 @@
-// All that the program needs of the system beside Qt. The other systems' part has no signals to heed
-// but Ctrl+C, and no editing but the terminal's own.
+// All that the program needs of the system beside Qt. The other systems' part has no signals to
+// heed but Ctrl+C, and no editing but the terminal's own.
 
 #include "ctl/SystemConsole.h"
 

@@ -12,8 +12,8 @@ enum class Stream { input = 0, output = 1, errors = 2 };
 /// Whether a standard stream is a terminal.
 bool isTerminal(Stream stream);
 
-/// The real terminal. From when it is made, signals that ask for an end are noted in place of ending
-/// the program, and a closed pipe is an error in place of a signal. There is one of these.
+/// The real terminal. From when it is made, signals that ask for an end are noted in place of
+/// ending the program, and a closed pipe is an error in place of a signal. There is one of these.
 class SystemConsole final : public Console {
  public:
     SystemConsole();

@@ -11,8 +11,8 @@ namespace zlt::ctl {
 namespace {
 
 std::string inCapitals(std::string text) {
-    std::ranges::transform(
-        text, text.begin(), [](char c) { return c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c; });
+    std::ranges::transform(text, text.begin(),
+                           [](char c) { return c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c; });
     return text;
 }
 
@@ -34,10 +34,6 @@ std::string addressOf(const std::string& typed) {
 
 }  // namespace
 
-bool isIdPolicy(std::string_view text) {
-    return text == "keep" || text == "from-file";
-}
-
 int wholeNumber(std::string_view what, const std::string& text, int least) {
     const auto [number, fault] = parseTyped(what, text);
     if (!number)
@@ -53,16 +49,13 @@ Target targetOf(const Arguments& arguments, Files& files, PortDirectory& directo
     Target target;
     const auto port = arguments.option("port");
     directory.refresh();
-    target.connection.port =
-        port ? portOf(*port, directory) : portNumberFromText(settings.port);
+    target.connection.port = port ? portOf(*port, directory) : portNumberFromText(settings.port);
     target.portName = port.value_or(utf8FromLatin1(settings.port));
     const auto rate = arguments.option("baud");
     if (rate)
         (void)wholeNumber("--baud", *rate, 1);
     target.connection.baudRate = rate.value_or(settings.baud);
-    const auto id = arguments.option("id");
-    const bool given = id && !isIdPolicy(*id);
-    target.connection.deviceId = given ? addressOf(*id) : addressOf(settings.deviceId);
+    target.connection.deviceId = addressOf(arguments.option("id").value_or(settings.deviceId));
     return target;
 }
 

@@ -11,9 +11,6 @@ namespace zlt::ctl {
 /// for an address or a rate that is none.
 Target targetOf(const Arguments& arguments, Files& files, PortDirectory& directory);
 
-/// Whether the text after --id is none of an address, but what becomes of a file's.
-bool isIdPolicy(std::string_view text);
-
 /// A whole number out of a text, at least `least`. Throws Failure, which names it by `what`.
 int wholeNumber(std::string_view what, const std::string& text, int least);
 
