@@ -27,7 +27,7 @@ bool isOption(std::string_view text) {
     return text.size() > 1 && text.front() == '-' && !number;
 }
 
-const Option* find(std::string_view text) {
+const Option* findOption(std::string_view text) {
     const auto found = std::ranges::find_if(options, [text](const Option& option) {
         const bool isLetter = option.letter != '\0' && text == std::string{'-', option.letter};
         return isLetter || (text.starts_with("--") && text.substr(2) == option.name);
@@ -44,7 +44,7 @@ void takeOption(Arguments& arguments, const std::vector<std::string>& texts, std
         if (arguments.fault.empty())
             arguments.fault = sentence;
     };
-    const Option* option = find(std::string_view(text).substr(0, equals));
+    const Option* option = findOption(std::string_view(text).substr(0, equals));
     if (!option) {
         complain("There is no option " + inQuotes(text) + ".");
         return;

@@ -9,7 +9,7 @@ namespace zlt::ctl {
 namespace {
 
 constexpr std::size_t many = std::numeric_limits<std::size_t>::max();
-constexpr std::string_view motion = " speed accel wait ";
+constexpr std::string_view motionOptions = " speed accel wait ";
 
 using enum Needs;
 
@@ -18,9 +18,9 @@ constexpr std::array<Command, 19> commands{{
     {"terminal", 0, 0, openPort, talkByHand, {}, true},
     {"status", 0, many, identifiedDevice, showStatus},
     {"watch", 0, 0, identifiedDevice, watchStatus, " every csv "},
-    {"move", 1, 1, identifiedDevice, moveAxis, motion},
-    {"jog", 1, 1, identifiedDevice, jogAxis, motion},
-    {"home", 1, 1, identifiedDevice, homeAxis, motion},
+    {"move", 1, 1, identifiedDevice, moveAxis, motionOptions},
+    {"jog", 1, 1, identifiedDevice, jogAxis, motionOptions},
+    {"home", 1, 1, identifiedDevice, homeAxis, motionOptions},
     {"stop", 0, 0, openPort, stopAxis, " wait ", true, true},
     {"abort", 0, 0, openPort, abortAxis, {}, true, true},
     {"search", 0, 0, nothing, searchDevices, " all ", true},

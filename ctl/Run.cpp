@@ -31,7 +31,7 @@ Failure usage(const std::string& sentence) {
     return {ExitCode::usage, sentence + "  See zltctl --help."};
 }
 
-void begin(Context& context, const Command& command) {
+void makeReady(Context& context, const Command& command) {
     Session& session = context.session;
     if (session.isForAll() && !command.servesAll)
         throw usage(std::string(command.name) + " is for one device, not for all at 00.");
@@ -72,7 +72,7 @@ void carryOut(const World& world, const Arguments& arguments, Heed& heed,
                     .services = services,
                     .session = session,
                     .whenInterrupted = interrupted};
-    begin(context, *command);
+    makeReady(context, *command);
     command->carryOut(context);
     if (!fault.empty())
         throw usage(fault);  // the stop is out

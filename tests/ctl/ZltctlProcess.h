@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <fstream>
@@ -19,7 +20,7 @@ class ZltctlProcess : public ::testing::Test {
     }
 
     void listPort() { std::ofstream(path("zlt-r-485.ports")) << "COM1=" << bus.device() << "\n"; }
-    std::string path(const char* name) const {
+    [[nodiscard]] std::string path(const char* name) const {
         return folder.filePath(QString::fromLatin1(name)).toStdString();
     }
 
