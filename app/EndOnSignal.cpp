@@ -5,70 +5,26 @@
 #include <QSocketNotifier>
 
 #ifdef Q_OS_UNIX
-#include <fcntl.h>
 #include <signal.h>
-#include <sys/socket.h>
-#include <time.h>
 #include <unistd.h>
 
-#include <array>
-#include <cerrno>
+#include "platform/SignalPipe.h"
 #endif
 
 namespace zlt {
 
 #ifdef Q_OS_UNIX
 
-namespace {
-
-// A signal's handler gets nothing but the number.
-std::array<int, 2> wakeUp{-1, -1};
-volatile sig_atomic_t alreadyAsked = 0;
-time_t firstAsked = 0;
-
-constexpr time_t patienceSeconds = 2;
-
-/// Only what POSIX allows in a signal's handler.
-void noteSignal(int number) {
-    const int errnoBefore = errno;
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    if (!alreadyAsked) {
-        alreadyAsked = 1;
-        firstAsked = now.tv_sec;
-    } else if (now.tv_sec - firstAsked > patienceSeconds) {
-        signal(number, SIG_DFL);
-        raise(number);
-    }
-    const char byte = static_cast<char>(number);
-    (void)!write(wakeUp[0], &byte, 1);
-    errno = errnoBefore;
-}
-
-void heed(int number) {
-    struct sigaction action {};
-    sigaction(number, nullptr, &action);
-    if (action.sa_handler == SIG_IGN)
-        return;  // started with nohup(1), say
-    action = {};
-    action.sa_handler = noteSignal;
-    action.sa_flags = SA_RESTART;
-    sigaction(number, &action, nullptr);
-}
-
-}  // namespace
-
 EndOnSignal::EndOnSignal(ProgramEnd& programEnd) : m_programEnd(programEnd) {
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, wakeUp.data()) != 0)
+    const int caught = catchSignals({SIGTERM, SIGHUP, SIGINT});
+    if (caught < 0)
         return;
-    auto* notifier = new QSocketNotifier(wakeUp[1], QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, [this] {
+    auto* notifier = new QSocketNotifier(caught, QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, [this, caught] {
         char number = 0;
-        if (read(wakeUp[1], &number, 1) == 1)
+        if (read(caught, &number, 1) == 1)
             end(number);
     });
-    for (const int number : {SIGTERM, SIGHUP, SIGINT})
-        heed(number);
 }
 
 #else

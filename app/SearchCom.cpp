@@ -17,7 +17,7 @@ SearchCom::SearchCom(const Services& world, SearchMode mode, QWidget* parent)
     : Screen(world, parent),
       m_ui(std::make_unique<Ui::SearchCom>()),
       MSComm1(services().makePort()),
-      m_search(*MSComm1, mode, *this) {
+      m_search(*MSComm1, *services().busLog, mode, *this) {
     m_ui->setupUi(this);
     m_ui->foundList->setVisible(mode == SearchMode::all);
     m_statusTimer.setObjectName(QStringLiteral("StatusTimer"));

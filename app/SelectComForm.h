@@ -11,7 +11,7 @@
 #include "link/serial/PortMemory.h"
 #include "programs/forms/ProgramDraft.h"
 #include "widgets/Screen.h"
-#include "widgets/SideWindow.h"
+#include "widgets/SideScreen.h"
 
 namespace Ui {
 class SelectComForm;

@@ -69,8 +69,8 @@ void measureTrend(int rounds, Judge& judge) {
 
     MessageList messages;
     World world(messages);
-    Handlers handlers(world.services, [] {});
-    TrendForm form(nullptr, handlers, world.services, record, std::make_shared<WindowPlaces>(),
+    QWidget owner;
+    TrendForm form(world.services, owner, std::make_shared<WindowPlaces>(), record,
                    [&] { return time += 33ms; });
     form.resize(1366, 700);
     form.show();

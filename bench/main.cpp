@@ -3,6 +3,7 @@
 #include <iostream>
 #include <stdexcept>
 
+#include "bench/BusCost.h"
 #include "bench/Exchanges.h"
 #include "bench/FirstPaint.h"
 #include "bench/Options.h"
@@ -37,6 +38,7 @@ int run(const Options& options, int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     Judge judge;
     measureExchanges(options.rounds, options.python, judge);
+    measureBusLog(options.rounds, judge);
     measureProgram(options.rounds, judge);
     measureStops(options.rounds, judge);
     measureTrend(options.rounds, judge);

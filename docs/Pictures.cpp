@@ -22,10 +22,11 @@
 #include "panel/forms/MainControlForm.h"
 #include "panel/forms/TrendForm.h"
 #include "platform_qt/QtSystem.h"
-#include "programs/forms/ProgramEditor.h"
+#include "programs/forms/CodeEditor.h"
 #include "support/FormDriver.h"
 #include "support/RealWorld.h"
 #include "support/SimulatedBus.h"
+#include "terminal/forms/BusForm.h"
 #include "terminal/forms/EntryFields.h"
 
 namespace zlt::pictures {
@@ -52,6 +53,7 @@ class Walk : public RealWorld {
                                           [](std::int64_t) {});
         };
         std::ofstream("zlt-r-485.ports") << "COM1=./com1\nCOM2=/dev/ttyUSB99\n";
+        real.busLog = std::make_shared<BusLog>([this] { return look(); });
     }
 
     void go();
@@ -62,17 +64,27 @@ class Walk : public RealWorld {
     void panel(QWidget& form);
     void trend();
     void runProgram(QWidget& form);
+    void editor(QWidget& form);
     void threads(QWidget& form);
     void setup(QWidget& form);
     void terminal(QWidget& form);
     void variables(QWidget& form);
+    void bus(QWidget& form);
 
     void take(QWidget& form, const char* name) const;
     /// Clicks a button and visits the screen that opens, which is closed afterwards.
     void visit(QWidget& form, const char* button, const std::function<void(QWidget&)>& work);
     void waitForText(QWidget& form, const char* control, const std::string& text) const;
-    void enter(QWidget& form, const char* control, const char* command) const;
+    void enter(QWidget& form, const char* control, const char* command);
+    /// The time of day as the bus monitor shows it: it goes on with what the operator does.
+    Moment look() {
+        m_time.steady += m_taken;
+        return m_time;
+    }
 
+    std::chrono::microseconds m_taken{12'400};  ///< by each exchange
+    Moment m_time{
+        {}, std::chrono::sys_days(std::chrono::year(2026) / 11 / 22) + std::chrono::hours(14)};
     std::filesystem::path m_pictures;
     SimulatedBus m_bus{{QStringLiteral("--controller"), QStringLiteral("id=1,limits=-90000:90000"),
                         QStringLiteral("--unpaced")}};
@@ -118,7 +130,8 @@ void Walk::visit(QWidget& form, const char* button, const std::function<void(QWi
     click(form, button);
 }
 
-void Walk::enter(QWidget& form, const char* control, const char* command) const {
+void Walk::enter(QWidget& form, const char* control, const char* command) {
+    m_time.wall += std::chrono::milliseconds(4'217);
     auto& line = test::control<CommandLine>(form, control);
     QTest::keyClicks(&line, QString::fromLatin1(command));
     QTest::keyClick(&line, Qt::Key_Return);
@@ -177,6 +190,7 @@ void Walk::panel(QWidget& form) {
     visit(form, "Setup", [this](QWidget& screen) { setup(screen); });
     visit(form, "ManualTerminal", [this](QWidget& screen) { terminal(screen); });
     visit(form, "Variable", [this](QWidget& screen) { variables(screen); });
+    bus(form);
 }
 
 /// A minute of two strokes, the second one into a limit, as a poll at 115200 baud would have read
@@ -212,8 +226,8 @@ void Walk::trend() {
         else
             record.add(reading);
     }
-    Handlers handlers(real, [] {});
-    TrendForm form(nullptr, handlers, real, record, std::make_shared<WindowPlaces>(),
+    QWidget owner;
+    TrendForm form(real, owner, std::make_shared<WindowPlaces>(), record,
                    [&] { return start + 60s; });
     form.showDevice("01");
     form.resize(form.sizeHint());
@@ -236,6 +250,18 @@ void Walk::runProgram(QWidget& form) {
     waitForText(form, "Pos", "2516");
     waitForText(form, "Stat", "MOVING");
     take(form, "panel");
+    visit(form, "OpenText", [this](QWidget& screen) { editor(screen); });
+}
+
+void Walk::editor(QWidget& form) {
+    auto& text = control<CodeEditor>(form, "ProgramText");
+    if (!QTest::qWaitFor([&] { return text.runningLine() == 8; }, 30'000))
+        throw std::runtime_error("the editor does not mark the running line");
+    QTest::keyClick(&text, Qt::Key_H, Qt::ControlModifier);
+    control<QLineEdit>(form, "FindText").setText(QStringLiteral("waitx"));
+    control<QLineEdit>(form, "ReplaceText").setText(QStringLiteral("WAITX"));
+    QTest::keyClick(&text, Qt::Key_F3);
+    take(form, "editor");
 }
 
 void Walk::threads(QWidget& form) {
@@ -272,6 +298,17 @@ void Walk::variables(QWidget& form) {
         enter(form, "SendText", command);
     waitForText(form, "V17", "-15");
     take(form, "variables");
+}
+
+void Walk::bus(QWidget& form) {
+    enter(form, "SendTerminalText", "HSPD");
+    choose(form, "DeviceIDComboTerminal", "05");  // there is none
+    m_taken = std::chrono::microseconds(512'300);
+    enter(form, "SendTerminalText", "PX");
+    click(form, "Bus");
+    auto& monitor = *form.findChild<BusForm*>();
+    take(monitor, "bus");
+    monitor.close();
 }
 
 }  // namespace

@@ -30,8 +30,8 @@ std::string searchResultText(const Connection& device) {
            " ID:" + device.deviceId;
 }
 
-DeviceSearch::DeviceSearch(Port& port, SearchMode mode, SearchView& view)
-    : m_port(port), m_mode(mode), m_view(view) {}
+DeviceSearch::DeviceSearch(Port& port, BusLog& log, SearchMode mode, SearchView& view)
+    : m_port(port), m_talk(port, log), m_mode(mode), m_view(view) {}
 
 DeviceSearch::State DeviceSearch::step() {
     const State state = m_running ? makeStep() : State::over;
@@ -111,7 +111,7 @@ DeviceSearch::State DeviceSearch::probe() {
     const Connection place = here();
     m_view.showText("Trying Port " + std::to_string(m_number.value) + ", Baud:" + place.baudRate +
                     " ID:" + place.deviceId);
-    const bool answered = m_port.write(frameRequest(place.deviceId, "DN")) && listen();
+    const bool answered = m_talk.ask(place, place.deviceId, "DN") && listen();
     if (answered)
         m_answered.push_back(place);
     if (answered && m_mode == SearchMode::firstFound) {
@@ -141,7 +141,7 @@ bool DeviceSearch::listen() {
                   .charactersAllowed = probeCharacters,
                   .emptyReadsInAllAllowed = probeEmptyReads};
     while (rule.charactersAllowed > 0) {
-        const Reading reading = readReply(m_port, rule);
+        const Reading reading = m_talk.read(rule);
         if (reading.ending != Ending::reply)
             break;
         // After a find it goes on as if nothing had come, the count of empty reads too.

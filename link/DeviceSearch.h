@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "link/BusTalk.h"
 #include "link/Port.h"
 
 namespace zlt {
@@ -37,8 +38,8 @@ class DeviceSearch {
         noPort,  ///< over, as no port at all could be opened
     };
 
-    /// `port` and `view` outlive the search.
-    DeviceSearch(Port& port, SearchMode mode, SearchView& view);
+    /// All of it outlives the search.
+    DeviceSearch(Port& port, BusLog& log, SearchMode mode, SearchView& view);
 
     /// Makes one step: checks a port, goes to the next one or the next rate, or probes one ID.
     /// Blocks for a probe. The port is closed once the search is not running any more.
@@ -76,6 +77,7 @@ class DeviceSearch {
     [[nodiscard]] int stillToCome() const;
 
     Port& m_port;
+    BusTalk m_talk;
     SearchMode m_mode;
     SearchView& m_view;
     bool m_running = true;

@@ -24,13 +24,13 @@ Reading readReply(Port& port, const ReadRule& rule, const std::function<void(cha
         char character = 0;
         switch (port.read(character)) {
             case PortInput::lost:
-                return {Ending::portLost, {}};
+                return {Ending::portLost, std::move(text)};
             case PortInput::character:
                 if (byLine && character == carriageReturn)
                     return {Ending::reply, std::move(text), emptyReads, emptyReadsInAll};
                 emptyReads = 0;
                 if (++characters > rule.charactersAllowed)
-                    return {Ending::timedOut, {}};
+                    return {Ending::timedOut, std::move(text)};
                 if (text.size() < replyTextKept) {
                     text += character;
                     if (onCharacter)
@@ -41,10 +41,10 @@ Reading readReply(Port& port, const ReadRule& rule, const std::function<void(cha
                 if (!byLine)
                     return endedBySilence(std::move(text));
                 if (port.waitForInput(rule.emptyReadWait) == PortInput::lost)
-                    return {Ending::portLost, {}};
+                    return {Ending::portLost, std::move(text)};
                 if (++emptyReads > rule.emptyReadsAllowed ||
                     ++emptyReadsInAll > rule.emptyReadsInAllAllowed)
-                    return {Ending::timedOut, {}};
+                    return {Ending::timedOut, std::move(text)};
                 break;
         }
     }

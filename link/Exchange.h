@@ -32,7 +32,8 @@ struct ReadRule {
 
 enum class Ending { reply, timedOut, portLost };
 
-/// What a read met, and for `Ending::reply` its text (possibly empty), header and all.
+/// What a read met, and for `Ending::reply` its text (possibly empty), header and all; else what
+/// came of it.
 struct Reading {
     Ending ending = Ending::timedOut;
     std::string text;

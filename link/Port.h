@@ -41,6 +41,9 @@ class Port {
     /// for here. Asked of a closed port, too.
     [[nodiscard]] virtual bool numberStillMeant(PortNumber /*number*/) const { return true; }
 
+    /// The device of the last opening, a path or a name, UTF-8; empty where that is not known.
+    [[nodiscard]] virtual std::string device() const { return {}; }
+
     /// What is not as it was asked for on the open port, a sentence in UTF-8; often empty.
     [[nodiscard]] virtual std::string remark() const { return {}; }
 

@@ -15,7 +15,8 @@ ScreenLink::ScreenLink(const Services& services, const Flavour& flavour, LinkLis
     : m_services(services),
       m_flavour(flavour),
       m_listener(listener),
-      MSComm1(services.makePort()) {}
+      MSComm1(services.makePort()),
+      m_talk(*MSComm1, *services.busLog) {}
 
 bool ScreenLink::openPort() {
     m_lossReported = false;
@@ -58,11 +59,6 @@ void ScreenLink::sendAll(const std::vector<std::string>& commands) {
             fail(*exchanged.failure, command, exchanged.ending);
 }
 
-void ScreenLink::dropInput() {
-    for (char late = 0; MSComm1->read(late) == PortInput::character;) {
-    }
-}
-
 std::string ScreenLink::receive(std::string_view command) {
     return told(read(command), command);
 }
@@ -73,7 +69,7 @@ ScreenLink::Exchanged ScreenLink::exchange(std::string_view command) {
         return {std::string(noAnswer)};
 
     m_lineFault = LineFault::none;
-    if (!MSComm1->write(frameRequest(connection.deviceId, command)))
+    if (!m_talk.ask(connection, connection.deviceId, command))
         return {{}, &m_flavour.onPortLost, Ending::portLost};
     if (const auto wait = settlingWait(m_flavour.waits, command); wait.count() > 0)
         m_services.waits.sleep(wait);
@@ -81,7 +77,7 @@ ScreenLink::Exchanged ScreenLink::exchange(std::string_view command) {
 }
 
 ScreenLink::Exchanged ScreenLink::read(std::string_view command) {
-    const Reading reading = readReply(*MSComm1, {.end = m_flavour.endOfReply});
+    const Reading reading = m_talk.read({.end = m_flavour.endOfReply});
     if (reading.ending == Ending::portLost)
         return {{}, &m_flavour.onPortLost, Ending::portLost};
     if (reading.ending == Ending::timedOut)
@@ -96,6 +92,8 @@ ScreenLink::Exchanged ScreenLink::read(std::string_view command) {
     if (reply.empty() && !mayBeEmpty)
         return {{}, &m_flavour.onEmptyReply, Ending::reply};
     notes->noteReply(connection, command, reply);
+    if (m_listener)
+        m_listener->replied(command, reply);
     return {std::string(reply)};
 }
 
@@ -116,16 +114,18 @@ Ending ScreenLink::converse(const RawRequest& request) {
             fail(m_flavour.onPortLost, request.command, Ending::portLost);
         return Ending::portLost;
     };
-    if (!MSComm1->write(frameRequest(request.deviceId, request.command)))
+    if (!m_talk.ask(connection, request.deviceId, request.command))
         return lost();
     call(request.written);
     if (const auto wait = settlingWait(longProgramWaits, request.command); wait.count() > 0)
         m_services.waits.sleep(wait);
     call(request.settled);
-    if (!request.readsReply)
+    if (!request.readsReply) {
+        m_talk.endWithoutReply();
         return Ending::reply;
+    }
     const Reading reading =
-        readReply(*MSComm1, {.emptyReadsAllowed = request.emptyReadsAllowed}, request.character);
+        m_talk.read({.emptyReadsAllowed = request.emptyReadsAllowed}, request.character);
     return reading.ending == Ending::portLost ? lost() : reading.ending;
 }
 

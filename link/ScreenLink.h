@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "link/BusTalk.h"
 #include "link/DeviceNotes.h"
 #include "link/Exchange.h"
 #include "link/Flavour.h"
@@ -25,6 +26,8 @@ class LinkListener {
     virtual void exchangeTimedOut() = 0;
     /// The port is gone; both flags are clear already.
     virtual void portLost() = 0;
+    /// A reply came, Latin-1, as SendReceive() is about to return it.
+    virtual void replied(std::string_view /*command*/, std::string_view /*reply*/) {}
 };
 
 /// A conversation past the exchange, for texts that the operator typed: the reply is handed on
@@ -57,14 +60,14 @@ class ScreenLink {
 
     /// Sends one command to the addressed controller and returns its reply without header and
     /// carriage return, or "0" when there was none. Blocks until the exchange is over. Never
-    /// throws but by ending the program, where the flavour says so.
+    /// throws but by ending the program, where the flavour says so, and what the listener throws.
     std::string SendReceive(std::string_view command);
 
     /// Sends several commands right after one another; what failed is told once all are out.
     void sendAll(const std::vector<std::string>& commands);
 
     /// Drops what has arrived: late answers to what has been given up.
-    void dropInput();
+    void dropInput() { m_talk.dropInput(); }
     /// Reads one more line as the reply to `command`, which has been written, after one that was
     /// the late answer to another command. Everything else as SendReceive().
     std::string receive(std::string_view command);
@@ -75,7 +78,10 @@ class ScreenLink {
 
     /// Sends "ABORT" to the controller as a raw conversation: whatever the flags say, and without
     /// a message unless the port is lost.
-    Ending abort() { return converse({.deviceId = connection.deviceId, .command = "ABORT"}); }
+    Ending abort() {
+        const AskedBy operatorsAct(busLog(), Asker::screen);  // under a message of a refresh, too
+        return converse({.deviceId = connection.deviceId, .command = "ABORT"});
+    }
 
     /// Takes connection and flags over from the main screen; tells the listener.
     void takeOver(const LinkHandOver& handOver);
@@ -95,6 +101,8 @@ class ScreenLink {
 
     /// What is not as it was asked for on the open port, a sentence; often empty.
     [[nodiscard]] std::string portRemark() const { return MSComm1->remark(); }
+    /// The device that stands behind the port, or stood there when it was open last.
+    [[nodiscard]] std::string portDevice() const { return MSComm1->device(); }
     /// What the last exchange's reply said of the line.
     [[nodiscard]] LineFault lineFault() const { return m_lineFault; }
 
@@ -114,6 +122,8 @@ class ScreenLink {
     Connection connection;
     /// What the screens of one run know of the controllers; never null.
     std::shared_ptr<DeviceNotes> notes = std::make_shared<DeviceNotes>();
+    /// Where the exchanges of this run are kept.
+    [[nodiscard]] BusLog& busLog() const { return *m_services.busLog; }
 
  private:
     struct Exchanged {
@@ -130,6 +140,7 @@ class ScreenLink {
     const Flavour& m_flavour;
     LinkListener* m_listener;
     std::unique_ptr<Port> MSComm1;
+    BusTalk m_talk;
     bool m_portReady = false;
     bool m_commOk = false;
     bool m_lossReported = false;

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "link/BusLog.h"
 #include "link/Port.h"
 #include "platform/Files.h"
 #include "platform/Gate.h"
@@ -28,6 +29,8 @@ struct Services {
     std::filesystem::path dataFolder = {};
     /// Makes the port object that a screen owns.
     std::function<std::unique_ptr<Port>()> makePort;
+    /// The exchanges of all screens; never null.
+    std::shared_ptr<BusLog> busLog = std::make_shared<BusLog>();
 };
 
 }  // namespace zlt

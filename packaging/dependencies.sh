@@ -1,7 +1,7 @@
 # Installs what a build needs, from Debian's packages. Sourced by the scripts that build or check.
 
 zlt_packages="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-qpa-plugins
-              libgl1-mesa-dev libgtest-dev fonts-dejavu-core"
+              libgl1-mesa-dev libgtest-dev libedit-dev fonts-dejavu-core"
 
 # install_dependencies [PACKAGE...]: these too. Where there is no dpkg to ask, says what is needed and
 # leaves it to the build to miss something.

@@ -21,6 +21,17 @@ void fillEmpty(std::string& text, std::string_view whenEmpty) {
         text = whenEmpty;
 }
 
+/// Reads one setting into `number`, unless it is to be left out. `bad` keeps the first fault.
+void readSetting(const std::string& text, std::string_view label, PanelField field,
+                 std::optional<std::int32_t>& number, std::optional<BadField>& bad) {
+    if (text.empty())
+        return;
+    const auto [typed, fault] = parseTyped(label, text);
+    number = typed;
+    if (!typed && !bad)
+        bad.emplace(field, fault);
+}
+
 /// A box's text as it stands, blanks and all.
 std::string verbatim(PanelField field, std::string_view label, std::string_view typed) {
     try {
@@ -36,15 +47,14 @@ MotionCommands::MotionCommands(PanelLink& link, std::function<void()> endDemo)
     : m_link(link), m_endDemo(std::move(endDemo)) {}
 
 MotionCommands::Settings MotionCommands::read(MotionFields& fields) {
-    fillEmpty(fields.speed, "0");
-    fillEmpty(fields.acceleration, "100");
-    const auto [speed, speedFault] = parseTyped(speedLabel, fields.speed);
-    const auto [acceleration, accelerationFault] = parseTyped("Accel", fields.acceleration);
-    Settings settings{speed, acceleration, std::nullopt};
-    if (!speed)
-        settings.bad.emplace(PanelField::speed, speedFault);
-    else if (!acceleration)
-        settings.bad.emplace(PanelField::acceleration, accelerationFault);
+    if (fields.fillsEmpty) {
+        fillEmpty(fields.speed, "0");
+        fillEmpty(fields.acceleration, "100");
+    }
+    Settings settings;
+    readSetting(fields.speed, speedLabel, PanelField::speed, settings.speed, settings.bad);
+    readSetting(fields.acceleration, "Accel", PanelField::acceleration, settings.acceleration,
+                settings.bad);
     return settings;
 }
 

@@ -46,8 +46,8 @@ class MotionCommands {
     void setEncoder(MotionFields& fields) { setCounter(fields, "EX="); }
 
  private:
-    /// The boxes' numbers, nothing for one that holds none, and what is wrong with the first
-    /// such one.
+    /// The boxes' numbers, nothing for one that holds none or is left out, and what is wrong with
+    /// the first bad one.
     struct Settings {
         std::optional<std::int32_t> speed;
         std::optional<std::int32_t> acceleration;

@@ -7,11 +7,6 @@
 #include "platform/Text.h"
 
 namespace zlt {
-namespace {
-
-constexpr std::string_view unknown = "???";
-
-}  // namespace
 
 PanelSession::PanelSession(const Services& services, PanelView& view)
     : link(services, *this), m_services(services), m_view(view) {}
@@ -91,6 +86,7 @@ void PanelSession::pollTick() {
     if (link.PollPaused() || !link.PortReady())
         return;
     try {
+        const AskedBy poll(link.busLog(), link.CommOK() ? Asker::poll : Asker::probe);
         if (link.CommOK()) {
             passOverAxis();
         } else {
@@ -129,7 +125,7 @@ void PanelSession::stepDemo() {
 void PanelSession::probe() {
     if (!isDeviceName(ask("DN"))) {
         showLink(LinkState::silent);
-        showIdentity(std::string(unknown));
+        showIdentity(std::string(unknownText));
         return;
     }
     link.setCommOK(true);
@@ -176,7 +172,7 @@ void PanelSession::switchDevice(const std::string& deviceId) {
     showLink(LinkState::answering);
     showVersion(ask("VER"));
     try {
-        if (m_state.version != unknown)
+        if (m_state.version != unknownText)
             noteFirmware();
     } catch (const ConversionError& error) {
         m_services.gate.message(error.what());
@@ -248,8 +244,8 @@ void PanelSession::showDeviceLost() {
 }
 
 void PanelSession::showUnknownDevice() {
-    m_state.id = unknown;
-    m_state.version = unknown;
+    m_state.id = unknownText;
+    m_state.version = unknownText;
     show();
     m_view.resetSync();
 }

@@ -18,6 +18,8 @@ struct MotionFields {
     std::string speed;
     std::string acceleration;
     std::string position;
+    /// An empty speed or acceleration is filled and sent; else it is left out.
+    bool fillsEmpty = true;
 };
 
 /// When the synchronisation output is on, by the number after "SYNC=".
@@ -43,6 +45,9 @@ class BadField : public std::runtime_error {
 
 /// How the panel stands with its controller.
 enum class LinkState { opening, answering, silent, noPort };
+
+/// What stands in place of an identity or a version that is not known.
+inline constexpr std::string_view unknownText = "???";
 
 /// What the control panel shows beside the axis. Texts are Latin-1 where nothing else is said.
 struct PanelState {

@@ -6,11 +6,11 @@
 namespace zlt {
 
 ParameterTransfer::ParameterTransfer(const Services& services, const LinkHandOver& handOver,
-                                     ParameterView& view)
+                                     ParameterView& view, LinkListener* listener)
     : m_services(services),
       m_view(view),
       m_firmware(handOver.firmware),
-      m_link(services, flavours::parameterSetup, nullptr),
+      m_link(services, flavours::parameterSetup, listener),
       m_copy(handOver.notes->of(handOver.connection)) {
     m_link.takeOver(handOver);
 }

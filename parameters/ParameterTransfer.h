@@ -13,7 +13,9 @@ namespace zlt {
 /// exchange has shown its message and cleared the connected flag; nothing is sent after it.
 class ParameterTransfer {
  public:
-    ParameterTransfer(const Services& services, const LinkHandOver& handOver, ParameterView& view);
+    /// `listener`, which may be null, hears of the transfer's own link.
+    ParameterTransfer(const Services& services, const LinkHandOver& handOver, ParameterView& view,
+                      LinkListener* listener = nullptr);
 
     /// Opens the port where the caller's was open. What fails here is told by the upload.
     void openPort() { m_link.openHandedOverPort(); }

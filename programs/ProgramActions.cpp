@@ -1,7 +1,6 @@
 #include "programs/ProgramActions.h"
 
 #include <chrono>
-#include <filesystem>
 
 #include "link/Exchange.h"
 #include "platform/Files.h"
@@ -14,15 +13,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const FileChoice openChoice{"Open ZLT-R-NX Program", "ZLT-R-NX Program Files (*.prg)|*.prg",
-                            "*.prg"};
-const FileChoice saveChoice{"Save ZLT-R-NX Program As", "ZLT-R-NX Program Files (*.prg)|*.prg", ""};
-
-bool isFile(const std::filesystem::path& name) {
-    std::error_code unknown;
-    return std::filesystem::exists(name, unknown) && !std::filesystem::is_directory(name, unknown);
-}
-
 /// The line and the adapter come to rest around the hand-over to the downloader.
 constexpr auto handOverWait = 100ms;
 
@@ -34,66 +24,30 @@ std::string baudTextOf(std::string_view reply) {
 
 }  // namespace
 
-bool saveAsLines(const Services& services, const FileChoice& choice,
-                 const std::function<std::string()>& text) {
-    const auto name = chooseSaveName(services.gate, choice, "No Program Name!");
-    if (!name)
-        return false;
-    // An empty text leaves an empty file and says nothing.
-    const auto lines = WriteTextAsLines(text());
-    const auto failure = services.files.writeWhole(*name, lines.value_or(""));
-    // Only what cannot even be created ends in silence.
-    if (failure && failure->kind == WriteFailure::Kind::failed)
-        services.gate.message(notSaved("The text", *name, *failure));
-    if (failure)
-        return false;
-    if (lines)
-        services.gate.message("Save Done!");
-    return true;
+void ProgramActions::workOn(ProgramView& view) {
+    m_view = &view;
+    m_tools.workOn(view);
 }
 
-void ProgramActions::newProgram() {
-    m_view.setProgram("");
-    m_view.markSaved();
-}
-
-void ProgramActions::openProgram() {
-    const PollPause pause(m_link);
-    const auto name = chooseOpenName(m_services.gate, openChoice);
-    if (!name)
-        return;
-    if (!isFile(*name)) {
-        m_services.gate.message("File " + utf8FromPath(*name) + " does not exist!");
-        return;
-    }
-    const FileContent file = m_services.files.read(*name);
-    if (file.refused())
-        m_services.gate.message(notRead(*name, file));
-    if (file.kind == FileContent::Kind::whole || file.kind == FileContent::Kind::brokenOff)
-        m_view.setProgram(textOfLines(file.bytes));
-    if (file.kind == FileContent::Kind::whole)
-        m_view.markSaved();
-}
-
-void ProgramActions::saveProgram() {
-    const PollPause pause(m_link);
-    if (saveAsLines(m_services, saveChoice, [this] { return m_view.program(); }))
-        m_view.markSaved();
-}
-
-void ProgramActions::compile() {
-    if (m_view.programEmpty()) {
+bool ProgramActions::compile() {
+    if (m_view->programEmpty()) {
         m_services.gate.message("Nothing to compile!");
-        return;
+        return false;
     }
     const PollPause pause(m_link);  // the panel stands still while the tool runs
-    m_tools.write(toolfiles::program, WriteTextAsLines(m_view.program()).value_or(""));
+    const std::string text = m_view->program();
+    m_view->showErrors({});
+    m_tools.write(toolfiles::program, WriteTextAsLines(text).value_or(""));
     writeCompilerSetup("COMPILE", toolfiles::program);
     m_tools.RunToolAndWait(compiler, toolfiles::compiled);
-    if (m_tools.CheckToolResult(toolfiles::compiled))
-        m_view.showCompiledLines("Lines: " + withSignBlank(m_tools.CountCompiledLines()));
-    else
-        m_view.SelectEditorLine(m_tools.ReadCompileErrorLine());
+    if (m_tools.CheckToolResult(toolfiles::compiled)) {
+        m_downloaded.compiled(text, m_tools.readResult(toolfiles::compiled));
+        m_view->showCompiledLines("Lines: " + withSignBlank(m_tools.CountCompiledLines()));
+        return true;
+    }
+    m_view->showErrors(compileErrorLines(m_tools.readResult(toolfiles::compiled)));
+    m_view->SelectEditorLine(m_tools.ReadCompileErrorLine());
+    return false;
 }
 
 void ProgramActions::writeCompilerSetup(const char* operation, std::string_view file) {
@@ -108,7 +62,7 @@ void ProgramActions::viewListing() {
     if (listing.refused())
         m_services.gate.message(notRead(nameOf(toolfiles::compiled), listing));
     if (listing.kind == FileContent::Kind::whole)
-        m_view.showListing(textOfLines(listing.bytes));
+        m_view->showListing(textOfLines(listing.bytes));
 }
 
 ProgramActions::Target ProgramActions::askTarget() {
@@ -137,47 +91,74 @@ void ProgramActions::writeDownloaderSetup(const Target& target, const char* oper
                         {"MOD", std::string(controllerModel)}});
 }
 
-void ProgramActions::sendToController(const char* operation) {
+bool ProgramActions::sendToController(const char* operation, Sent sent) {
     if (!m_link.CommOK()) {
         m_services.gate.message("Communication not open!");
-        return;
+        return false;
     }
     m_link.SendReceive("SR0=0");
     m_link.SendReceive("SR1=0");
     const Target target = askTarget();
     if (!m_link.CommOK())
-        return;
+        return false;
+    bool done = false;
     m_link.lendPort(
         [&] {
             checkPortNumber();
             writeDownloaderSetup(target, operation, " 510");
+            const std::string listing = m_tools.read(toolfiles::compiled).bytes;
+            m_downloaded.forget();
             m_tools.RunToolAndWait(downloader, toolfiles::downloaded);
-            m_tools.CheckToolResult(toolfiles::downloaded);
+            done = m_tools.CheckToolResult(toolfiles::downloaded);
+            if (done && sent == Sent::listing)
+                m_downloaded.downloaded(listing);
             reinitialise = 1;
         },
         handOverWait);
+    return done;
 }
 
-void ProgramActions::upload() {
+bool ProgramActions::upload() {
     if (!m_link.CommOK())
-        return;
+        return false;
     const Target target = askTarget();
+    bool done = false;
     m_link.lendPort(
         [&] {
             checkPortNumber();
             writeDownloaderSetup(target, "UPLOAD", "510");
             // An image of an earlier upload must not be taken for this controller's program.
             m_tools.runUnchecked(downloader, toolfiles::uploaded);
-            readProgramBack();
+            done = readProgramBack();
         },
         handOverWait);
+    return done;
 }
 
-void ProgramActions::readProgramBack() {
+bool ProgramActions::readProgramBack() {
     writeCompilerSetup("DECOMPILE", toolfiles::uploaded);
     m_tools.RunToolAndWait(compiler, toolfiles::decompiled);
-    m_view.setProgram(textOfLines(m_tools.readResult(toolfiles::decompiled)));
-    m_tools.CheckToolResult(toolfiles::decompiled);
+    m_view->setProgram(textOfLines(m_tools.readResult(toolfiles::decompiled)));
+    belongsToNoFile();  // that one holds what stood here before
+    return m_tools.CheckToolResult(toolfiles::decompiled);
+}
+
+bool ProgramActions::showsDownloaded() const {
+    return m_downloaded.text() && m_view->shows(*m_downloaded.text());
+}
+
+void ProgramActions::showProgress(std::optional<std::int32_t> counter,
+                                  std::optional<ProgramState> state) {
+    m_state = state.value_or(m_state);
+    const bool underWay = m_state == ProgramState::running || m_state == ProgramState::paused;
+    const bool known = underWay && counter && showsDownloaded();
+    m_view->showRunningLine(known ? m_downloaded.lineOf(*counter) : std::nullopt);
+}
+
+void ProgramActions::forgetController() {
+    m_downloaded.forget();
+    m_state = ProgramState::idle;
+    hideProgress();
 }
 
 }  // namespace zlt

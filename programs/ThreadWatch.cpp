@@ -23,6 +23,7 @@ ThreadWatch::ThreadWatch(const Services& services, const LinkHandOver& handOver,
 std::optional<ThreadPass> ThreadWatch::readPass() {
     if (ended())
         return std::nullopt;
+    const AskedBy refresh(link.busLog(), Asker::poll);
     if (!link.CommOK())
         link.dropInput();  // late answers to what failed
     // No flag guards this screen's exchanges; set here, it tells how the pass went.

@@ -62,6 +62,16 @@ class ResultBefore {
     bool m_superseded = false;
 };
 
+/// What stands in the number's place of each line of a result that names a program line.
+std::vector<std::string> namedLines(std::string_view result) {
+    constexpr std::size_t numberFrom = 6;  // counted from 0: the 7th character
+    std::vector<std::string> named;
+    for (const std::string& line : splitLines(result))
+        if (line.find("Line") != std::string::npos)
+            named.push_back(line.size() > numberFrom ? line.substr(numberFrom) : std::string());
+    return named;
+}
+
 }  // namespace
 
 bool saysFailed(std::string_view result) {
@@ -75,11 +85,8 @@ int compiledLineCount(std::string_view result) {
 }
 
 std::optional<int> compileErrorLine(std::string_view result) {
-    constexpr std::size_t numberFrom = 6;  // counted from 0: the 7th character
-    std::string named;
-    for (const std::string& line : splitLines(result))
-        if (line.find("Line") != std::string::npos)
-            named = line.size() > numberFrom ? line.substr(numberFrom) : std::string();
+    const auto all = namedLines(result);
+    const std::string named = all.empty() ? std::string() : all.back();
     const auto number = parseInteger(named);
     if (number && *number >= INT16_MIN)
         return std::min(*number, lineBeyond);
@@ -87,6 +94,14 @@ std::optional<int> compileErrorLine(std::string_view result) {
     const bool tooMany = named.find_first_of("0123456789") != std::string::npos &&
                          named.find_first_not_of("0123456789 ") == std::string::npos;
     return tooMany ? std::optional(lineBeyond) : std::nullopt;
+}
+
+std::vector<int> compileErrorLines(std::string_view result) {
+    std::vector<int> lines;
+    for (const std::string& named : namedLines(result))
+        if (const auto number = parseInteger(named); number && *number > 0 && *number < lineBeyond)
+            lines.push_back(*number);
+    return lines;
 }
 
 std::string nameOf(std::string_view file) {
@@ -133,10 +148,10 @@ void ToolRunner::writeSetup(std::string_view file, const std::vector<SetupEntry>
 std::string ToolRunner::start(const Tool& tool) {
     const fs::path path = pathOf(tool.path);
     const std::string name = nameOf(tool.path);
-    m_view.keepUnsaved();
+    m_view->keepUnsaved();
     ProcessEnd end = m_services.processes.runAndWait(
-        path, [&](std::int64_t process) { m_view.showRunningTool(name, process); });
-    m_view.clearRunningTool();
+        path, [&](std::int64_t process) { m_view->showRunningTool(name, process); });
+    m_view->clearRunningTool();
     if (end.kind == ProcessEnd::Kind::exited)
         return std::move(end.printed);
     if (end.kind == ProcessEnd::Kind::crashed)

@@ -61,6 +61,9 @@ inline constexpr int lineBeyond = 32768;
 /// none, or one below 16 bits.
 std::optional<int> compileErrorLine(std::string_view result);
 
+/// Every program line that a failed compile names, within 16 bits and from 1, as it names them.
+std::vector<int> compileErrorLines(std::string_view result);
+
 /// What the form does while the panel waits for a tool.
 class ToolRunView {
  public:
@@ -76,7 +79,10 @@ class ToolRunView {
 /// Runs the external tools, which are driven through files alone.
 class ToolRunner {
  public:
-    ToolRunner(const Services& services, ToolRunView& view) : m_services(services), m_view(view) {}
+    ToolRunner(const Services& services, ToolRunView& view) : m_services(services), m_view(&view) {}
+
+    /// Tells this view of the runs from here on.
+    void workOn(ToolRunView& view) { m_view = &view; }
 
     /// Writes one of the files a tool reads. Throws ToolError when the folder is missing or
     /// cannot be written.
@@ -113,7 +119,7 @@ class ToolRunner {
     std::string start(const Tool& tool);
 
     const Services& m_services;
-    ToolRunView& m_view;
+    ToolRunView* m_view;
 };
 
 }  // namespace zlt

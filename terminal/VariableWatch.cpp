@@ -13,6 +13,7 @@ VariableWatch::VariableWatch(const Services& services, const LinkHandOver& handO
 }
 
 VariableReading VariableWatch::refresh() {
+    const AskedBy refreshing(link.busLog(), Asker::poll);
     m_ended = !link.CommOK();
     VariableReading reading;
     for (std::size_t index = 0; index < variableCount; ++index) {

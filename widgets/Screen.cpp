@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "widgets/SideWindow.h"
 #include "widgets/StopButton.h"
 
 namespace zlt {
@@ -25,15 +24,23 @@ Services withGate(const Services& world, Gate& gate) {
             .processes = world.processes,
             .ownFolder = world.ownFolder,
             .dataFolder = world.dataFolder,
-            .makePort = world.makePort};
+            .makePort = world.makePort,
+            .busLog = world.busLog};
 }
 
 /// The windows from the one that `widget` is on down to the first: each lies over the next.
 std::vector<QWidget*> windowsBelow(QWidget& widget) {
     std::vector<QWidget*> windows;
-    for (QWidget* at = &widget; at; at = windows.back()->parentWidget())
+    for (QWidget* at = &widget; at;) {
         windows.push_back(at->window());
+        const auto* screen = qobject_cast<Screen*>(windows.back());
+        at = screen ? screen->standsOver() : windows.back()->parentWidget();
+    }
     return windows;
+}
+
+bool blocksBelow(const QWidget* window) {
+    return window->isModal();
 }
 
 QRect onDesktop(const QWidget& widget) {
@@ -46,11 +53,18 @@ Screen::Screen(const Services& world, QWidget* parent)
     : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       m_gate(
-          world.gate, [this] { heldOff(); }, [this] { m_doubleClicks.windowClosed(); }),
+          world.gate, [this] { heldOff(); }, [] { noteBoxClosed(); }),
       m_services(withGate(world, m_gate)),
-      handlers(m_services, [this] { done(Rejected); }) {
+      handlers(m_services, [this] { leave(); }) {
     // A press or a key is looked at wherever it goes: to a list of this screen's, to a box over it.
     qApp->installEventFilter(this);
+}
+
+/// Whichever screen a box stood over: it may have been one that works by another's rules.
+void Screen::noteBoxClosed() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* screen = qobject_cast<Screen*>(window))
+            screen->m_doubleClicks.windowClosed();
 }
 
 void Screen::showModal() {
@@ -86,8 +100,11 @@ void Screen::act(const Stop& stop) {
         leaveWindowsAbove();
 }
 
-/// The program ended under a box or a screen that stands over this one: their event loops are left,
-/// and the handlers that opened them unwind.
+void Screen::leave() {
+    done(Rejected);
+    leaveWindowsAbove();  // a file dialog of a window beside this one
+}
+
 void Screen::leaveWindowsAbove() {
     QWidget* last = nullptr;
     while (QWidget* above = QApplication::activeModalWidget()) {
@@ -99,11 +116,6 @@ void Screen::leaveWindowsAbove() {
         dialog->done(Rejected);
         last = above;
     }
-}
-
-bool Screen::owns(const QWidget& window) const {
-    return &window == this ||
-           (qobject_cast<const SideWindow*>(&window) && window.parentWidget() == this);
 }
 
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
@@ -118,7 +130,8 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::MouseButtonDblClick:
             return filterPress(widget, *static_cast<QMouseEvent*>(event));
         case QEvent::Wheel:
-            if (owns(*widget.window()) && qobject_cast<QComboBox*>(watched) && !widget.hasFocus()) {
+            if (widget.window() == this && qobject_cast<QComboBox*>(watched) &&
+                !widget.hasFocus()) {
                 event->ignore();
                 return true;
             }
@@ -133,7 +146,7 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
 bool Screen::filterKey(QWidget& watched, QEvent& event) {
     const auto& key = static_cast<QKeyEvent&>(event);
     if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)
-        return owns(*watched.window()) && qobject_cast<QAbstractButton*>(&watched);
+        return watched.window() == this && qobject_cast<QAbstractButton*>(&watched);
     if (key.key() != Qt::Key_F12 || event.type() != QEvent::KeyPress || key.isAutoRepeat())
         return false;
     const auto stop = std::find_if(m_stops.begin(), m_stops.end(),
@@ -163,12 +176,14 @@ bool Screen::filterPress(QWidget& watched, const QMouseEvent& press) {
         return stop.button->isVisible() && onDesktop(*stop.button).contains(place);
     });
     const bool onStop = under != m_stops.end();
-    const bool covered = !onStop && owns(*watched.window()) && m_doubleClicks.covers(press);
+    const bool covered = !onStop && watched.window() == this && m_doubleClicks.covers(press);
     m_doubleClicks.pressed(press);
     if (!list || !onStop || press.button() != Qt::LeftButton || onDesktop(*list).contains(place))
         return covered;
+    // The list's own window, or else one beside this screen.
     const auto windows = windowsBelow(*list);
-    if (windows.size() < 2 || !owns(*windows[1]))
+    const auto own = std::find(windows.begin(), windows.end(), this);
+    if (own == windows.end() || std::any_of(windows.begin() + 1, own, blocksBelow))
         return covered;
     list->setAttribute(Qt::WA_NoMouseReplay);  // or the press would come a second time
     list->close();

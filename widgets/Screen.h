@@ -27,11 +27,14 @@ class Screen : public QDialog {
     /// when the program was ended meanwhile.
     void showModal();
 
+    /// The window that this one lies over.
+    [[nodiscard]] virtual QWidget* standsOver() const { return parentWidget(); }
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     /// A window beside this screen was closed: the second press of a double click there is not
     /// meant for what lies below.
-    void sideWindowClosed() { m_doubleClicks.windowClosed(); }
+    void sideScreenClosed() { m_doubleClicks.windowClosed(); }
 
  private:
     ScreenGate m_gate;
@@ -40,6 +43,8 @@ class Screen : public QDialog {
  protected:
     /// What the screen's close button does; runs as a handler.
     virtual void closeScreen() = 0;
+    /// Ends the screen as the program ends within one of its handlers.
+    virtual void leave();
     /// A box is about to stand in front, or another screen: what this one reads is held off.
     virtual void heldOff() {}
 
@@ -67,11 +72,12 @@ class Screen : public QDialog {
         StopKey key;
     };
 
-    /// Whether a window is this screen or one beside it.
-    [[nodiscard]] bool owns(const QWidget& window) const;
+    static void noteBoxClosed();
     bool filterKey(QWidget& watched, QEvent& event);
     bool filterPress(QWidget& watched, const QMouseEvent& press);
     void act(const Stop& stop);
+    /// The program ended under a box or a screen that stands over this one: their event loops are
+    /// left, and the handlers that opened them unwind.
     void leaveWindowsAbove();
 
     DoubleClickGuard m_doubleClicks;

@@ -8,6 +8,15 @@
 
 namespace zlt {
 
+/// A widget's text for the rules that count in its own units. As long as `text` is left alone.
+inline std::u16string_view textView(QStringView text) {
+    return {text.utf16(), static_cast<std::size_t>(text.size())};
+}
+/// The other way.
+inline QString fromUtf16(std::u16string_view text) {
+    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 /// Text of the wire or of a file, one byte a character, as a widget shows it.
 QString shownText(std::string_view wire);
 

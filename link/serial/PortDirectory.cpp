@@ -58,6 +58,19 @@ void PortDirectory::refresh() {
     else
         numberDevices();
 #endif
+    if (!m_unnumbered.empty())
+        m_entries[beyondLast] = entryFor(m_unnumbered);
+}
+
+PortNumber PortDirectory::numberOf(const std::string& device) {
+    refreshIfChanged();
+    const std::string wanted = canonicalDevice(device);
+    for (const auto& [number, entry] : m_entries)
+        if (number <= PortNumber{portCount} && canonicalDevice(entry.device) == wanted)
+            return number;
+    m_unnumbered = device;
+    m_entries[beyondLast] = entryFor(device);
+    return beyondLast;
 }
 
 void PortDirectory::readList() {

@@ -32,6 +32,8 @@ struct Opening {
 /// machine's devices.
 class PortDirectory {
  public:
+    static constexpr PortNumber beyondLast{portCount + 1};
+
     using Machine = std::function<std::vector<SerialDevice>()>;
 
     /// `portList` is the port list's path, relative to the current directory; `machine` tells
@@ -57,6 +59,10 @@ class PortDirectory {
     [[nodiscard]] bool fromList() const { return m_fromList; }
     /// What is wrong with the port list, a sentence; empty when nothing is.
     [[nodiscard]] const std::string& listProblem() const { return m_listProblem; }
+
+    /// The number that stands for a device given by its path; for one that has none, a number
+    /// beyond the last, which leads there from now on.
+    PortNumber numberOf(const std::string& device);
 
     /// From here on this number stands for the device behind it now, and no other.
     void settle(PortNumber number);
@@ -89,6 +95,7 @@ class PortDirectory {
     Machine m_machine;
     std::vector<SerialDevice> m_devices;
     std::map<PortNumber, PortEntry> m_entries;
+    std::string m_unnumbered;  ///< the device behind the number beyond the last; often none
     bool m_fromList = false;
     std::string m_listProblem;
     std::string m_fingerprint;

@@ -91,6 +91,7 @@ bool QtSerialPort::open(PortNumber number, std::string_view baudRate) {
 void QtSerialPort::openDevice(const std::string& device, qint32 baudRate) {
     // One name for one device, so that the lock file of a link's target is met too.
     const std::string path = canonicalDevice(device);
+    m_device = path == device ? device : device + " (" + path + ")";
     if (!m_claim.take(path))
         return lose(deviceBusy());
     m_serial.setPortName(QFile::decodeName(path.c_str()));

@@ -26,6 +26,7 @@ class QtSerialPort final : public Port {
     [[nodiscard]] bool numberStillMeant(PortNumber number) const override {
         return m_directory.numberStillMeant(number);
     }
+    [[nodiscard]] std::string device() const override { return m_device; }
     [[nodiscard]] std::string remark() const override { return m_remark; }
     [[nodiscard]] std::string errorText() const override { return m_errorText; }
 
@@ -43,6 +44,7 @@ class QtSerialPort final : public Port {
     PortDirectory& m_directory;
     LineClaim m_claim;
     QSerialPort m_serial;
+    std::string m_device;
     std::string m_errorText;
     std::string m_remark;
 };

@@ -1,13 +1,17 @@
 #include "panel/forms/MainControlForm.h"
 
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QShowEvent>
+#include <QToolTip>
 #include <chrono>
 #include <utility>
 
 #include "panel/forms/TrendForm.h"
 #include "parameters/forms/SetupParameters.h"
 #include "programs/forms/XThreadForm.h"
+#include "terminal/forms/BusForm.h"
 #include "terminal/forms/TerminalForm.h"
 #include "terminal/forms/VariableForm.h"
 #include "ui_MainControlForm.h"
@@ -17,6 +21,7 @@ namespace zlt {
 namespace {
 
 constexpr std::chrono::milliseconds pollInterval{10};
+constexpr std::chrono::milliseconds pollRest{200};
 
 std::unique_ptr<Ui::MainControlForm> makeControls(QDialog& form) {
     auto controls = std::make_unique<Ui::MainControlForm>();
@@ -71,7 +76,6 @@ void MainControlForm::connectControls(ProgramDraft& draft) {
     m_ui->statusFrame->connectTo(handlers, m_motion);
     m_ui->motionFrame->connectTo(handlers, m_session, m_motion, m_outputs);
     m_ui->outputsFrame->connectTo(handlers, m_outputs);
-    m_ui->programFrame->connectTo(handlers, services(), m_session.link, draft);
     const auto sendMotion = [this](std::string_view command) {
         m_ui->motionFrame->withFields(
             [&](MotionFields& fields) { m_motion.SendMotionCommand(fields, command); });
@@ -79,19 +83,24 @@ void MainControlForm::connectControls(ProgramDraft& draft) {
     m_ui->runControlFrame->connectTo(handlers, m_session.link, sendMotion,
                                      [this] { XThread_Click(); });
     m_ui->terminalFrame->connectTo(handlers, m_session.link);
-    const auto connectFieldStop = [this](StopButton& button, StopKey key,
-                                         void (MotionCommands::*stop)(MotionFields&)) {
-        const auto act = [this, stop](MotionFields& fields) { (m_motion.*stop)(fields); };
-        connectStop(
-            button, [this, act] { m_ui->motionFrame->withFields(act); }, key);
+    const auto fieldStop = [this](void (MotionCommands::*stop)(MotionFields&)) {
+        return [this, stop] {
+            m_ui->motionFrame->withFields([&](MotionFields& fields) { (m_motion.*stop)(fields); });
+        };
     };
-    connectFieldStop(m_ui->stopFrame->stop(), StopKey::none, &MotionCommands::stop);
-    connectFieldStop(m_ui->stopFrame->abort(), StopKey::f12, &MotionCommands::abort);
+    connectStop(m_ui->stopFrame->stop(), fieldStop(&MotionCommands::stop), StopKey::none);
+    connectStop(m_ui->stopFrame->abort(), fieldStop(&MotionCommands::abort), StopKey::f12);
+    m_ui->programFrame->connectTo(handlers, services(), m_session.link, draft,
+                                  {.stop = fieldStop(&MotionCommands::abort),
+                                   .poll = [this] { return pollUnderEditor(); },
+                                   .rest = [this] { m_session.holdOff(); }});
     handlers.onClick(*m_ui->Setup, [this](bool) { Setup_Click(); });
     handlers.onClick(*m_ui->ManualTerminal,
                      [this](bool) { showOverPanel<TerminalForm>(m_terminalHistory); });
     handlers.onClick(*m_ui->Variable, [this](bool) { showOverPanel<VariableForm>(); });
     handlers.onClick(*m_ui->Trend, [this](bool) { Trend_Click(); });
+    handlers.onClick(*m_ui->Bus, [this](bool) { Bus_Click(); });
+    handlers.onClick(*m_ui->CopyState, [this](bool) { CopyState_Click(); });
 }
 
 void MainControlForm::Form_Load(const Connection& connection) {
@@ -123,6 +132,15 @@ std::chrono::milliseconds MainControlForm::Timer1_Timer() {
     return pollInterval - std::chrono::milliseconds(pass.elapsed());
 }
 
+/// A silent controller would hold up the typing, and the demo's moves go on only where its button
+/// is in sight.
+std::chrono::milliseconds MainControlForm::pollUnderEditor() {
+    if (m_session.link.CommOK() && !m_shown.demo)
+        return Timer1_Timer();
+    m_session.holdOff();
+    return pollRest;
+}
+
 void MainControlForm::Command2_Click() {
     m_timer1.stop();
     m_session.unload();
@@ -144,9 +162,32 @@ void MainControlForm::XThread_Click() {
 
 void MainControlForm::Trend_Click() {
     if (!m_trendForm)
-        m_trendForm = std::make_unique<TrendForm>(this, handlers, services(), m_trend, m_places);
+        m_trendForm = std::make_unique<TrendForm>(services(), *this, m_places, m_trend);
     m_trendForm->showDevice(connection().deviceId);
-    m_trendForm->present();
+    m_trendForm->showBeside();
+}
+
+void MainControlForm::Bus_Click() {
+    if (!m_bus)
+        m_bus = std::make_unique<BusForm>(services(), *this, m_places);
+    m_bus->showBeside();
+}
+
+void MainControlForm::CopyState_Click() {
+    constexpr std::size_t exchanges = 50;
+    const BusLog& log = *services().busLog;
+    const std::string text = stateText({.now = log.now(),
+                                        .connection = connection(),
+                                        .portDevice = link().portDevice(),
+                                        .panel = m_shown,
+                                        .readOuts = m_readOuts,
+                                        .note = m_session.link.notes->of(connection()),
+                                        .exchanges = log.last(exchanges, true),
+                                        .exchangesButPoll = log.last(exchanges, false)});
+    QGuiApplication::clipboard()->setText(fromUtf8(text));
+    QToolTip::showText(m_ui->CopyState->mapToGlobal(QPoint(0, m_ui->CopyState->height())),
+                       tr("The state is on the clipboard: paste it into a mail or a file."),
+                       m_ui->CopyState);
 }
 
 // What the rules show, passed on to the frames that show it
@@ -155,14 +196,21 @@ void MainControlForm::showState(const PanelState& state) {
     if (state == m_shown)
         return;
     const PanelState before = std::exchange(m_shown, state);
+    const auto now = services().busLog->now().steady;
+    if (before.id != state.id && state.id != unknownText)
+        m_readOuts.note("Product", state.id, now);
+    if (before.version != state.version && state.version != unknownText)
+        m_readOuts.note("Firmware", state.version, now);
     m_ui->linkFrame->showState(state);
     m_ui->statusFrame->showState(state);
     m_ui->motionFrame->showState(state);
     m_ui->outputsFrame->showState(state);
     m_ui->stopFrame->showState(state);
     m_ui->terminalFrame->showLive(state.live);
-    if (!state.live)
+    if (!state.live) {
         m_trend.breakOff();
+        m_ui->programFrame->hideProgress();
+    }
     if (m_trendForm)
         m_trendForm->showDevice(state.device);
     if (state.loadedFirmware)
@@ -174,12 +222,19 @@ void MainControlForm::showState(const PanelState& state) {
 }
 
 void MainControlForm::showReading(const AxisReading& reading) {
+    if (m_session.link.CommOK())  // or the zeros of a time-out would pass for values
+        m_readOuts.note(reading, services().busLog->now().steady);
     m_ui->statusFrame->showReading(reading);
     m_ui->motionFrame->showReading(reading);
     m_ui->outputsFrame->showReading(reading);
+    const bool whole = m_session.link.CommOK();
     // After a time-out the zeros are no values, and what came later may be another command's.
-    if (m_session.link.CommOK())
+    if (whole)
         m_trend.add(reading);
+    if (whole && reading.program)
+        m_ui->programFrame->showProgress(reading.program->line, reading.program->state);
+    else
+        m_ui->programFrame->hideProgress();
 }
 
 void MainControlForm::fillSettings(std::string_view speed, std::string_view acceleration) {
@@ -191,6 +246,7 @@ void MainControlForm::resetSync() {
 }
 
 void MainControlForm::deviceSwitched(std::string_view before, std::string_view now) {
+    m_readOuts.clear();
     m_ui->outputsFrame->clearMarks();
     m_ui->motionFrame->clearMarks();
     m_ui->runControlFrame->forgetRunOnBoot();
@@ -199,6 +255,7 @@ void MainControlForm::deviceSwitched(std::string_view before, std::string_view n
 }
 
 void MainControlForm::forgetProgram() {
+    m_ui->programFrame->forgetController();
     m_ui->statusFrame->forgetProgram();
     m_ui->outputsFrame->forgetProgram();
 }

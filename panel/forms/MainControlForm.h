@@ -7,10 +7,11 @@
 #include "panel/MotionCommands.h"
 #include "panel/OutputCommands.h"
 #include "panel/PanelSession.h"
+#include "panel/StateReport.h"
 #include "panel/TrendRecord.h"
 #include "terminal/TerminalTalk.h"
 #include "widgets/Screen.h"
-#include "widgets/SideWindow.h"
+#include "widgets/SideScreen.h"
 
 namespace Ui {
 class MainControlForm;
@@ -18,6 +19,7 @@ class MainControlForm;
 
 namespace zlt {
 
+class BusForm;
 class ProgramDraft;
 class TrendForm;
 
@@ -51,10 +53,14 @@ class MainControlForm : public Screen, private PanelView {
 
  private:
     std::chrono::milliseconds Timer1_Timer();
+    /// A pass of the poll while the program editor stands over the panel.
+    std::chrono::milliseconds pollUnderEditor();
     void Command2_Click();
     void Setup_Click();
     void XThread_Click();
     void Trend_Click();
+    void Bus_Click();
+    void CopyState_Click();
 
     void closeScreen() override { Command2_Click(); }
     void heldOff() override { m_session.holdOff(); }
@@ -80,7 +86,9 @@ class MainControlForm : public Screen, private PanelView {
     PanelSession m_session;
     MotionCommands m_motion;
     OutputCommands m_outputs;
+    ReadOuts m_readOuts;
     CommandHistory m_terminalHistory;
+    std::unique_ptr<BusForm> m_bus;  ///< once it has been opened
     QTimer m_timer1{this};
     TrendRecord m_trend;
     std::shared_ptr<WindowPlaces> m_places;

@@ -11,7 +11,6 @@
 #include "panel/TrendCsv.h"
 #include "panel/forms/TrendLook.h"
 #include "ui_TrendForm.h"
-#include "widgets/Screen.h"
 #include "widgets/StopButton.h"
 #include "widgets/WireText.h"
 
@@ -33,11 +32,9 @@ std::string pngOf(const QImage& image) {
 
 }  // namespace
 
-TrendForm::TrendForm(Screen* panel, Handlers& handlers, const Services& services,
-                     const TrendRecord& record, std::shared_ptr<WindowPlaces> places,
-                     TrendPlot::Clock now)
-    : SideWindow(panel, std::move(places)),
-      m_services(services),
+TrendForm::TrendForm(const Services& world, QWidget& owner, std::shared_ptr<WindowPlaces> places,
+                     const TrendRecord& record, TrendPlot::Clock now)
+    : SideScreen(world, owner, std::move(places)),
       m_record(record),
       m_ui(std::make_unique<Ui::TrendForm>()) {
     m_ui->setupUi(this);
@@ -45,20 +42,21 @@ TrendForm::TrendForm(Screen* panel, Handlers& handlers, const Services& services
     for (const TrendView::Span span : spans)
         m_ui->trendSpan->addItem(fromUtf8(trendSpanText(span)));
     m_ui->trendPlot->showRecord(record, std::move(now));
-    connectControls(handlers);
+    applyScreenRules();
+    connectControls();
     showView();
 }
 
 TrendForm::~TrendForm() = default;
 
-void TrendForm::connectControls(Handlers& handlers) {
+void TrendForm::connectControls() {
     handlers.connect(m_ui->trendSpan, &QComboBox::activated, this, &TrendForm::trendSpan_Changed);
     handlers.onClick(*m_ui->trendPause, [this](bool on) { m_ui->trendPlot->setPaused(on); });
     handlers.onClick(*m_ui->trendAutoscale, [this](bool on) { m_ui->trendPlot->setAutoscale(on); });
     handlers.onClick(*m_ui->trendSaveCsv, [this](bool) { trendSaveCsv_Click(); });
     handlers.onClick(*m_ui->trendSavePng, [this](bool) { trendSavePng_Click(); });
     handlers.onClick(*m_ui->trendCopy, [this](bool) { trendCopy_Click(); });
-    handlers.onClick(*m_ui->trendClose, [this](bool) { hide(); });
+    handlers.onClick(*m_ui->trendClose, [this](bool) { closeScreen(); });
     connect(m_ui->trendPlot, &TrendPlot::viewChanged, this, &TrendForm::showView);
 }
 
@@ -89,13 +87,16 @@ void TrendForm::trendSavePng_Click() {
 void TrendForm::save(const char* filter, const char* suffix,
                      const std::function<std::string()>& content) {
     say({});
-    const auto name = chooseSaveName(
-        m_services.gate, {"Save Trend As", filter,
-                          "trend " + trendDateText(m_record.began()).toStdString() + suffix});
+    const auto name = [&] {
+        const OwnDialog dialog(*this);
+        return chooseSaveName(services().gate,
+                              {"Save Trend As", filter,
+                               "trend " + trendDateText(m_record.began()).toStdString() + suffix});
+    }();
     if (!name)
         return;
     const BusyCursor busy;
-    if (const auto failure = m_services.files.writeWhole(*name, content()))
+    if (const auto failure = services().files.writeWhole(*name, content()))
         say(fromUtf8(notSaved("The trend", *name, *failure)));
     else
         say(tr("Saved in %1.").arg(fromUtf8(utf8FromPath(*name))));

@@ -4,8 +4,7 @@
 #include <string_view>
 
 #include "panel/forms/TrendPlot.h"
-#include "widgets/Handlers.h"
-#include "widgets/SideWindow.h"
+#include "widgets/SideScreen.h"
 
 namespace Ui {
 class TrendForm;
@@ -14,15 +13,14 @@ class TrendForm;
 namespace zlt {
 
 /// What the poll has read over time, in a window beside the panel. It asks the controller nothing.
-class TrendForm : public SideWindow {
+class TrendForm : public SideScreen {
     Q_OBJECT
 
  public:
-    /// `handlers` and `services` are the panel's, `record` is what it has read; all outlive the
-    /// window. `now` is the clock that the record's times are of.
-    TrendForm(Screen* panel, Handlers& handlers, const Services& services,
-              const TrendRecord& record, std::shared_ptr<WindowPlaces> places,
-              TrendPlot::Clock now = std::chrono::steady_clock::now);
+    /// `record` is what the panel has read, and outlives the window. `now` is the clock that the
+    /// record's times are of.
+    TrendForm(const Services& world, QWidget& owner, std::shared_ptr<WindowPlaces> places,
+              const TrendRecord& record, TrendPlot::Clock now = std::chrono::steady_clock::now);
     ~TrendForm() override;
 
     /// Says which device is read (Latin-1).
@@ -31,7 +29,7 @@ class TrendForm : public SideWindow {
     [[nodiscard]] QSize sizeHint() const override { return {900, 530}; }
 
  private:
-    void connectControls(Handlers& handlers);
+    void connectControls();
     void trendSpan_Changed(int index);
     void trendSaveCsv_Click();
     void trendSavePng_Click();
@@ -42,7 +40,6 @@ class TrendForm : public SideWindow {
     /// Nothing to say: how the window is worked.
     void say(const QString& sentence);
 
-    const Services& m_services;
     const TrendRecord& m_record;
     std::unique_ptr<Ui::TrendForm> m_ui;
     QString m_hint;

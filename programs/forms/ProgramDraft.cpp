@@ -10,7 +10,7 @@
 namespace zlt {
 
 ProgramDraft::ProgramDraft(const Services& services)
-    : m_services(services), m_texts(services.files, services.dataFolder) {
+    : m_services(services), m_file(services.files), m_texts(services.files, services.dataFolder) {
     m_document.setDocumentLayout(new QPlainTextDocumentLayout(&m_document));
     m_services.programEnd.keepUnsaved = [this] { (void)keep(); };
 }
@@ -26,17 +26,10 @@ void ProgramDraft::markSaved() {
 
 std::optional<WriteFailure> ProgramDraft::keep() {
     if (m_document.isModified() && !m_document.isEmpty())
-        return m_texts.keep(unsavedText());
+        // In UTF-8, as a text may hold what no program file can.
+        return m_texts.keep(wholeTextWithLineEnds(m_document).toStdString());
     m_texts.forget();
     return std::nullopt;
-}
-
-std::string ProgramDraft::unsavedText() const {
-    // In UTF-8, as a text may hold what no program file can.
-    QString raw = m_document.toRawText();
-    raw.replace(QChar::ParagraphSeparator, QStringLiteral("\r\n"));
-    raw.replace(QChar::LineSeparator, QStringLiteral("\r\n"));
-    return raw.toStdString();
 }
 
 void ProgramDraft::openKept() {
@@ -48,6 +41,7 @@ void ProgramDraft::openKept() {
     if (!text)
         throw std::runtime_error(notRead(*file, content));
     (void)keep();
+    m_file.forget();
     m_texts.leave();  // what stood here so far is not lost for it
     replaceText(m_document, fromUtf8(*text));
     std::error_code ignored;
@@ -59,6 +53,16 @@ void ProgramDraft::dropKept() {
     std::error_code ignored;
     if (const auto file = m_texts.left())
         std::filesystem::remove(*file, ignored);
+}
+
+QString wholeText(const QTextDocument& document) {
+    QString raw = document.toRawText();
+    raw.replace(QChar::LineSeparator, QChar::ParagraphSeparator);
+    return raw;
+}
+
+QString wholeTextWithLineEnds(const QTextDocument& document) {
+    return wholeText(document).replace(QChar::ParagraphSeparator, QStringLiteral("\r\n"));
 }
 
 void replaceText(QTextDocument& document, const QString& text) {

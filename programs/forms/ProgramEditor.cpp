@@ -27,6 +27,18 @@ class LineNumbers : public QWidget {
 namespace {
 
 constexpr int numbersMargin = 6;
+constexpr int arrowWidth = 10;  ///< of the sign beside the line that the controller is at
+constexpr int cursorLineTint = 28;
+constexpr int runningLineTint = 70;
+constexpr QRgb runningInk = 0xFF1E88E5;  ///< to be seen on light and on dark
+
+/// An arrowhead that points at the line.
+QPolygonF arrowAt(const QRectF& line) {
+    const qreal half = std::min<qreal>(arrowWidth, line.height()) / 2 - 1;
+    const QPointF middle(arrowWidth / 2.0, line.center().y());
+    return {
+        {middle + QPointF(-half, -half), middle + QPointF(half, 0), middle + QPointF(-half, half)}};
+}
 
 }  // namespace
 
@@ -37,23 +49,41 @@ ProgramEditor::ProgramEditor(QWidget* parent)
     setTabChangesFocus(true);  // the keyboard must find the way out again
     connect(this, &QPlainTextEdit::blockCountChanged, this, [this] { placeNumbers(); });
     connect(this, &QPlainTextEdit::updateRequest, m_numbers, [this] { m_numbers->update(); });
-    connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { markCurrentLine(); });
+    connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { markLines(); });
     placeNumbers();
-    markCurrentLine();
+    markLines();
 }
 
 std::string ProgramEditor::program() const {
-    // The document's own text: the plain one turns a no-break space into a blank.
-    QString raw = document()->toRawText();
-    raw.replace(QChar::ParagraphSeparator, QStringLiteral("\r\n"));
-    raw.replace(QChar::LineSeparator, QStringLiteral("\r\n"));
-    return wireLines(raw);
+    return wireLines(wholeTextWithLineEnds(*document()));
+}
+
+bool ProgramEditor::shows(std::string_view text) const {
+    // The length tells most texts apart without another look.
+    const auto lineEnds = std::count(text.begin(), text.end(), '\n');
+    const auto length = static_cast<qsizetype>(text.size()) - lineEnds;
+    return length == document()->characterCount() - 1 &&
+           wholeTextWithLineEnds(*document()) == shownText(text);
 }
 
 void ProgramEditor::showDraft(ProgramDraft& draft) {
-    draft.document().setDefaultFont(font());
+    m_draft = &draft;
     setDocument(&draft.document());
+    takeFont();
+    draft.highlighter().follow(palette());
+    markLines();
+}
+
+void ProgramEditor::takeFont() {
+    document()->setDefaultFont(font());
     placeNumbers();
+}
+
+void ProgramEditor::showRunningLine(std::optional<int> line) {
+    if (m_runningLine == line)
+        return;
+    m_runningLine = line;
+    markLines();
 }
 
 void ProgramEditor::setProgram(std::string_view text) {
@@ -112,7 +142,7 @@ void ProgramEditor::insertFromMimeData(const QMimeData* source) {
 int ProgramEditor::numbersWidth() const {
     const auto digits = std::max<qsizetype>(3, QString::number(blockCount()).size());
     return static_cast<int>(digits) * fontMetrics().horizontalAdvance(QLatin1Char('9')) +
-           2 * numbersMargin;
+           arrowWidth + 2 * numbersMargin;
 }
 
 void ProgramEditor::placeNumbers() {
@@ -128,19 +158,29 @@ void ProgramEditor::resizeEvent(QResizeEvent* event) {
 
 void ProgramEditor::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        markCurrentLine();
+    if (event->type() == QEvent::PaletteChange) {
+        if (m_draft)
+            m_draft->highlighter().follow(palette());
+        markLines();
+    }
 }
 
-void ProgramEditor::markCurrentLine() {
-    QTextEdit::ExtraSelection mark;
-    QColor tint = palette().color(QPalette::Highlight);
-    tint.setAlpha(28);
-    mark.format.setBackground(tint);
-    mark.format.setProperty(QTextFormat::FullWidthSelection, true);
-    mark.cursor = textCursor();
-    mark.cursor.clearSelection();
-    setExtraSelections({mark});
+void ProgramEditor::markLines() {
+    const auto markOf = [](const QTextCursor& place, QColor tint, int alpha) {
+        QTextEdit::ExtraSelection mark;
+        tint.setAlpha(alpha);
+        mark.format.setBackground(tint);
+        mark.format.setProperty(QTextFormat::FullWidthSelection, true);
+        mark.cursor = place;
+        mark.cursor.clearSelection();
+        return mark;
+    };
+    QList<QTextEdit::ExtraSelection> marks{
+        markOf(textCursor(), palette().color(QPalette::Highlight), cursorLineTint)};
+    const QTextBlock running = document()->findBlockByNumber(m_runningLine.value_or(0) - 1);
+    if (m_runningLine && running.isValid())
+        marks.append(markOf(QTextCursor(running), runningInk, runningLineTint));
+    setExtraSelections(marks);
     m_numbers->update();
 }
 
@@ -156,8 +196,14 @@ void ProgramEditor::paintNumbers(QPaintEvent* event) {
         const auto role =
             block.blockNumber() == current ? QPalette::Text : QPalette::PlaceholderText;
         painter.setPen(palette().color(role));
-        painter.drawText(QRectF(0, top, m_numbers->width() - numbersMargin, height),
-                         Qt::AlignRight | Qt::AlignTop, QString::number(block.blockNumber() + 1));
+        const QRectF line(0, top, m_numbers->width() - numbersMargin, height);
+        painter.drawText(line, Qt::AlignRight | Qt::AlignTop,
+                         QString::number(block.blockNumber() + 1));
+        if (m_runningLine == block.blockNumber() + 1) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(QColor(runningInk));
+            painter.drawPolygon(arrowAt(line));
+        }
         top += height;
     }
 }

@@ -1,48 +1,50 @@
 #include "programs/forms/ProgramFrame.h"
 
-#include "platform/Text.h"
+#include <QShortcut>
+#include <utility>
+
+#include "programs/forms/FileWatch.h"
 #include "programs/forms/ProgramDraft.h"
-#include "programs/forms/ViewCompiledForm.h"
 #include "ui_ProgramFrame.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
+namespace {
+
+/// Of a file's name in the group's title, which must not make the group wider.
+constexpr int longestName = 24;
+
+}  // namespace
 
 ProgramFrame::ProgramFrame(QWidget* parent)
-    : QGroupBox(parent), m_ui(std::make_unique<Ui::ProgramFrame>()), m_toolNote(new QLabel(this)) {
+    : QGroupBox(parent), m_ui(std::make_unique<Ui::ProgramFrame>()) {
     m_ui->setupUi(this);
-    m_toolNote->setObjectName(QStringLiteral("toolNote"));
-    m_toolNote->setTextFormat(Qt::PlainText);
-    m_toolNote->setWordWrap(true);
-    m_toolNote->setMargin(6);
-    m_toolNote->setAutoFillBackground(true);
-    m_toolNote->setBackgroundRole(QPalette::ToolTipBase);
-    m_toolNote->setForegroundRole(QPalette::ToolTipText);
-    m_toolNote->hide();
+    m_ui->findBar->makeShort();
+    m_sheet = std::make_unique<ProgramSheet>(
+        ProgramSheet::Controls{*m_ui->OrgProgram, *m_ui->CompiledLines, *new QLabel(this),
+                               [this] { showTitle(); }, [](const std::vector<int>&) {}});
 }
 
 ProgramFrame::~ProgramFrame() = default;
 
 void ProgramFrame::connectTo(Handlers& handlers, const Services& services, PanelLink& link,
-                             ProgramDraft& draft) {
+                             ProgramDraft& draft, PanelBelow below) {
     m_services = &services;
+    m_link = &link;
     m_draft = &draft;
-    m_actions = std::make_unique<ProgramActions>(services, link, *this);
-    m_ui->OrgProgram->showDraft(draft);
-    connect(&draft.document(), &QTextDocument::modificationChanged, this,
-            &ProgramFrame::showWhetherSaved);
-    connect(&draft.document(), &QTextDocument::contentsChanged, this, [this] {
-        m_ui->CompiledLines->setEnabled(false);
-        m_ui->CompiledLines->setToolTip(tr("The text has changed since this compile."));
-    });
-    showWhetherSaved();
+    m_below = std::move(below);
+    m_actions = std::make_unique<ProgramActions>(services, link, *m_sheet, draft.file());
+    new FileWatch(this, *window(), handlers, [this] { m_actions->checkFile(); });
+    m_sheet->connectTo(services, draft);
     connectButtons(handlers);
+    connectKeys(handlers);
 }
 
 void ProgramFrame::connectButtons(Handlers& handlers) {
     handlers.onClick(*m_ui->NewProg, [this](bool) { m_actions->newProgram(); });
     handlers.onClick(*m_ui->OpenProg, [this](bool) { m_actions->openProgram(); });
     handlers.onClick(*m_ui->SaveProg, [this](bool) { m_actions->saveProgram(); });
+    handlers.onClick(*m_ui->OpenText, [this](bool) { OpenText_Click(); });
     handlers.onClick(*m_ui->ViewCompiled, [this](bool) { m_actions->viewListing(); });
     // The tools may take their time, and the screen stands still meanwhile.
     const auto onLongClick = [&](QAbstractButton& button, std::function<void()> work) {
@@ -57,69 +59,63 @@ void ProgramFrame::connectButtons(Handlers& handlers) {
     onLongClick(*m_ui->clearSpace, [this] { m_actions->clearMemory(); });
 }
 
+void ProgramFrame::connectKeys(Handlers& handlers) {
+    m_ui->findBar->connectTo(handlers, *m_ui->OrgProgram);
+    const auto onKey = [&](const QKeySequence& key, const std::function<void()>& work) {
+        handlers.onSignal(*new QShortcut(key, this), &QShortcut::activated, work);
+    };
+    onKey(Qt::CTRL | Qt::Key_F, [this] { m_ui->findBar->open(false); });
+    onKey(Qt::Key_F3, [this] { m_ui->findBar->findNext(); });
+    onKey(Qt::SHIFT | Qt::Key_F3, [this] { m_ui->findBar->findPrevious(); });
+    onKey(Qt::CTRL | Qt::Key_S, [this] { m_actions->saveAgain(); });
+}
+
+void ProgramFrame::OpenText_Click() {
+    /// The actions are the panel's again, whatever ends the editor.
+    struct FrontAgain {
+        ProgramActions& actions;
+        ProgramSheet& sheet;
+        ~FrontAgain() { actions.workOn(sheet); }
+    };
+    m_actions->hideProgress();
+    {
+        const FrontAgain frontAgain{*m_actions, *m_sheet};
+        ProgramEditForm2 editor(*m_services, *m_actions, *m_draft, m_below, window());
+        editor.showDevice(m_link->connection.deviceId);
+        editor.sheet().continueFrom(*m_sheet);
+        editor.placeCursor(m_ui->OrgProgram->textCursor().position());
+        editor.showModal();
+        m_ui->OrgProgram->setTextCursor(editor.cursor());
+        m_sheet->continueFrom(editor.sheet());
+    }
+    m_ui->OrgProgram->takeFont();
+    m_ui->OrgProgram->ensureCursorVisible();
+}
+
 void ProgramFrame::focusProgram() {
     m_ui->OrgProgram->setFocus(Qt::OtherFocusReason);
 }
 
-std::string ProgramFrame::program() const {
-    try {
-        return m_ui->OrgProgram->program();
-    } catch (const NotLatin1&) {
-        m_ui->OrgProgram->selectForeignCharacter();
-        throw;
-    }
+void ProgramFrame::showProgress(std::optional<std::int32_t> counter,
+                                std::optional<ProgramState> state) {
+    m_actions->showProgress(counter, state);
 }
 
-bool ProgramFrame::programEmpty() const {
-    return m_ui->OrgProgram->document()->isEmpty();
+void ProgramFrame::hideProgress() {
+    m_actions->hideProgress();
 }
 
-void ProgramFrame::setProgram(std::string_view text) {
-    m_ui->OrgProgram->setProgram(text);
+void ProgramFrame::forgetController() {
+    m_actions->forgetController();
 }
 
-void ProgramFrame::markSaved() {
-    m_draft->markSaved();
-}
-
-void ProgramFrame::keepUnsaved() {
-    (void)m_draft->keep();
-}
-
-void ProgramFrame::showWhetherSaved() {
-    setTitle(m_draft->document().isModified() ? tr("Program \u2013 not saved") : tr("Program"));
-}
-
-void ProgramFrame::SelectEditorLine(int line) {
-    m_ui->OrgProgram->SelectEditorLine(line);
-}
-
-void ProgramFrame::showCompiledLines(std::string_view caption) {
-    m_ui->CompiledLines->setText(shownText(caption));
-    m_ui->CompiledLines->setEnabled(true);
-    m_ui->CompiledLines->setToolTip({});
-}
-
-void ProgramFrame::showListing(std::string_view listing) {
-    ViewCompiledForm viewer(*m_services, listing, window());
-    viewer.showModal();
-}
-
-void ProgramFrame::showRunningTool(std::string_view tool, std::int64_t process) {
-    m_toolNote->setText(tr("%1 is running, process %2.  The panel waits until it has ended.")
-                            .arg(fromUtf8(tool))
-                            .arg(process));
-    // Over the box's lower edge, where no layout has to make room first.
-    const QRect box = m_ui->OrgProgram->geometry();
-    const int height = m_toolNote->heightForWidth(box.width());
-    m_toolNote->setGeometry(box.left(), box.bottom() + 1 - height, box.width(), height);
-    m_toolNote->show();
-    m_toolNote->raise();
-    m_toolNote->repaint();
-}
-
-void ProgramFrame::clearRunningTool() {
-    m_toolNote->hide();
+void ProgramFrame::showTitle() {
+    QString name = fromUtf8(m_draft->file().name());
+    if (name.size() > longestName)
+        name = name.left(longestName - 5) + QChar(0x2026) + name.right(4);
+    const QString state =
+        m_sheet->fileAndState(name.replace(QLatin1Char('&'), QLatin1String("&&")));
+    setTitle(state.isEmpty() ? tr("Program") : tr("Program \u2013 %1").arg(state));
 }
 
 }  // namespace zlt

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QGroupBox>
-#include <QLabel>
 #include <memory>
 
 #include "programs/ProgramActions.h"
+#include "programs/forms/ProgramEditForm2.h"
+#include "programs/forms/ProgramSheet.h"
 #include "widgets/Handlers.h"
 
 namespace Ui {
@@ -13,45 +14,41 @@ class ProgramFrame;
 
 namespace zlt {
 
-class ProgramDraft;
-
 /// The program box with its files, its compiler and its way to the controller and back.
-class ProgramFrame : public QGroupBox, public ProgramView {
+class ProgramFrame : public QGroupBox {
     Q_OBJECT
 
  public:
     explicit ProgramFrame(QWidget* parent = nullptr);
     ~ProgramFrame() override;
 
-    /// Shows the draft's text and has the buttons work on it and on this link. All of these outlive
-    /// the frame.
+    /// Shows the draft's text and has the buttons work on it and on this link; `below` is what the
+    /// editor may ask of the panel under it. All of these outlive the frame.
     void connectTo(Handlers& handlers, const Services& services, PanelLink& link,
-                   ProgramDraft& draft);
+                   ProgramDraft& draft, PanelBelow below);
     /// Puts the cursor into the program box.
     void focusProgram();
 
-    [[nodiscard]] std::string program() const override;
-    [[nodiscard]] bool programEmpty() const override;
-    void setProgram(std::string_view text) override;
-    void markSaved() override;
-    void SelectEditorLine(int line) override;
-    void showCompiledLines(std::string_view caption) override;
-    void showListing(std::string_view listing) override;
-    void keepUnsaved() override;
-    void showRunningTool(std::string_view tool, std::int64_t process) override;
-    void clearRunningTool() override;
+    /// As the functions of ProgramActions: what the poll has read of the program, and that nothing
+    /// is known of it.
+    void showProgress(std::optional<std::int32_t> counter, std::optional<ProgramState> state);
+    void hideProgress();
+    void forgetController();
 
  private:
-    void showWhetherSaved();
-
+    void showTitle();
     void connectButtons(Handlers& handlers);
+    void connectKeys(Handlers& handlers);
+    void OpenText_Click();
 
+    std::unique_ptr<Ui::ProgramFrame> m_ui;
+    std::unique_ptr<ProgramSheet> m_sheet;
     // What connectTo() was given, and the rules over it.
     const Services* m_services = nullptr;
+    PanelLink* m_link = nullptr;
     ProgramDraft* m_draft = nullptr;
+    PanelBelow m_below;
     std::unique_ptr<ProgramActions> m_actions;
-    std::unique_ptr<Ui::ProgramFrame> m_ui;
-    QLabel* m_toolNote;
 };
 
 }  // namespace zlt

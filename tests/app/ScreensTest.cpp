@@ -18,10 +18,14 @@
 #include "panel/forms/TrendForm.h"
 #include "parameters/forms/SetupParameters.h"
 #include "programs/forms/ProgramDraft.h"
+#include "programs/forms/ProgramEditForm2.h"
+#include "programs/forms/ProgramEditor.h"
+#include "programs/forms/ProgramSheet.h"
 #include "programs/forms/ViewCompiledForm.h"
 #include "programs/forms/XThreadForm.h"
 #include "support/FormDriver.h"
 #include "support/World.h"
+#include "terminal/forms/BusForm.h"
 #include "terminal/forms/TerminalForm.h"
 #include "terminal/forms/VariableForm.h"
 
@@ -48,22 +52,61 @@ struct LonePanel : private OwnDraft, public MainControlForm {
         : OwnDraft(services), MainControlForm(services, draft, nullptr) {}
 };
 
-/// The trend, which a panel lends its handlers otherwise.
-struct OwnRecord {
-    explicit OwnRecord(const Services& services) : handlers(services, [] {}) {}
-    Handlers handlers;
+/// A window beside a screen, with one that it stands beside.
+struct OwnOwner {
+    QWidget owner;
+    std::shared_ptr<WindowPlaces> places = std::make_shared<WindowPlaces>();
+};
+struct LoneBus : private OwnOwner, public BusForm {
+    explicit LoneBus(const Services& services) : BusForm(services, owner, places) {}
+};
+struct OwnRecord : public OwnOwner {
     TrendRecord record;
 };
 struct LoneTrend : private OwnRecord, public TrendForm {
-    explicit LoneTrend(const Services& services)
-        : OwnRecord(services),
-          TrendForm(nullptr, handlers, services, record, std::make_shared<WindowPlaces>()) {}
+    explicit LoneTrend(const Services& services) : TrendForm(services, owner, places, record) {}
+};
+
+/// The program editor with all its bars open, over no panel.
+struct OwnActions : OwnDraft, PanelLinkListener {
+    explicit OwnActions(const Services& services)
+        : OwnDraft(services),
+          link(services, *this),
+          sheet({box, lines, note, [] {}, [](const std::vector<int>&) {}}),
+          ownActions(services, link, sheet, draft.file()) {}
+    void commChanged(bool) override {}
+    void exchangeTimedOut() override {}
+    void portLost() override {}
+    void pollHeldOff() override {}
+    void portNotTakenBack() override {}
+
+    PanelLink link;
+    ProgramEditor box;
+    QLabel lines, note;
+    ProgramSheet sheet;
+    ProgramActions ownActions;
+};
+struct LoneEditor : private OwnActions, public ProgramEditForm2 {
+    explicit LoneEditor(const Services& services)
+        : OwnActions(services), ProgramEditForm2(services, ownActions, draft, {}, nullptr) {
+        showDevice("01");
+        ProgramEditForm2::sheet().setProgram("X1000\r\nEND");
+        ProgramEditForm2::sheet().showErrors({1, 2});
+        for (const char* bar : {"findBar", "lineRow"})
+            control<QWidget>(*this, bar).show();
+    }
 };
 
 struct ScreenRow {
     const char* name;
     std::unique_ptr<QWidget> (*make)(World& world);
 };
+
+std::unique_ptr<QWidget> panelOf(World& world) {
+    auto form = std::make_unique<LonePanel>(world.services);
+    form->Form_Load({{3}, "9600", "01"});
+    return form;
+}
 
 const ScreenRow screens[] = {
     {"start-up",
@@ -73,15 +116,20 @@ const ScreenRow screens[] = {
          return form;
      }},
     {"search", [](World& world) { return loaded<SearchCom>(world, SearchMode::all); }},
-    {"panel",
-     [](World& world) -> std::unique_ptr<QWidget> {
-         auto form = std::make_unique<LonePanel>(world.services);
-         form->Form_Load({{3}, "9600", "01"});
+    {"panel", panelOf},
+    {"panel, finding",
+     [](World& world) {
+         auto form = panelOf(world);
+         control<QWidget>(*form, "findBar").show();
          return form;
      }},
     {"trend",
      [](World& world) -> std::unique_ptr<QWidget> {
          return std::make_unique<LoneTrend>(world.services);
+     }},
+    {"editor",
+     [](World& world) -> std::unique_ptr<QWidget> {
+         return std::make_unique<LoneEditor>(world.services);
      }},
     {"setup",
      [](World& world) {
@@ -95,6 +143,11 @@ const ScreenRow screens[] = {
          return loaded<TerminalForm>(world, handOver, history);
      }},
     {"variables", [](World& world) { return loaded<VariableForm>(world, handOver); }},
+    {"bus",
+     [](World& world) -> std::unique_ptr<QWidget> {
+         ScreenLink(world.services, flavours::terminal, nullptr).SendReceive("PX");
+         return std::make_unique<LoneBus>(world.services);
+     }},
     {"threads", [](World& world) { return loaded<XThreadForm>(world, handOver); }},
     {"listing",
      [](World& world) -> std::unique_ptr<QWidget> {
@@ -195,7 +248,7 @@ TEST(Screens, ShowPositionAndStatusLargeAndNoNumberCut) {
     for (const char* number : {"PX", "EX", "CUR", "SPC"})
         world.bus.replies[number] = "-2147483648";
     world.bus.replies["MST"] = "128";
-    const auto panel = screens[2].make(world);
+    const auto panel = panelOf(world);
     panel->show();
     tick(*panel, "Timer1");
     const auto heightsAt = [&](int width, int height) {
@@ -229,7 +282,7 @@ TEST(Screens, ShowPositionAndStatusLargeAndNoNumberCut) {
 TEST(Screens, FollowTheDesktopIntoTheDark) {
     World world;
     world.answerAsController();
-    const auto panel = screens[2].make(world);
+    const auto panel = panelOf(world);
     panel->show();
     tick(*panel, "Timer1");
     const QWidget& position = control<QWidget>(*panel, "Pos");
