@@ -52,12 +52,16 @@ Reason synchronise([[maybe_unused]] const QFileDevice& file) {
     return std::nullopt;
 }
 
-/// Writes at the file's present place, down to the disk: until then a buffer hides that it is full.
+/// Writes at an unbuffered file's present place, down to the disk: a buffer would hide that it is
+/// full.
 Reason put(QFileDevice& file, std::string_view bytes) {
-    const auto size = static_cast<qint64>(bytes.size());
-    if (file.write(bytes.data(), size) != size || !file.flush() ||
-        file.error() != QFileDevice::NoError)
-        return file.errorString().toStdString();
+    // A disk that fills up takes a part and tells why only when it is given the rest.
+    while (!bytes.empty()) {
+        const qint64 taken = file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+        if (taken <= 0)
+            return file.errorString().toStdString();
+        bytes.remove_prefix(static_cast<std::size_t>(taken));
+    }
     return synchronise(file);
 }
 
@@ -130,7 +134,7 @@ std::optional<WriteFailure> QtFiles::writeWhole(const fs::path& path, std::strin
         return WriteFailure{type == fs::file_type::directory ? Kind::noAccess : Kind::failed,
                             *std::move(other)};
     QSaveFile file(fromPath(path));
-    if (!file.open(QIODevice::WriteOnly))
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return writeInPlace(path, bytes, file.errorString());
     // commit() would not look at what its own flush came to.
     if (auto reason = put(file, bytes))

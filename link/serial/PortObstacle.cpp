@@ -94,9 +94,10 @@ void examineDevice(PortFindings& findings) {
     examineRights(device, status, findings);
     findings.users = otherUsersOf(device);
     const auto lockFile = lockFileOf(device);
-    if (lockFile && !lockFile->holderLives && !lockFile->mayBeTaken)
+    const bool refused = lockFile && !lockFile->mayBeTaken;
+    if (refused && !lockFile->holderLives)
         findings.deadLock = lockFile->path;
-    if (findings.last.holderSeen && findings.users.empty() && !lockFile)
+    if (findings.last.holderSeen && findings.users.empty() && !refused)
         findings.last = {};  // the port is free by now
 }
 

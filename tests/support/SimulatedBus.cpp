@@ -1,5 +1,7 @@
 #include "support/SimulatedBus.h"
 
+#include <signal.h>
+
 #include <stdexcept>
 
 namespace zlt::test {
@@ -26,6 +28,13 @@ void SimulatedBus::say(const char* line) {
         if (const auto equals = heard.find('='); equals != std::string::npos)
             m_device = heard.substr(equals + 1);
     }
+}
+
+void SimulatedBus::pauseWhile(const std::function<void()>& work) {
+    const auto process = static_cast<pid_t>(m_process.processId());
+    ::kill(process, SIGSTOP);
+    work();
+    ::kill(process, SIGCONT);
 }
 
 std::string SimulatedBus::readLine() {

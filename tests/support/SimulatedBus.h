@@ -2,6 +2,7 @@
 
 #include <QProcess>
 #include <QStringList>
+#include <functional>
 #include <string>
 
 namespace zlt::test {
@@ -18,6 +19,8 @@ class SimulatedBus {
     [[nodiscard]] std::string device() const { return m_device; }
     /// Says a line on its standard input and returns when it is carried out.
     void say(const char* line);
+    /// Does `work` while the simulator stands still.
+    void pauseWhile(const std::function<void()>& work);
 
  private:
     std::string readLine();

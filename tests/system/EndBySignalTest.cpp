@@ -6,12 +6,20 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 
+#include "app/EndOnSignal.h"
+#include "platform_qt/forms/QtGate.h"
 #include "support/SimulatedBus.h"
 
 namespace zlt::test {
@@ -127,6 +135,43 @@ TEST_F(EndBySignalTest, LetsThePortGoWhateverIsOnTheScreen) {
         expectEnd(number, true, later);
     simulator.say("silent");
     expectEnd(SIGTERM, true, 500);  // the message that nobody answers is up
+}
+
+TEST(EndOnSignalTest, LeavesAFileDialogUnderAQuestionOfItsOwn) {
+    ProgramEnd programEnd;
+    const EndOnSignal endOnSignal(programEnd);
+    QtGate boxes;
+    EndingGate gate(boxes, programEnd);
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("a.prg"));
+    std::ofstream(file.toStdString()) << "old";
+    QTimer::singleShot(0, qApp, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        QTimer::singleShot(0, dialog, [] {
+            EXPECT_TRUE(qobject_cast<QMessageBox*>(QApplication::activeModalWidget()));
+            raise(SIGTERM);
+        });
+        QTimer::singleShot(5000, dialog, [dialog] {
+            ADD_FAILURE() << "it stands on";
+            dialog->reject();
+        });
+        dialog->findChild<QLineEdit*>()->setText(file);
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    EXPECT_THROW(gate.chooseToSave({"Save", "Programs (*.prg)|*.prg", ""}), ProgramEnd::Unwind);
+    EXPECT_EQ(programEnd.exitCode(), 128 + SIGTERM);
+}
+
+TEST(EndOnSignalTest, KeepsWhatIsNotSavedWhenQtLeavesByExit) {
+    const auto loseTheDisplay = [] {
+        ProgramEnd programEnd;
+        programEnd.keepUnsaved = [] { std::cerr << "kept"; };
+        const EndOnSignal endOnSignal(programEnd);
+        std::exit(1);  // NOLINT(concurrency-mt-unsafe): as Qt does
+    };
+    GTEST_FLAG_SET(death_test_style, "threadsafe");  // Qt has threads
+    EXPECT_EXIT(loseTheDisplay(), ::testing::ExitedWithCode(1), "^kept$");
 }
 
 }  // namespace

@@ -163,6 +163,7 @@ TEST_F(OpeningTest, LeavesALineAloneThatAnotherProgramHolds) {
     }
     close(line);
     EXPECT_TRUE(std::filesystem::exists(lockFile())) << "left behind by a program that was killed";
+    EXPECT_EQ(reportPort(examinePort(directory, {1})).problem, "") << "it may be taken over";
     expectGoodConnection();
 }
 
