@@ -13,7 +13,7 @@
 namespace zlt::test {
 namespace {
 
-const ProcessEnd wentWell{ProcessEnd::Kind::wentWell, {}};
+const ProcessEnd wentWell{ProcessEnd::Kind::exited, {}};
 const FileChoice saveDialog{"Save ZLT-R-NX Program As", "ZLT-R-NX Program Files (*.prg)|*.prg", ""};
 constexpr auto ctrl = Qt::ControlModifier;
 
