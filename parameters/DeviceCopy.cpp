@@ -32,6 +32,8 @@ bool DeviceCopy::isUnstored(ParameterField field) const {
 }
 
 void DeviceCopy::noteRead(const FieldText& word) {
+    if (!has(word.field))
+        return;
     known(word.field) = {word.text, std::nullopt};
     auto* pending = pendingPlace(word.field);
     if (pending && *pending == word.text) {
@@ -61,6 +63,8 @@ bool DeviceCopy::noteAccepted(const Parameter& parameter, const ParameterValues&
     bool changed = false;
     for (std::size_t place = 0; place < parameter.fields.count; ++place) {
         const ParameterField field = parameter.fields[place];
+        if (!has(field))
+            continue;  // written all the same, and nothing has changed
         const std::string& text = values[field];
         known(field).refusal.reset();
         if (auto* pending = pendingPlace(field)) {
@@ -94,9 +98,12 @@ void DeviceCopy::noteRefused(const Parameter& parameter, const ParameterValues& 
 
 void DeviceCopy::noteLost(const Parameter& parameter) {
     for (std::size_t place = 0; place < parameter.fields.count; ++place) {
-        keepFlashWord(parameter.fields[place]);
-        if (!pendingPlace(parameter.fields[place]))
-            known(parameter.fields[place]) = {};
+        const ParameterField field = parameter.fields[place];
+        if (!has(field))
+            continue;
+        keepFlashWord(field);
+        if (!pendingPlace(field))
+            known(field) = {};
     }
 }
 

@@ -125,7 +125,7 @@ void SetupParameters::SetSN_Click() {
 }
 
 void SetupParameters::SaveParameters_Click() {
-    m_files.save(unreadFields(m_transfer.deviceCopy(), m_transfer.firmware()));
+    m_files.save(unreadFields(m_transfer.deviceCopy()));
 }
 
 void SetupParameters::OpenParameters_Click() {
@@ -226,7 +226,7 @@ void SetupParameters::showOpened(const ParameterValues& values) {
 void SetupParameters::compareAll() {
     const DeviceCopy& copy = m_transfer.deviceCopy();
     const ParameterValues shown = shownValues();
-    const Comparison comparison(shown, copy, m_transfer.firmware());
+    const Comparison comparison(shown, copy);
     for (const ParameterField field : parameterFields)
         control(field).mark(comparison[field], reason(field, comparison[field]));
     showCounts(comparison);
@@ -285,7 +285,7 @@ void SetupParameters::showNotes(const ParameterValues& shown) {
 void SetupParameters::showTable(const ParameterValues& shown) {
     if (m_ui->compareGroup->isHidden())
         return;
-    const auto rows = compareTable(shown, m_transfer.deviceCopy(), m_transfer.firmware(), m_opened);
+    const auto rows = compareTable(shown, m_transfer.deviceCopy(), m_opened);
     m_ui->compareGrid->showRows(rows);
     m_ui->compareNote->setText(rows.empty() ? tr("Nothing differs.") : tr("What differs:"));
     m_ui->copyCompare->setEnabled(!rows.empty());

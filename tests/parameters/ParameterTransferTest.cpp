@@ -30,7 +30,10 @@ TEST_F(ParameterTransferTest, GatesBothDirectionsByFirmware) {
         EXPECT_EQ(open(firmware), upload);
         EXPECT_EQ(shown("pendingCount"), "Nothing to write") << "what it lacks is not missing";
         EXPECT_EQ(compared(), "");
+        bus.replies["LCA="] = "?";
         EXPECT_EQ(down(), written);
+        EXPECT_EQ(shown("storeNote"), "") << "what it lacks needs no store";
+        EXPECT_EQ(shown("outcome").substr(0, 19), "Nothing was changed");
         EXPECT_EQ(control<QWidget>(*form, "DisableLimit").isEnabled(), firmware > 316);
         for (const char* name : {"Autostart1", "LCA", "HCA", "DOBOOT"})
             EXPECT_FALSE(control<QWidget>(*form, name).isEnabled()) << name;
