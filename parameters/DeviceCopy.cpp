@@ -32,14 +32,8 @@ bool DeviceCopy::isUnstored(ParameterField field) const {
 }
 
 void DeviceCopy::noteRead(const FieldText& word) {
-    if (!has(word.field))
-        return;
-    known(word.field) = {word.text, std::nullopt};
-    auto* pending = pendingPlace(word.field);
-    if (pending && *pending == word.text) {
-        pending->reset();
-        m_note->unstored.clear();  // it has been powered up since
-    }
+    if (has(word.field))
+        known(word.field) = {word.text, std::nullopt};
 }
 
 void DeviceCopy::noteUnread(FieldRange fields) {
