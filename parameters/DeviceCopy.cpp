@@ -101,4 +101,9 @@ void DeviceCopy::noteLost(const Parameter& parameter) {
     }
 }
 
+void DeviceCopy::noteStoreLost() {
+    for (auto& [name, flashWord] : m_note->unstored)
+        flashWord.reset();
+}
+
 }  // namespace zlt

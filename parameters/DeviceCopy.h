@@ -53,6 +53,8 @@ class DeviceCopy {
     /// Whether these values were taken is not known: nothing was said in time.
     void noteLost(const Parameter& parameter);
     void noteStored() { m_note->unstored.clear(); }
+    /// A store was sent and not acknowledged: what flash holds of these values is not known.
+    void noteStoreLost();
 
  private:
     struct Known {

@@ -95,14 +95,15 @@ void ParameterTransfer::storeToFlash() {
                                          "Are you sure you want to save parameters to flash?"))
         return;
     m_view.showActivity(ParameterView::Activity::storing);
-    const bool done = m_link.SendReceive("STORE") == acknowledged;
-    if (!m_link.CommOK())
-        return;
-    if (done) {
+    const std::string reply = m_link.SendReceive("STORE");
+    const bool done = m_link.CommOK() && reply == acknowledged;
+    if (done)
         m_copy.noteStored();
-        m_view.showDeviceCopy(m_copy);
-    }
-    showResult(done ? "Store to Flash done!" : "Error setting flash!");
+    else
+        m_copy.noteStoreLost();
+    m_view.showDeviceCopy(m_copy);
+    if (m_link.CommOK())
+        showResult(done ? "Store to Flash done!" : "Error setting flash!");
 }
 
 void ParameterTransfer::showResult(std::string_view message) {

@@ -189,9 +189,17 @@ TEST_F(FlashStoreTest, KeepsWhatWasWrittenAndNotBefore) {
     bus.replies["STORE"] = "OK";
     store("Store to Flash done!");
     EXPECT_FALSE(saysNotStored());
-    bus.silent = true;
+    type("HCA", "22");
+    down();
+    bus.silentAt = "STORE";
     store("No Reply to Command: STORE");
     EXPECT_EQ(waits.slept.count(), 3 * 200);
+    bus.silentAt.reset();
+    bus.replies["HCA"] = "22";
+    open();
+    type("HCA", "20");
+    down();
+    EXPECT_TRUE(saysNotStored()) << "flash may hold 22 by now";
 }
 
 TEST_F(FlashStoreTest, IsAskedForOnlyByWhatChanged) {
