@@ -18,6 +18,14 @@ DeviceNote& DeviceNotes::of(const Connection& device) {
     return m_notes[{device.port, device.deviceId, device.baudRate}];
 }
 
+Connection DeviceNotes::withPending(const Connection& preferred) {
+    if (!of(preferred).isPending())
+        for (const auto& [address, note] : m_notes)
+            if (note.isPending())
+                return {address.port, address.baudRate, address.deviceId};
+    return preferred;
+}
+
 /// Whether the controller of a note is the one that has come to another address.
 bool DeviceNotes::hasMoved(const Address& from, const DeviceNote& note, const Address& to) {
     if (from.port != to.port || from == to)

@@ -32,6 +32,10 @@ class DeviceNotes {
     /// The note of the device that is reached so. The reference stays good.
     DeviceNote& of(const Connection& device);
 
+    /// A device with something pending: `preferred` if it has any, or else another one; `preferred`
+    /// too when none has.
+    Connection withPending(const Connection& preferred);
+
     /// A device answered. What "DN" or "DB" reports is pending no longer. A controller that answers
     /// "DN" with the ID, or at the rate, that it was to have has been powered up since.
     void noteReply(const Connection& device, std::string_view command, std::string_view reply);

@@ -115,7 +115,14 @@ TEST_F(DeviceChangesTest, SayWhatADownMakesOfAnOddId) {
 }
 
 TEST_F(DeviceChangesTest, TellAClashBeforeAYesCounts) {
-    handOver.notes->noteReply({{3}, "57600", "07"}, "PX", "0");
+    ScreenLink terminal(services, flavours::terminal, nullptr);
+    terminal.takeOver(handOver);
+    terminal.openPort();
+    terminal.converse({.deviceId = "07", .command = "PX"});
+    bus.silentAt = "VER";
+    terminal.converse({.deviceId = "08", .command = "VER"});
+    terminal.closePort();
+    bus.silentAt.reset();
     handOver.notes->noteReply({{4}, "9600", "08"}, "PX", "0");
     open();
     type("DeviceIDCombo", "01");
@@ -130,7 +137,8 @@ TEST_F(DeviceChangesTest, TellAClashBeforeAYesCounts) {
     EXPECT_EQ(down(), wholeDown);
     EXPECT_EQ(shown("DeviceIDCombo"), "42");
     type("DeviceIDCombo", "08");
-    gate.expectQuestion("Device ID", idQuestion + "08?", true);  // another port, another bus
+    gate.expectQuestion("Device ID", idQuestion + "08?",
+                        true);  // silent here, there on another bus
     gate.expectMessage(idSet);
     down();
 }
