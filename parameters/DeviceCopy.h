@@ -25,7 +25,9 @@ class DeviceCopy {
     DeviceCopy(DeviceNote& note, FirmwareVersion firmware) : m_note(&note), m_firmware(firmware) {}
 
     /// Whether the controller's firmware has such a value.
-    bool has(ParameterField field) const { return m_firmware >= parameterRow(field).readFrom; }
+    [[nodiscard]] bool has(ParameterField field) const {
+        return m_firmware >= parameterRow(field).readFrom;
+    }
 
     /// The controller's word for a field; nothing when it is not known.
     [[nodiscard]] const std::optional<std::string>& word(ParameterField field) const {

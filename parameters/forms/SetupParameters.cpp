@@ -2,6 +2,8 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLayout>
+#include <QScreen>
 #include <algorithm>
 #include <stdexcept>
 
@@ -292,11 +294,23 @@ void SetupParameters::showTable(const ParameterValues& shown) {
 }
 
 void SetupParameters::setComparing(bool comparing) {
+    const bool wasComparing = !m_ui->compareGroup->isHidden();
     m_ui->Compare->setChecked(comparing);
     m_ui->compareGroup->setVisible(comparing);
     compareAll();
-    if (!comparing)
-        adjustSize();
+    if (comparing != wasComparing)
+        fitHeight();
+}
+
+void SetupParameters::fitHeight() {
+    m_ui->compareGroup->updateGeometry();  // its rows have come since it was shown
+    layout()->activate();
+    const QRect room = screen()->availableGeometry();
+    const int frame = frameGeometry().height() - height();
+    resize(width(), std::min(sizeHint().height(), room.height() - frame));
+    const int below = frameGeometry().bottom() - room.bottom();
+    if (isVisible() && below > 0)
+        move(x(), std::max(room.top(), y() - below));
 }
 
 }  // namespace zlt
