@@ -168,6 +168,8 @@ std::vector<CompareRow> compareTable(const ParameterValues& shown, const DeviceC
         wordTold = word;
         rows.push_back(rowOf(parameterName(field), columns, inFile,
                              [&](const Column& column) { return cell(field, column(field)); }));
+        if (comparison[field] == Standing::refused)
+            rows.back().onScreen += ", refused";
     }
     return rows;
 }

@@ -85,10 +85,12 @@ TEST_F(ParameterTransferTest, EndsWhereTheLinkIsLookedAt) {
 
 TEST_F(ParameterTransferTest, SendsNothingOfASetThatTheWireCannotCarry) {
     open();
-    type("HCA", "7\r@01X5000");
-    gate.expectMessageWith("In the field \"HCA\": The text holds a line end");
-    EXPECT_EQ(commandsOf("DownloadPar"), Commands{});
-    EXPECT_EQ(form->focusWidget(), findNamed(*form, "HCA"));
+    for (const char* button : {"DownloadPar", "SaveParameters"}) {
+        type("HCA", "7\r@01X5000");
+        gate.expectMessageWith("In the field \"HCA\": The text holds a line end");
+        EXPECT_EQ(commandsOf(button), Commands{});
+        EXPECT_EQ(form->focusWidget(), findNamed(*form, "HCA"));
+    }
     type("HCA", "20");
     type("Microstep", std::string(32'768, '1').c_str());
     gate.expectMessage("In the field \"microstep\": The text is longer than 32767 characters.");
@@ -175,6 +177,10 @@ TEST_F(ParameterTransferTest, SaysWhatTheControllerSaidInPlaceOfOk) {
               "<qt>Refused: the controller answered &quot;?&lt;b&gt;&quot;.</qt>");
     EXPECT_EQ(mark("DirPol1"), State::same) << "the other bits are as they were";
     EXPECT_EQ(shown("pendingCount"), "1 refused");
+    EXPECT_EQ(shown("Compare"), "on") << "there is something to show";
+    EXPECT_EQ(compared(),
+              "Polarity\tPOL 21\tPOL 5\tPOL 5\t\n"
+              "Polarity SA Err\tset, refused\tclear\tclear\t\n");
     click(*form, "sapol1");
     EXPECT_EQ(mark("sapol1"), State::same);
     click(*form, "sapol2");
