@@ -129,7 +129,8 @@ void SelectComForm::connectToController(bool startInProgram) {
     if (!panel.link().CommOK())
         m_lineFault = panel.link().lineFault();
     panel.showModal();
-    m_ui->pendingNote->showNote(panel.connection(), m_notes->of(panel.connection()));
+    m_lastDevice = panel.connection();
+    showPending();
     showPort();
 }
 
@@ -215,6 +216,13 @@ void SelectComForm::usePending_Click() {
 void SelectComForm::noteAnswers(const DeviceSearch& search) {
     for (const Connection& device : search.answered())
         m_notes->noteReply(device, "DN", std::string(deviceNamePrefix) + device.deviceId);
+    showPending();
+    makeRoom();
+}
+
+void SelectComForm::showPending() {
+    const Connection device = m_notes->withPending(m_lastDevice);
+    m_ui->pendingNote->showNote(device, m_notes->of(device));
 }
 
 void SelectComForm::portTimer_Timer() {

@@ -68,6 +68,8 @@ class SelectComForm : public Screen {
 
     /// Keeps who answered to a search.
     void noteAnswers(const DeviceSearch& search);
+    /// Says what is pending, of the device that the panel was on last if that has any.
+    void showPending();
 
     PortDirectory& m_directory;
     PortMemory m_memory;
@@ -75,6 +77,7 @@ class SelectComForm : public Screen {
     LineFault m_lineFault = LineFault::none;  ///< of the last connection, if it failed
     std::shared_ptr<DeviceNotes> m_notes = std::make_shared<DeviceNotes>();
     std::shared_ptr<WindowPlaces> m_places = std::make_shared<WindowPlaces>();
+    Connection m_lastDevice;  ///< that the panel was on
     std::unique_ptr<Ui::SelectComForm> m_ui;
     QTimer m_portTimer{this};
 };

@@ -73,9 +73,10 @@ PendingNote::PendingNote(QWidget* parent)
 void PendingNote::showNote(const Connection& device, const DeviceNote& note) {
     m_connection = {device.port, note.pendingBaudRate.value_or(device.baudRate),
                     note.pendingId.value_or(device.deviceId)};
-    m_text->setText(tr("Device %1 on %2, from the next power-up: %3")
+    m_text->setText(tr("Device %1 on %2, from the next power-up: %3%4")
                         .arg(shownText(device.deviceId), shownText(portText(device.port)),
-                             shownText(pendingText(note))));
+                             shownText(pendingText(note)),
+                             note.unstored.empty() ? QString() : tr(" (not stored to flash)")));
     setVisible(note.isPending());
 }
 

@@ -135,8 +135,8 @@ void compareParameters(Context& context) {
         setup.take(file);
         if (context.arguments.option("id-policy") == "keep")
             setup.sheet.set[F::deviceId] = setup.inController(F::deviceId);
-        const auto rows = compareTable(shownValues(setup.sheet.set), setup.transfer.deviceCopy(),
-                                       setup.transfer.firmware(), std::nullopt);
+        const auto rows =
+            compareTable(shownValues(setup.sheet.set), setup.transfer.deviceCopy(), std::nullopt);
         for (const CompareRow& row : rows)
             output.line(output.style.json ? JsonObject()
                                                 .add("value", row.value)

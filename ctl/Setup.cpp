@@ -14,7 +14,7 @@ Setup::Setup(Context& context)
     transfer.openPort();
     transfer.upload();
     // The message has said which; most often it is that nothing was said any more.
-    if (!unreadFields(transfer.deviceCopy(), transfer.firmware()).empty())
+    if (!unreadFields(transfer.deviceCopy()).empty())
         throw Failure(ExitCode::refused, "");
 }
 

@@ -32,9 +32,12 @@ class DeviceNotes {
     /// The note of the device that is reached so. The reference stays good.
     DeviceNote& of(const Connection& device);
 
-    /// A device answered. A "DN" reply shows what is in use: what was pending of that is so no
-    /// longer, and a controller that comes with the ID or at the rate that it was to have has been
-    /// powered up since.
+    /// A device with something pending: `preferred` if it has any, or else another one; `preferred`
+    /// too when none has.
+    Connection withPending(const Connection& preferred);
+
+    /// A device answered. What "DN" or "DB" reports is pending no longer. A controller that answers
+    /// "DN" with the ID, or at the rate, that it was to have has been powered up since.
     void noteReply(const Connection& device, std::string_view command, std::string_view reply);
 
     /// Whether a device of this ID has answered on the port of `device`.
@@ -50,6 +53,7 @@ class DeviceNotes {
         auto operator<=>(const Address&) const = default;
     };
     static bool hasMoved(const Address& from, const DeviceNote& note, const Address& to);
+    static void noteBaudRate(DeviceNote& note, std::string_view reply);
 
     std::map<Address, DeviceNote> m_notes;
     std::set<std::pair<PortNumber, std::string>> m_answered;

@@ -126,6 +126,9 @@ Ending ScreenLink::converse(const RawRequest& request) {
     }
     const Reading reading =
         m_talk.read({.emptyReadsAllowed = request.emptyReadsAllowed}, request.character);
+    if (reading.ending == Ending::reply)
+        notes->noteReply({connection.port, connection.baudRate, std::string(request.deviceId)},
+                         request.command, ReplyHeaderStrip(reading.text));
     return reading.ending == Ending::portLost ? lost() : reading.ending;
 }
 

@@ -13,6 +13,8 @@ Standing standingOf(ParameterField field, const std::string& shown, const Device
     const auto is = [&](const std::string& latin1) {
         return isSameValue(field, shown, utf8FromLatin1(latin1));
     };
+    if (!copy.has(field))
+        return Standing::lacking;
     if (const auto& refusal = copy.refusal(field); refusal && is(refusal->text))
         return Standing::refused;
     if (!copy.word(field))
@@ -74,12 +76,9 @@ bool isInFile(ParameterField field, const std::optional<ParameterValues>& opened
 
 }  // namespace
 
-Comparison::Comparison(const ParameterValues& shown, const DeviceCopy& copy,
-                       FirmwareVersion firmware) {
+Comparison::Comparison(const ParameterValues& shown, const DeviceCopy& copy) {
     for (const ParameterField field : parameterFields)
-        m_standings[static_cast<std::size_t>(field)] = firmware < parameterRow(field).readFrom
-                                                           ? Standing::lacking
-                                                           : standingOf(field, shown[field], copy);
+        m_standings[static_cast<std::size_t>(field)] = standingOf(field, shown[field], copy);
 }
 
 int Comparison::count(Standing standing) const {
@@ -100,10 +99,10 @@ std::string deviceIdNote(const std::string& typed) {
            inQuotes("DN=" + name);
 }
 
-std::vector<ParameterField> unreadFields(const DeviceCopy& copy, FirmwareVersion firmware) {
+std::vector<ParameterField> unreadFields(const DeviceCopy& copy) {
     std::vector<ParameterField> fields;
     for (const ParameterField field : parameterFields)
-        if (firmware >= parameterRow(field).readFrom && !copy.word(field))
+        if (copy.has(field) && !copy.word(field))
             fields.push_back(field);
     return fields;
 }
@@ -129,9 +128,8 @@ bool confirmUnread(Gate& gate, std::string_view title, const std::vector<Paramet
 }
 
 std::vector<CompareRow> compareTable(const ParameterValues& shown, const DeviceCopy& copy,
-                                     FirmwareVersion firmware,
                                      const std::optional<ParameterValues>& opened) {
-    const Comparison comparison(shown, copy, firmware);
+    const Comparison comparison(shown, copy);
     const auto utf8 = [](const std::optional<std::string>& text) {
         return text ? std::optional(utf8FromLatin1(*text)) : std::nullopt;
     };
@@ -170,6 +168,8 @@ std::vector<CompareRow> compareTable(const ParameterValues& shown, const DeviceC
         wordTold = word;
         rows.push_back(rowOf(parameterName(field), columns, inFile,
                              [&](const Column& column) { return cell(field, column(field)); }));
+        if (comparison[field] == Standing::refused)
+            rows.back().onScreen += ", refused";
     }
     return rows;
 }

@@ -23,7 +23,7 @@ enum class Standing {
 /// differs like any other.
 class Comparison {
  public:
-    Comparison(const ParameterValues& shown, const DeviceCopy& copy, FirmwareVersion firmware);
+    Comparison(const ParameterValues& shown, const DeviceCopy& copy);
 
     Standing operator[](ParameterField field) const {
         return m_standings[static_cast<std::size_t>(field)];
@@ -42,8 +42,8 @@ std::string deviceIdNote(const std::string& typed);
 
 /// The names of fields in one line, each word that they share told once: "run current, polarity".
 std::string namesOf(const std::vector<ParameterField>& fields);
-/// The fields that this firmware has and whose word is not known.
-std::vector<ParameterField> unreadFields(const DeviceCopy& copy, FirmwareVersion firmware);
+/// The fields that the firmware has and whose word is not known.
+std::vector<ParameterField> unreadFields(const DeviceCopy& copy);
 /// Asks before values that were never read go anywhere. True when nothing stands in the way.
 bool confirmUnread(Gate& gate, std::string_view title, const std::vector<ParameterField>& unread,
                    std::string_view question);
@@ -61,7 +61,6 @@ struct CompareRow {
 /// What differs, in reading order; of the bits of the polarity word, the word's number first.
 /// `opened` are the values of the file that was opened last, Latin-1.
 std::vector<CompareRow> compareTable(const ParameterValues& shown, const DeviceCopy& copy,
-                                     FirmwareVersion firmware,
                                      const std::optional<ParameterValues>& opened);
 
 }  // namespace zlt

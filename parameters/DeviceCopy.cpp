@@ -32,12 +32,8 @@ bool DeviceCopy::isUnstored(ParameterField field) const {
 }
 
 void DeviceCopy::noteRead(const FieldText& word) {
-    known(word.field) = {word.text, std::nullopt};
-    auto* pending = pendingPlace(word.field);
-    if (pending && *pending == word.text) {
-        pending->reset();
-        m_note->unstored.clear();  // it has been powered up since
-    }
+    if (has(word.field))
+        known(word.field) = {word.text, std::nullopt};
 }
 
 void DeviceCopy::noteUnread(FieldRange fields) {
@@ -61,6 +57,8 @@ bool DeviceCopy::noteAccepted(const Parameter& parameter, const ParameterValues&
     bool changed = false;
     for (std::size_t place = 0; place < parameter.fields.count; ++place) {
         const ParameterField field = parameter.fields[place];
+        if (!has(field))
+            continue;  // written all the same, and nothing has changed
         const std::string& text = values[field];
         known(field).refusal.reset();
         if (auto* pending = pendingPlace(field)) {
@@ -94,10 +92,18 @@ void DeviceCopy::noteRefused(const Parameter& parameter, const ParameterValues& 
 
 void DeviceCopy::noteLost(const Parameter& parameter) {
     for (std::size_t place = 0; place < parameter.fields.count; ++place) {
-        keepFlashWord(parameter.fields[place]);
-        if (!pendingPlace(parameter.fields[place]))
-            known(parameter.fields[place]) = {};
+        const ParameterField field = parameter.fields[place];
+        if (!has(field))
+            continue;
+        keepFlashWord(field);
+        if (!pendingPlace(field))
+            known(field) = {};
     }
+}
+
+void DeviceCopy::noteStoreLost() {
+    for (auto& [name, flashWord] : m_note->unstored)
+        flashWord.reset();
 }
 
 }  // namespace zlt

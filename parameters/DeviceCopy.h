@@ -18,11 +18,16 @@ struct Refusal {
 };
 
 /// What the controller last said of each field, and what is known of its flash. Kept by the replies
-/// alone: a failed exchange says nothing.
+/// alone: a failed exchange says nothing. Of a field that the firmware lacks nothing is known.
 class DeviceCopy {
  public:
     /// `note` outlives the copy, and the screen.
-    explicit DeviceCopy(DeviceNote& note) : m_note(&note) {}
+    DeviceCopy(DeviceNote& note, FirmwareVersion firmware) : m_note(&note), m_firmware(firmware) {}
+
+    /// Whether the controller's firmware has such a value.
+    [[nodiscard]] bool has(ParameterField field) const {
+        return m_firmware >= parameterRow(field).readFrom;
+    }
 
     /// The controller's word for a field; nothing when it is not known.
     [[nodiscard]] const std::optional<std::string>& word(ParameterField field) const {
@@ -50,6 +55,8 @@ class DeviceCopy {
     /// Whether these values were taken is not known: nothing was said in time.
     void noteLost(const Parameter& parameter);
     void noteStored() { m_note->unstored.clear(); }
+    /// A store was sent and not acknowledged: what flash holds of these values is not known.
+    void noteStoreLost();
 
  private:
     struct Known {
@@ -63,6 +70,7 @@ class DeviceCopy {
     void dropIfInFlash(ParameterField field);
 
     DeviceNote* m_note;
+    FirmwareVersion m_firmware;
     std::array<Known, parameterFieldCount> m_fields;
 };
 

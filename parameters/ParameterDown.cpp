@@ -131,7 +131,7 @@ bool ParameterDown::send(const Parameter& parameter, const ParameterValues& valu
 void ParameterDown::noteRefused(const Parameter& parameter, const ParameterValues& values,
                                 const std::string& command, const std::string& reply) {
     const ParameterField first = parameter.fields.first;
-    if (m_firmware < parameterRow(first).readFrom)
+    if (!m_copy.has(first))
         return;  // written all the same; that this firmware has no such value is known
     m_copy.noteRefused(parameter, values, reply);
     m_refused += (m_refused.empty() ? "" : "; ") + namesOf({first}) + ": " +

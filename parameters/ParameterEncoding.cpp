@@ -26,6 +26,10 @@ ReplyFields both(const std::vector<FieldText>& fields) {
     return {fields, fields};
 }
 
+ReplyFields fieldsOfText(ParameterField field, std::string_view reply) {
+    return whyUnsendable(reply) ? ReplyFields{} : both({{field, std::string(reply)}});
+}
+
 ReplyFields fieldsOfBaudCode(std::int32_t code) {
     constexpr auto field = ParameterField::baudRate;
     if (const auto rate = baudRateOfCode(code))
@@ -78,7 +82,13 @@ ReplyFields fieldsOfReply(const Parameter& parameter, std::string_view reply) {
     const auto number = parseInteger(reply);
     switch (parameter.encoding) {
         case Encoding::text:
-            return whyUnsendable(reply) ? ReplyFields{} : both({{field, std::string(reply)}});
+            return fieldsOfText(field, reply);
+        case Encoding::number: {
+            ReplyFields fields = fieldsOfText(field, reply);
+            if (!number)
+                fields.words.clear();
+            return fields;
+        }
         case Encoding::deviceName:
             if (const auto id = deviceIdOfName(reply))
                 return both({{field, std::string(*id)}});
@@ -105,6 +115,7 @@ std::optional<std::string> writeCommand(const Parameter& parameter, const Parame
     const std::string& text = values[parameter.fields.first];
     switch (parameter.encoding) {
         case Encoding::text:
+        case Encoding::number:
             return name + text;
         case Encoding::deviceName:
             return name + std::string(deviceNamePrefix) + text;

@@ -31,6 +31,7 @@ LineKind kindOf(FieldRange line) {
         case Encoding::one:
             return LineKind::flag;
         case Encoding::text:
+        case Encoding::number:
         case Encoding::deviceName:
         case Encoding::baudCode:
             break;

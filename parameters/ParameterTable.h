@@ -49,6 +49,7 @@ inline constexpr auto parameterFields = allParameterFields();
 /// How a value stands in a reply and in a command.
 enum class Encoding {
     text,        ///< as it stands
+    number,      ///< the same, but a reply that is no number is no value
     deviceName,  ///< two digits after the name's prefix
     bits,        ///< a bit of a decimal word, which the fields of one command share from bit 0 up
     nonZero,     ///< set unless the reply is 0

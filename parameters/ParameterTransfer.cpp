@@ -11,7 +11,7 @@ ParameterTransfer::ParameterTransfer(const Services& services, const LinkHandOve
       m_view(view),
       m_firmware(handOver.firmware),
       m_link(services, flavours::parameterSetup, listener),
-      m_copy(handOver.notes->of(handOver.connection)) {
+      m_copy(handOver.notes->of(handOver.connection), handOver.firmware) {
     m_link.takeOver(handOver);
 }
 
@@ -33,7 +33,7 @@ void ParameterTransfer::upload() {
     for (const TransferStep& step : uploadOrder()) {
         const FieldRange fields = step.parameter.fields;
         disableUnread(fields);
-        if (m_firmware < parameterRow(fields.first).readFrom)
+        if (!m_copy.has(fields.first))
             continue;
         read(step);
         if (step.check != LinkCheck::none && !m_link.CommOK())
@@ -44,7 +44,7 @@ void ParameterTransfer::upload() {
 
 void ParameterTransfer::disableUnread(FieldRange fields) {
     for (std::size_t place = 0; place < fields.count; ++place)
-        if (m_firmware < parameterRow(fields[place]).readFrom)
+        if (!m_copy.has(fields[place]))
             m_view.disable(fields[place]);
 }
 
@@ -56,14 +56,10 @@ void ParameterTransfer::read(const TransferStep& step) {
     m_copy.noteUnread(parameter.fields);
     if (m_link.CommOK()) {
         const ReplyFields fields = fieldsOfReply(parameter, reply);
-        const auto lacks = [this](const FieldText& each) {
-            return m_firmware < parameterRow(each.field).readFrom;
-        };
         for (const FieldText& word : fields.words)
-            if (!lacks(word))
-                m_copy.noteRead(word);
+            m_copy.noteRead(word);
         for (const FieldText& each : fields.shown)
-            if (!lacks(each))
+            if (m_copy.has(each.field))
                 m_view.showField(each.field, each.text);
     }
     m_view.showDeviceCopy(m_copy);
@@ -71,7 +67,7 @@ void ParameterTransfer::read(const TransferStep& step) {
 
 /// An exchange that failed has had its message; what it left unread is told on the screen alone.
 void ParameterTransfer::showUnread() {
-    const std::string unread = namesOf(unreadFields(m_copy, m_firmware));
+    const std::string unread = namesOf(unreadFields(m_copy));
     if (unread.empty())
         return;
     m_view.showOutcome("Not read: " + unread);
@@ -86,7 +82,7 @@ void ParameterTransfer::download() {
     if (!ready())
         return;
     const ParameterValues values = m_view.values();
-    if (!confirmUnread(m_services.gate, "Down", unreadFields(m_copy, m_firmware),
+    if (!confirmUnread(m_services.gate, "Down", unreadFields(m_copy),
                        "Write what the screen shows there all the same?"))
         return;
     ParameterDown(m_services.gate, m_view, m_link, m_copy, m_firmware).write(values);
@@ -99,14 +95,15 @@ void ParameterTransfer::storeToFlash() {
                                          "Are you sure you want to save parameters to flash?"))
         return;
     m_view.showActivity(ParameterView::Activity::storing);
-    const bool done = m_link.SendReceive("STORE") == acknowledged;
-    if (!m_link.CommOK())
-        return;
-    if (done) {
+    const std::string reply = m_link.SendReceive("STORE");
+    const bool done = m_link.CommOK() && reply == acknowledged;
+    if (done)
         m_copy.noteStored();
-        m_view.showDeviceCopy(m_copy);
-    }
-    showResult(done ? "Store to Flash done!" : "Error setting flash!");
+    else
+        m_copy.noteStoreLost();
+    m_view.showDeviceCopy(m_copy);
+    if (m_link.CommOK())
+        showResult(done ? "Store to Flash done!" : "Error setting flash!");
 }
 
 void ParameterTransfer::showResult(std::string_view message) {

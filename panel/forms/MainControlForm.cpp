@@ -207,6 +207,7 @@ void MainControlForm::showState(const PanelState& state) {
     m_ui->outputsFrame->showState(state);
     m_ui->stopFrame->showState(state);
     m_ui->terminalFrame->showLive(state.live);
+    showDeviceNote();
     if (!state.live) {
         m_trend.breakOff();
         m_ui->programFrame->hideProgress();

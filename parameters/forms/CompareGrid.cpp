@@ -4,13 +4,14 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <algorithm>
 
 #include "widgets/WireText.h"
 
 namespace zlt {
 namespace {
 
-constexpr int rowsInSight = 4;
+constexpr int fewestRows = 3;  ///< in sight
 
 }  // namespace
 
@@ -42,6 +43,12 @@ void CompareGrid::showRows(const std::vector<CompareRow>& rows) {
         }
         ++line;
     }
+    updateGeometry();
+}
+
+int CompareGrid::heightFor(int rows) const {
+    return horizontalHeader()->sizeHint().height() +
+           std::max(rows, fewestRows) * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
 }
 
 QString CompareGrid::text() const {
@@ -61,13 +68,11 @@ QString CompareGrid::text() const {
 }
 
 QSize CompareGrid::sizeHint() const {
-    const int height = horizontalHeader()->sizeHint().height() +
-                       rowsInSight * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
-    return {QTableWidget::sizeHint().width(), height};
+    return {QTableWidget::sizeHint().width(), heightFor(rowCount())};
 }
 
 QSize CompareGrid::minimumSizeHint() const {
-    return {QTableWidget::minimumSizeHint().width(), sizeHint().height()};
+    return {QTableWidget::minimumSizeHint().width(), heightFor(fewestRows)};
 }
 
 void CompareGrid::keyPressEvent(QKeyEvent* event) {

@@ -19,11 +19,15 @@ class CompareGrid : public QTableWidget {
     /// the headings.
     [[nodiscard]] QString text() const;
 
+    /// Shows all rows; less room will do.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
  protected:
     void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+    [[nodiscard]] int heightFor(int rows) const;
 };
 
 }  // namespace zlt

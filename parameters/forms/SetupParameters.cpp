@@ -2,6 +2,8 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLayout>
+#include <QScreen>
 #include <algorithm>
 #include <stdexcept>
 
@@ -125,7 +127,7 @@ void SetupParameters::SetSN_Click() {
 }
 
 void SetupParameters::SaveParameters_Click() {
-    m_files.save(unreadFields(m_transfer.deviceCopy(), m_transfer.firmware()));
+    m_files.save(unreadFields(m_transfer.deviceCopy()));
 }
 
 void SetupParameters::OpenParameters_Click() {
@@ -226,7 +228,7 @@ void SetupParameters::showOpened(const ParameterValues& values) {
 void SetupParameters::compareAll() {
     const DeviceCopy& copy = m_transfer.deviceCopy();
     const ParameterValues shown = shownValues();
-    const Comparison comparison(shown, copy, m_transfer.firmware());
+    const Comparison comparison(shown, copy);
     for (const ParameterField field : parameterFields)
         control(field).mark(comparison[field], reason(field, comparison[field]));
     showCounts(comparison);
@@ -285,18 +287,30 @@ void SetupParameters::showNotes(const ParameterValues& shown) {
 void SetupParameters::showTable(const ParameterValues& shown) {
     if (m_ui->compareGroup->isHidden())
         return;
-    const auto rows = compareTable(shown, m_transfer.deviceCopy(), m_transfer.firmware(), m_opened);
+    const auto rows = compareTable(shown, m_transfer.deviceCopy(), m_opened);
     m_ui->compareGrid->showRows(rows);
     m_ui->compareNote->setText(rows.empty() ? tr("Nothing differs.") : tr("What differs:"));
     m_ui->copyCompare->setEnabled(!rows.empty());
 }
 
 void SetupParameters::setComparing(bool comparing) {
+    const bool wasComparing = !m_ui->compareGroup->isHidden();
     m_ui->Compare->setChecked(comparing);
     m_ui->compareGroup->setVisible(comparing);
     compareAll();
-    if (!comparing)
-        adjustSize();
+    if (comparing != wasComparing)
+        fitHeight();
+}
+
+void SetupParameters::fitHeight() {
+    m_ui->compareGroup->updateGeometry();  // its rows have come since it was shown
+    layout()->activate();
+    const QRect room = screen()->availableGeometry();
+    const int frame = frameGeometry().height() - height();
+    resize(width(), std::min(sizeHint().height(), room.height() - frame));
+    const int below = frameGeometry().bottom() - room.bottom();
+    if (isVisible() && below > 0)
+        move(x(), std::max(room.top(), y() - below));
 }
 
 }  // namespace zlt

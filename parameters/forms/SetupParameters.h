@@ -57,6 +57,8 @@ class SetupParameters : public LinkedScreen, private ParameterView {
     void showTable(const ParameterValues& shown);
     /// Opens and closes the table below the groups.
     void setComparing(bool comparing);
+    /// As high as what it shows, and on its screen.
+    void fitHeight();
 
     [[nodiscard]] ParameterValues values() const override;
     void showField(ParameterField field, const std::string& text) override;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QPlainTextEdit>
 #include <QProgressBar>
@@ -116,6 +117,34 @@ TEST_F(SearchTest, ListsWhatHasBeenFoundSoFar) {
     search("SearchZLT", "ZLT-R-NX Found on Port:1 Baud:9600 ID:01", atTick);
     const std::vector<std::string> expected{"", one, one + "\n" + two, "hidden"};
     EXPECT_EQ(lists, expected);
+}
+
+TEST_F(SearchTest, EndsWhatAControllerWasToBecome) {
+    answerAsController();
+    for (const char* value : {"CURR", "CURI", "MS", "POL", "DL", "SLOAD", "DB", "RT"})
+        bus.replies[value] = "1";
+    const auto inSearch = std::exchange(bus.answer, nullptr);
+    clickAndWork(form, "Command25", [this](QWidget& panel) {
+        clickAndWork(panel, "Setup", [this](QWidget& setup) {
+            control<QComboBox>(setup, "DeviceIDCombo").setEditText(QStringLiteral("05"));
+            gate.expectQuestion("Device ID", "Are you sure you want change Device ID to 05?", true);
+            gate.expectMessageWith("Device ID Set.");
+            gate.expectMessage("Download Done!");
+            click(setup, "DownloadPar");
+            click(setup, "Close");
+        });
+        bus.replies["DN"] = "ZLD02";
+        choose(panel, "SelectedDeviceID", "02");
+        EXPECT_FALSE(control<QWidget>(panel, "pendingNote").isVisible()) << "another device's";
+        click(panel, "Command2");
+    });
+    EXPECT_EQ(textOf(form, "pendingText"),
+              "Device 01 on COM1, from the next power-up: ID 05 (not stored to flash)");
+    bus.answer = inSearch;
+    ports = {1};
+    answers = {{"1 9600 @05DN", "ZLD05"}};
+    search("SearchZLT", "ZLT-R-NX Found on Port:1 Baud:9600 ID:05");
+    EXPECT_FALSE(control<QWidget>(form, "pendingText").isVisible());
 }
 
 TEST_F(SearchTest, SaysOnlyThatThereIsNoPort) {

@@ -95,7 +95,7 @@ TEST_F(DeviceChangesTest, StandApartFromWhatIsInUseUntilTheControllerReportsThem
     bus.replies["DB"] = "5";
     commandsOf("UploadPar");
     EXPECT_EQ(notes(), "|");
-    EXPECT_EQ(compared(), "");
+    EXPECT_NE(shown("storeNote"), "") << "a word of the controller's is no store";
 }
 
 TEST_F(DeviceChangesTest, SayWhatADownMakesOfAnOddId) {
@@ -115,7 +115,14 @@ TEST_F(DeviceChangesTest, SayWhatADownMakesOfAnOddId) {
 }
 
 TEST_F(DeviceChangesTest, TellAClashBeforeAYesCounts) {
-    handOver.notes->noteReply({{3}, "57600", "07"}, "PX", "0");
+    ScreenLink terminal(services, flavours::terminal, nullptr);
+    terminal.takeOver(handOver);
+    terminal.openPort();
+    terminal.converse({.deviceId = "07", .command = "PX"});
+    bus.silentAt = "VER";
+    terminal.converse({.deviceId = "08", .command = "VER"});
+    terminal.closePort();
+    bus.silentAt.reset();
     handOver.notes->noteReply({{4}, "9600", "08"}, "PX", "0");
     open();
     type("DeviceIDCombo", "01");
@@ -130,7 +137,8 @@ TEST_F(DeviceChangesTest, TellAClashBeforeAYesCounts) {
     EXPECT_EQ(down(), wholeDown);
     EXPECT_EQ(shown("DeviceIDCombo"), "42");
     type("DeviceIDCombo", "08");
-    gate.expectQuestion("Device ID", idQuestion + "08?", true);  // another port, another bus
+    gate.expectQuestion("Device ID", idQuestion + "08?",
+                        true);  // silent here, there on another bus
     gate.expectMessage(idSet);
     down();
 }
@@ -189,9 +197,17 @@ TEST_F(FlashStoreTest, KeepsWhatWasWrittenAndNotBefore) {
     bus.replies["STORE"] = "OK";
     store("Store to Flash done!");
     EXPECT_FALSE(saysNotStored());
-    bus.silent = true;
+    type("HCA", "22");
+    down();
+    bus.silentAt = "STORE";
     store("No Reply to Command: STORE");
     EXPECT_EQ(waits.slept.count(), 3 * 200);
+    bus.silentAt.reset();
+    bus.replies["HCA"] = "22";
+    open();
+    type("HCA", "20");
+    down();
+    EXPECT_TRUE(saysNotStored()) << "flash may hold 22 by now";
 }
 
 TEST_F(FlashStoreTest, IsAskedForOnlyByWhatChanged) {

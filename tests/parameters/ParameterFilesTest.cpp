@@ -1,5 +1,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QScreen>
 
 #include "SetupWorld.h"
 
@@ -101,7 +102,11 @@ TEST_F(ParameterFilesTest, AreHeldAgainstScreenAndControllerBeforeAnythingIsSent
     open();
     type("DOBOOT", "7");
     files.writeWhole("next.par", "21\n43\n16\n900\n300\n38400\n1\n1\n1\n1\n10\n20\n");
+    form->move(0, form->screen()->availableGeometry().bottom() - 500);
     load("next.par");
+    EXPECT_TRUE(form->screen()->availableGeometry().contains(form->frameGeometry()));
+    const auto& grid = control<CompareGrid>(*form, "compareGrid");
+    EXPECT_GE(grid.height(), grid.sizeHint().height()) << "all rows where the screen has room";
     EXPECT_EQ(bus.takeCommands(), Commands{});
     EXPECT_EQ(control<QGroupBox>(*form, "deviceGroup").title().toStdString(), "Controller 01");
     type("RunCurrentSelect", "1000");

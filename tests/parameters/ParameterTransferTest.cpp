@@ -30,7 +30,10 @@ TEST_F(ParameterTransferTest, GatesBothDirectionsByFirmware) {
         EXPECT_EQ(open(firmware), upload);
         EXPECT_EQ(shown("pendingCount"), "Nothing to write") << "what it lacks is not missing";
         EXPECT_EQ(compared(), "");
+        bus.replies["LCA="] = "?";
         EXPECT_EQ(down(), written);
+        EXPECT_EQ(shown("storeNote"), "") << "what it lacks needs no store";
+        EXPECT_EQ(shown("outcome").substr(0, 19), "Nothing was changed");
         EXPECT_EQ(control<QWidget>(*form, "DisableLimit").isEnabled(), firmware > 316);
         for (const char* name : {"Autostart1", "LCA", "HCA", "DOBOOT"})
             EXPECT_FALSE(control<QWidget>(*form, name).isEnabled()) << name;
@@ -82,10 +85,12 @@ TEST_F(ParameterTransferTest, EndsWhereTheLinkIsLookedAt) {
 
 TEST_F(ParameterTransferTest, SendsNothingOfASetThatTheWireCannotCarry) {
     open();
-    type("HCA", "7\r@01X5000");
-    gate.expectMessageWith("In the field \"HCA\": The text holds a line end");
-    EXPECT_EQ(commandsOf("DownloadPar"), Commands{});
-    EXPECT_EQ(form->focusWidget(), findNamed(*form, "HCA"));
+    for (const char* button : {"DownloadPar", "SaveParameters"}) {
+        type("HCA", "7\r@01X5000");
+        gate.expectMessageWith("In the field \"HCA\": The text holds a line end");
+        EXPECT_EQ(commandsOf(button), Commands{});
+        EXPECT_EQ(form->focusWidget(), findNamed(*form, "HCA"));
+    }
     type("HCA", "20");
     type("Microstep", std::string(32'768, '1').c_str());
     gate.expectMessage("In the field \"microstep\": The text is longer than 32767 characters.");
@@ -117,7 +122,9 @@ TEST_F(ParameterTransferTest, MarksEachValueByTheReplyToIt) {
          {{"DN", "XYZ07", "DeviceIDCombo", "42", State::unread, "device ID"},
           {"DN", "ZLD4", "DeviceIDCombo", "42", State::unread, "device ID"},
           {"DN", "ZLD431", "DeviceIDCombo", "43", State::same, ""},
-          {"CURR", "8?0", "RunCurrentSelect", "8?0", State::same, ""},
+          {"CURR", "8?0", "RunCurrentSelect", "8?0", State::unread, "run current"},
+          {"MS", "OK", "Microstep", "OK", State::unread, "microstep"},
+          {"HCA", "8?0", "HCA", "8?0", State::same, ""},
           {"CURI", nullptr, "IdleCurrentSelect", "300", State::unread, "idle current"},
           {"POL", "x5", "sapol1", "on", State::unread, "polarity"},
           {"DL", "", "DisableLimit", "on", State::unread, "limit disable"},
@@ -170,6 +177,10 @@ TEST_F(ParameterTransferTest, SaysWhatTheControllerSaidInPlaceOfOk) {
               "<qt>Refused: the controller answered &quot;?&lt;b&gt;&quot;.</qt>");
     EXPECT_EQ(mark("DirPol1"), State::same) << "the other bits are as they were";
     EXPECT_EQ(shown("pendingCount"), "1 refused");
+    EXPECT_EQ(shown("Compare"), "on") << "there is something to show";
+    EXPECT_EQ(compared(),
+              "Polarity\tPOL 21\tPOL 5\tPOL 5\t\n"
+              "Polarity SA Err\tset, refused\tclear\tclear\t\n");
     click(*form, "sapol1");
     EXPECT_EQ(mark("sapol1"), State::same);
     click(*form, "sapol2");

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <memory>
 
+#include "link/ScreenLink.h"
 #include "parameters/forms/ChangeMark.h"
 #include "parameters/forms/CompareGrid.h"
 #include "parameters/forms/SetupParameters.h"
