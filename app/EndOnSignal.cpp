@@ -1,19 +1,15 @@
 #include "app/EndOnSignal.h"
 
+#include <signal.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <QDialog>
 #include <QSocketNotifier>
 
-#ifdef Q_OS_UNIX
-#include <signal.h>
-#include <unistd.h>
-
 #include "platform/SignalPipe.h"
-#endif
 
 namespace zlt {
-
-#ifdef Q_OS_UNIX
 
 EndOnSignal::EndOnSignal(ProgramEnd& programEnd) : m_programEnd(programEnd) {
     const int caught = catchSignals({SIGTERM, SIGHUP, SIGINT});
@@ -26,12 +22,6 @@ EndOnSignal::EndOnSignal(ProgramEnd& programEnd) : m_programEnd(programEnd) {
             end(number);
     });
 }
-
-#else
-
-EndOnSignal::EndOnSignal(ProgramEnd& programEnd) : m_programEnd(programEnd) {}
-
-#endif
 
 void EndOnSignal::end(int signal) {
     m_programEnd.askForEnd(128 + signal);

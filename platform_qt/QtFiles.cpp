@@ -4,11 +4,7 @@
 #include <QSaveFile>
 #include <algorithm>
 
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-
-#include <cerrno>
-#endif
+#include "platform_qt/ThisSystem.h"
 
 namespace zlt {
 namespace {
@@ -41,15 +37,6 @@ std::string beyondLimit(qint64 size) {
     if (size > limit)
         return "it holds " + std::to_string(size) + " bytes, and at most " + most + " are read";
     return "it holds more than the " + most + " bytes that are read";
-}
-
-/// Some disks tell only now that they are full. One that cannot be asked has taken it.
-Reason synchronise([[maybe_unused]] const QFileDevice& file) {
-#ifdef Q_OS_UNIX
-    if (::fsync(file.handle()) != 0 && errno != EINVAL && errno != EROFS && errno != ENOSYS)
-        return std::generic_category().message(errno);
-#endif
-    return std::nullopt;
 }
 
 /// Writes at the file's present place, down to the disk: until then a buffer hides that it is full.

@@ -1,6 +1,7 @@
 #include "platform_qt/QtSystem.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -14,7 +15,8 @@ constexpr qsizetype keptOutput = 64 * 1024;
 }  // namespace
 
 std::filesystem::path ownFolder() {
-    return pathFromUtf8(QCoreApplication::applicationDirPath().toStdString());
+    return pathFromUtf8(
+        QDir::toNativeSeparators(QCoreApplication::applicationDirPath()).toStdString());
 }
 
 std::filesystem::path dataFolder() {
