@@ -22,7 +22,7 @@ struct ProcessEnd {
     enum class Kind { exited, crashed, notStarted };
 
     Kind kind = Kind::notStarted;
-    std::string reason = {};   ///< why it could not be started, in the system's words, UTF-8
+    std::string reason = {};  ///< why it could not be started, in the system's words, UTF-8
     /// The last 64 KiB of what it printed, errors included, UTF-8. Empty on Windows, where a tool
     /// has a window of its own.
     std::string printed = {};

@@ -22,8 +22,8 @@ std::string utf8FromUtf16(std::wstring_view text) {
 std::string windowsErrorText(unsigned long error) {
     std::array<wchar_t, 512> words{};
     const DWORD length =
-        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
-                       words.data(), static_cast<DWORD>(words.size()), nullptr);
+        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
+                       0, words.data(), static_cast<DWORD>(words.size()), nullptr);
     std::wstring_view text(words.data(), length);
     text = text.substr(0, text.find_last_not_of(L" .\r\n") + 1);
     return text.empty() ? "Windows error " + std::to_string(error) : utf8FromUtf16(text);

@@ -38,8 +38,8 @@ class WindowsWaits final : public Waits {
     static constexpr DWORD highResolution = 2;
 
     /// Null before Windows 10 1803.
-    HANDLE m_timer = CreateWaitableTimerExW(nullptr, nullptr, highResolution,
-                                            TIMER_MODIFY_STATE | SYNCHRONIZE);
+    HANDLE m_timer =
+        CreateWaitableTimerExW(nullptr, nullptr, highResolution, TIMER_MODIFY_STATE | SYNCHRONIZE);
     bool m_precise;
 };
 

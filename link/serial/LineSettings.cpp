@@ -46,8 +46,8 @@ std::string rateRemark(int asked, int real) {
     constexpr int percentAllowed = 3;
     if (std::abs(std::int64_t{real} - asked) * 100 <= std::int64_t{asked} * percentAllowed)
         return {};
-    return "The adapter works at " + std::to_string(real) + " instead of " +
-           std::to_string(asked) + ".";
+    return "The adapter works at " + std::to_string(real) + " instead of " + std::to_string(asked) +
+           ".";
 }
 
 }  // namespace zlt

@@ -8,8 +8,8 @@
 
 namespace zlt {
 
-/// The real port but on Windows, on Qt's serial port. Behaviour relied on is that of Qt 6.4: a wait that
-/// fails without being a time-out is a lost port, and the error text of that moment says
+/// The real port but on Windows, on Qt's serial port. Behaviour relied on is that of Qt 6.4: a wait
+/// that fails without being a time-out is a lost port, and the error text of that moment says
 /// nothing.
 class QtSerialPort final : public Port {
  public:

@@ -18,8 +18,8 @@ struct SerialDevice {
     std::string socket = {};        ///< the USB socket it is in, "1-1.2:1.0"; empty when not known
 };
 
-/// One name for one device: its own path, links followed, or the name unchanged when there is no such
-/// device; on Windows the bare name, "COM3", as asking for a path would open it.
+/// One name for one device: its own path, links followed, or the name unchanged when there is no
+/// such device; on Windows the bare name, "COM3", as asking for a path would open it.
 std::string canonicalDevice(const std::string& device);
 
 /// The devices in the order in which they take the numbers from 1 up: built-in ports first,

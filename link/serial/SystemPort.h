@@ -7,8 +7,8 @@
 
 namespace zlt {
 
-/// A serial port of this machine, closed. `directory` says which device a port number stands for; it
-/// outlives the port.
+/// A serial port of this machine, closed. `directory` says which device a port number stands for;
+/// it outlives the port.
 std::unique_ptr<Port> makeSystemPort(PortDirectory& directory);
 
 }  // namespace zlt

@@ -20,7 +20,7 @@ std::string PortDirectory::fingerprint() const {
     std::string marks;
     // There is nothing cheaper to tell by.
     for (const SerialDevice& device : m_machine())
-        marks += device.path + ' ' + device.maker + '/';
+        marks += device.path + ' ' + device.maker + ' ' + device.usbIdentity + '/';
     return marks;
 }
 

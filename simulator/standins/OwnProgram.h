@@ -4,7 +4,8 @@
 
 namespace zlt::standins {
 
-/// The file of the running program. Throws std::filesystem::filesystem_error when that cannot be told.
+/// The file of the running program. Throws std::filesystem::filesystem_error when that cannot be
+/// told.
 std::filesystem::path ownProgram();
 
 }  // namespace zlt::standins

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QProcess>
-#include <QStringList>
-#include <string>
+#include "support/SimulatorConsole.h"
 
 namespace zlt::test {
 
@@ -12,7 +10,6 @@ class SimulatedBus {
     /// Starts it with these options beside --until-stdin-closes. Throws when it does not come
     /// up.
     explicit SimulatedBus(const QStringList& options = {});
-    ~SimulatedBus();
 
     /// The device of its port, the new one after "plug".
     [[nodiscard]] std::string device() const { return m_device; }
@@ -20,9 +17,7 @@ class SimulatedBus {
     void say(const char* line);
 
  private:
-    std::string readLine();
-
-    QProcess m_process;
+    std::unique_ptr<SimulatorConsole> m_console;
     std::string m_device;
 };
 
