@@ -39,12 +39,20 @@ std::string beyondLimit(qint64 size) {
     return "it holds more than the " + most + " bytes that are read";
 }
 
+/// Why something failed, to stand within a sentence: Windows' reasons are sentences of their own.
+std::string reasonOf(const QFileDevice& file) {
+    QString reason = file.errorString();
+    while (reason.endsWith(QLatin1Char('.')))
+        reason.chop(1);
+    return reason.toStdString();
+}
+
 /// Writes at the file's present place, down to the disk: until then a buffer hides that it is full.
 Reason put(QFileDevice& file, std::string_view bytes) {
     const auto size = static_cast<qint64>(bytes.size());
     if (file.write(bytes.data(), size) != size || !file.flush() ||
         file.error() != QFileDevice::NoError)
-        return file.errorString().toStdString();
+        return reasonOf(file);
     return synchronise(file);
 }
 
@@ -56,13 +64,13 @@ Reason writeOver(QFile& file, const QByteArray& before, std::string_view bytes) 
     Reason reason;
     if (!file.seek(before.size()) || (reason = put(file, bytes.substr(shared)))) {
         file.resize(before.size());
-        return reason ? reason : file.errorString().toStdString();
+        return reason ? reason : reasonOf(file);
     }
     file.seek(0);
     if (!(reason = put(file, bytes.substr(0, shared))) && file.resize(size))
         return std::nullopt;
     if (!reason)
-        reason = file.errorString().toStdString();
+        reason = reasonOf(file);
     file.unsetError();
     if (!file.seek(0) || put(file, {before.data(), static_cast<std::size_t>(before.size())}) ||
         !file.resize(before.size()))
@@ -73,13 +81,13 @@ Reason writeOver(QFile& file, const QByteArray& before, std::string_view bytes) 
 /// For a file that may be written in a folder where none may be made. `refusal` is why it was not
 /// made.
 std::optional<WriteFailure> writeInPlace(const fs::path& path, std::string_view bytes,
-                                         const QString& refusal) {
+                                         const std::string& refusal) {
     QFile file(fromPath(path));
     if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
-        return WriteFailure{WriteFailure::Kind::noAccess, refusal.toStdString()};
+        return WriteFailure{WriteFailure::Kind::noAccess, refusal};
     const QByteArray before = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        return WriteFailure{WriteFailure::Kind::failed, file.errorString().toStdString()};
+        return WriteFailure{WriteFailure::Kind::failed, reasonOf(file)};
     if (auto reason = writeOver(file, before, bytes))
         return WriteFailure{WriteFailure::Kind::failed, *std::move(reason)};
     return std::nullopt;
@@ -97,13 +105,13 @@ FileContent QtFiles::read(const fs::path& path) {
         return {Kind::notAFile, {}, *std::move(other)};
     QFile file(fromPath(path));
     if (!file.open(QIODevice::ReadOnly))
-        return {Kind::unreadable, {}, file.errorString().toStdString()};
+        return {Kind::unreadable, {}, reasonOf(file)};
     if (file.size() > limit)
         return {Kind::tooLarge, {}, beyondLimit(file.size())};
     const QByteArray bytes = file.read(limit + 1);
     if (file.error() != QFileDevice::NoError)
         return {bytes.isEmpty() ? Kind::unreadable : Kind::brokenOff, bytes.toStdString(),
-                file.errorString().toStdString()};
+                reasonOf(file)};
     if (bytes.size() > limit)
         return {Kind::tooLarge, {}, beyondLimit(file.size())};
     return {Kind::whole, bytes.toStdString(), {}};
@@ -118,12 +126,12 @@ std::optional<WriteFailure> QtFiles::writeWhole(const fs::path& path, std::strin
                             *std::move(other)};
     QSaveFile file(fromPath(path));
     if (!file.open(QIODevice::WriteOnly))
-        return writeInPlace(path, bytes, file.errorString());
+        return writeInPlace(path, bytes, reasonOf(file));
     // commit() would not look at what its own flush came to.
     if (auto reason = put(file, bytes))
         return WriteFailure{Kind::failed, *std::move(reason)};
     if (!file.commit())
-        return writeInPlace(path, bytes, file.errorString());
+        return writeInPlace(path, bytes, reasonOf(file));
     return std::nullopt;
 }
 

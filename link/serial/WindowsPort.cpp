@@ -142,10 +142,11 @@ std::optional<unsigned long> WindowsPort::waiting() {
     return std::nullopt;
 }
 
-bool WindowsPort::fetch() {
+bool WindowsPort::fetch(unsigned long count) {
     DWORD fetched = 0;
     m_next = m_fetched = 0;
-    if (ReadFile(m_handle, m_bytes.data(), static_cast<DWORD>(m_bytes.size()), &fetched, nullptr))
+    const auto most = std::min(count, static_cast<DWORD>(m_bytes.size()));
+    if (ReadFile(m_handle, m_bytes.data(), most, &fetched, nullptr))
         m_fetched = fetched;
     else
         lose();
@@ -157,7 +158,7 @@ PortInput WindowsPort::read(char& character) {
         return PortInput::lost;
     if (!anyFetched()) {
         const auto count = waiting();
-        if (!count || (*count > 0 && !fetch()))
+        if (!count || (*count > 0 && !fetch(*count)))
             return PortInput::lost;
     }
     if (!anyFetched())
@@ -176,7 +177,8 @@ PortInput WindowsPort::waitForInput(std::chrono::milliseconds time) {
         lose();
         return PortInput::lost;
     }
-    if (!fetch())
+    // One alone: Wine would wait for as many as it is asked for.
+    if (!fetch(1))
         return PortInput::lost;
     return anyFetched() ? PortInput::character : PortInput::nothing;
 }

@@ -40,8 +40,9 @@ class WindowsPort final : public Port {
     bool setReadWait(Milliseconds time);
     /// How many characters the driver has; nothing when the port is lost, which closes it.
     std::optional<unsigned long> waiting();
-    /// Takes what the driver has, or what comes within the read wait. False when the port is lost.
-    bool fetch();
+    /// Takes up to `count` characters that the driver has, or the first that comes within the read
+    /// wait. False when the port is lost, which closes it.
+    bool fetch(unsigned long count);
     bool anyFetched() const { return m_next < m_fetched; }
     /// Closes the port and keeps the reason, or the system's words for the error that it has now.
     void lose(std::string reason);

@@ -21,6 +21,7 @@ TEST_F(WindowsPanelTest, ConnectsPollsAndJogsByEitherOfTwoNumbers) {
     for (const char* port : {"COM1", "COM12"}) {
         SCOPED_TRACE(port);
         choose(startUp, "combo", port);
+        EXPECT_TRUE(wait([&] { return shownOn(startUp, "portTimer") == "on"; })) << "once painted";
         tick(startUp, "portTimer");
         EXPECT_EQ(textOf(startUp, "portDevice"),
                   std::string(port) + " is a serial port of this computer");

@@ -4,11 +4,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTest>
+#include <QUuid>
 #include <stdexcept>
 
 #include "support/SimulatorConsole.h"
@@ -19,11 +19,9 @@ namespace {
 class SimulatorOutside final : public SimulatorConsole {
  public:
     explicit SimulatorOutside(const QStringList& options) {
-        static int started = 0;
-        const QString name =
-            QDir(qEnvironmentVariable("ZLT_SIMULATORS"))
-                .filePath(
-                    QStringLiteral("%1-%2").arg(QCoreApplication::applicationPid()).arg(++started));
+        // Process numbers come again.
+        const QString name = QDir(qEnvironmentVariable("ZLT_SIMULATORS"))
+                                 .filePath(QUuid::createUuid().toString(QUuid::WithoutBraces));
         m_input.setFileName(name + QStringLiteral(".in"));
         m_output.setFileName(name + QStringLiteral(".out"));
         if (!m_input.open(QIODevice::WriteOnly) || !m_output.open(QIODevice::ReadWrite))
