@@ -15,8 +15,9 @@ namespace {
 /// goes along.
 constexpr DWORD unreadBytesKept = 64 * 1024;
 
-/// Why a port does not open: in use and absent are two matters, and no rights come into it.
-std::string openingFailure(DWORD error, const std::string& device) {
+}  // namespace
+
+std::string openingFailure(unsigned long error, const std::string& device) {
     switch (error) {
         case ERROR_ACCESS_DENIED:
         case ERROR_SHARING_VIOLATION:
@@ -28,8 +29,6 @@ std::string openingFailure(DWORD error, const std::string& device) {
             return windowsErrorText(error);
     }
 }
-
-}  // namespace
 
 bool WindowsPort::open(PortNumber number, std::string_view baudRate) {
     close();

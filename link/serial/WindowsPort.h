@@ -8,6 +8,10 @@
 
 namespace zlt {
 
+/// Why a port did not open, by Windows' error and the port's name, UTF-8: in use and absent are two
+/// matters, and no rights come into it.
+std::string openingFailure(unsigned long error, const std::string& device);
+
 /// The real port on Windows, on the system's own calls. An empty read waits in the driver itself,
 /// which a character ends at once. Opening is exclusive by itself.
 class WindowsPort final : public Port {
