@@ -37,7 +37,7 @@ class Processes {
     using Started = std::function<void(std::int64_t process)>;
 
     /// The file of a program that is named without the ending that this system gives programs.
-    virtual std::filesystem::path fileOf(const std::filesystem::path& program) const {
+    [[nodiscard]] virtual std::filesystem::path fileOf(const std::filesystem::path& program) const {
         return program;
     }
 

@@ -46,7 +46,8 @@ class WindowsWaits final : public Waits {
 /// Starts other programs each in a window of its own, in front, into which it prints.
 class WindowsProcesses final : public Processes {
  public:
-    std::filesystem::path fileOf(const std::filesystem::path& program) const override {
+    [[nodiscard]] std::filesystem::path fileOf(
+        const std::filesystem::path& program) const override {
         std::filesystem::path file = program;
         return file += ".exe";
     }

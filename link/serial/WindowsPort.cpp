@@ -41,6 +41,7 @@ bool WindowsPort::open(PortNumber number, std::string_view baudRate) {
 }
 
 void WindowsPort::openDevice(const LineSettings& line) {
+    m_device = line.device;
     // By its bare name COM10 and above are not found.
     const auto path = pathFromUtf8("\\\\.\\" + line.device);
     const HANDLE handle = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,

@@ -24,15 +24,16 @@ class WindowsPort final : public Port {
 
     bool open(PortNumber number, std::string_view baudRate) override;
     void close() override;
-    bool isOpen() const override { return m_handle != nullptr; }
+    [[nodiscard]] bool isOpen() const override { return m_handle != nullptr; }
     bool write(std::string_view bytes) override;
     PortInput read(char& character) override;
     PortInput waitForInput(std::chrono::milliseconds time) override;
-    bool numberStillMeant(PortNumber number) const override {
+    [[nodiscard]] bool numberStillMeant(PortNumber number) const override {
         return m_directory.numberStillMeant(number);
     }
-    std::string remark() const override { return m_remark; }
-    std::string errorText() const override { return m_errorText; }
+    [[nodiscard]] std::string device() const override { return m_device; }
+    [[nodiscard]] std::string remark() const override { return m_remark; }
+    [[nodiscard]] std::string errorText() const override { return m_errorText; }
 
  private:
     using Milliseconds = unsigned long;
@@ -47,7 +48,7 @@ class WindowsPort final : public Port {
     /// Takes up to `count` characters that the driver has, or the first that comes within the read
     /// wait. False when the port is lost, which closes it.
     bool fetch(unsigned long count);
-    bool anyFetched() const { return m_next < m_fetched; }
+    [[nodiscard]] bool anyFetched() const { return m_next < m_fetched; }
     /// Closes the port and keeps the reason, or the system's words for the error that it has now.
     void lose(std::string reason);
     void lose();
@@ -57,6 +58,7 @@ class WindowsPort final : public Port {
     Milliseconds m_readWait = 0;
     std::array<char, 4096> m_bytes{};
     std::size_t m_next = 0, m_fetched = 0;  ///< those between are still to be read
+    std::string m_device;
     std::string m_errorText;
     std::string m_remark;
 };
