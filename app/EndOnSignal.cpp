@@ -1,17 +1,15 @@
 #include "app/EndOnSignal.h"
 
+#include <signal.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <QDialog>
 #include <QFileDialog>
 #include <QSocketNotifier>
 #include <cstdlib>
 
-#ifdef Q_OS_UNIX
-#include <signal.h>
-#include <unistd.h>
-
 #include "platform/SignalPipe.h"
-#endif
 
 namespace zlt {
 namespace {
@@ -31,8 +29,6 @@ void heedExit(ProgramEnd& programEnd) {
 
 }  // namespace
 
-#ifdef Q_OS_UNIX
-
 EndOnSignal::EndOnSignal(ProgramEnd& programEnd) : m_programEnd(programEnd) {
     heedExit(programEnd);
     const int caught = catchSignals({SIGTERM, SIGHUP, SIGINT});
@@ -45,14 +41,6 @@ EndOnSignal::EndOnSignal(ProgramEnd& programEnd) : m_programEnd(programEnd) {
             end(number);
     });
 }
-
-#else
-
-EndOnSignal::EndOnSignal(ProgramEnd& programEnd) : m_programEnd(programEnd) {
-    heedExit(programEnd);
-}
-
-#endif
 
 EndOnSignal::~EndOnSignal() {
     endAtExit = nullptr;

@@ -3,10 +3,11 @@
 #include "app/EndOnSignal.h"
 #include "app/Picture.h"
 #include "app/SelectComForm.h"
-#include "link/serial/QtSerialPort.h"
+#include "link/serial/SystemPort.h"
 #include "platform/ProgramEnd.h"
 #include "platform_qt/QtFiles.h"
 #include "platform_qt/QtSystem.h"
+#include "platform_qt/ThisSystem.h"
 #include "platform_qt/forms/QtGate.h"
 
 // Where even starting fails there is nobody left to tell.
@@ -22,20 +23,20 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
     zlt::ProgramEnd programEnd;
     zlt::QtGate boxes;
     zlt::EndingGate gate(boxes, programEnd);
-    zlt::ThreadWaits waits;
+    const auto waits = zlt::makeWaits();
     zlt::QtFiles files;
     zlt::QtHelpViewer help(gate);
-    zlt::QtProcesses processes;
+    const auto processes = zlt::makeProcesses();
     const zlt::Services services{
         .gate = gate,
-        .waits = waits,
+        .waits = *waits,
         .files = files,
         .help = help,
         .programEnd = programEnd,
-        .processes = processes,
+        .processes = *processes,
         .ownFolder = zlt::ownFolder(),
         .dataFolder = zlt::dataFolder(),
-        .makePort = [&directory] { return std::make_unique<zlt::QtSerialPort>(directory); }};
+        .makePort = [&directory] { return zlt::makeSystemPort(directory); }};
 
     const zlt::EndOnSignal endOnSignal(programEnd);
     zlt::SelectComForm startUp(services, directory);

@@ -7,7 +7,7 @@
 
 #include "link/Services.h"
 #include "link/serial/PortDirectory.h"
-#include "platform_qt/QtSystem.h"
+#include "platform_qt/PosixSystem.h"
 
 namespace zlt::bench {
 

@@ -11,6 +11,12 @@ endif()
 target_compile_definitions(zlt_settings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
+if(WIN32)
+  # Windows 10 and later; no macros called min and max.
+  target_compile_definitions(zlt_settings INTERFACE
+    _WIN32_WINNT=0x0A00 NOMINMAX WIN32_LEAN_AND_MEAN)
+endif()
+
 if(ZLT_FUZZ)
   target_compile_options(zlt_settings INTERFACE -fsanitize=fuzzer-no-link)
 endif()
@@ -19,6 +25,16 @@ if(ZLT_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(zlt_settings INTERFACE -fsanitize=address,undefined)
 endif()
+
+# zlt_system_sources(VARIABLE POSIX files... WINDOWS files...): those of the system that is built for.
+function(zlt_system_sources variable)
+  cmake_parse_arguments(SYSTEM "" "" "POSIX;WINDOWS" ${ARGN})
+  if(WIN32)
+    set(${variable} ${SYSTEM_WINDOWS} PARENT_SCOPE)
+  else()
+    set(${variable} ${SYSTEM_POSIX} PARENT_SCOPE)
+  endif()
+endfunction()
 
 # zlt_room(NAME [LINK libraries...] [SOURCES files...])
 # One static library for one folder; LINK names the libraries below it. Its headers are included as

@@ -4,9 +4,10 @@
 
 #include "ctl/Run.h"
 #include "ctl/SystemConsole.h"
-#include "link/serial/QtSerialPort.h"
+#include "link/serial/SystemPort.h"
 #include "platform_qt/QtFiles.h"
 #include "platform_qt/QtSystem.h"
+#include "platform_qt/ThisSystem.h"
 
 namespace {
 
@@ -42,18 +43,18 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
     zlt::ctl::CommandGate gate;
     zlt::PortDirectory directory{zlt::portListFileName};
     zlt::ProgramEnd programEnd;
-    zlt::ThreadWaits waits;
+    const auto waits = zlt::makeWaits();
     zlt::QtFiles files;
     NoHelp help;
-    zlt::QtProcesses processes;
+    const auto processes = zlt::makeProcesses();
     const zlt::Services services{
         .gate = gate,
-        .waits = waits,
+        .waits = *waits,
         .files = files,
         .help = help,
         .programEnd = programEnd,
-        .processes = processes,
+        .processes = *processes,
         .ownFolder = zlt::ownFolder(),
-        .makePort = [&directory] { return std::make_unique<zlt::QtSerialPort>(directory); }};
+        .makePort = [&directory] { return zlt::makeSystemPort(directory); }};
     return zlt::ctl::run({services, gate, directory, console, output}, commandLine());
 }

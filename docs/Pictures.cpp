@@ -21,7 +21,7 @@
 #include "app/SelectComForm.h"
 #include "panel/forms/MainControlForm.h"
 #include "panel/forms/TrendForm.h"
-#include "platform_qt/QtSystem.h"
+#include "platform_qt/PosixSystem.h"
 #include "programs/forms/CodeEditor.h"
 #include "support/FormDriver.h"
 #include "support/RealWorld.h"

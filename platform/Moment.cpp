@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <ctime>
 
+#include "platform/LocalTime.h"
+
 namespace zlt {
 
 std::string dateAndTime(std::chrono::system_clock::time_point wall) {
@@ -11,12 +13,7 @@ std::string dateAndTime(std::chrono::system_clock::time_point wall) {
     const auto thousandths =
         std::chrono::duration_cast<std::chrono::milliseconds>(wall - second).count();
     const std::time_t time = std::chrono::system_clock::to_time_t(second);
-    std::tm local{};
-#ifdef _WIN32
-    localtime_s(&local, &time);
-#else
-    localtime_r(&time, &local);
-#endif
+    const std::tm local = localTime(time);
     std::array<char, 32> text{};
     std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &local);
     std::array<char, 8> fraction{};

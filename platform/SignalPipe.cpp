@@ -1,6 +1,5 @@
 #include "platform/SignalPipe.h"
 
-#ifndef _WIN32
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/socket.h>
@@ -59,4 +58,3 @@ int catchSignals(std::initializer_list<int> numbers) {
 }
 
 }  // namespace zlt
-#endif

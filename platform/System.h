@@ -22,8 +22,10 @@ struct ProcessEnd {
     enum class Kind { exited, crashed, notStarted };
 
     Kind kind = Kind::notStarted;
-    std::string reason = {};   ///< why it could not be started, in the system's words, UTF-8
-    std::string printed = {};  ///< the last 64 KiB of what it printed, errors included, UTF-8
+    std::string reason = {};  ///< why it could not be started, in the system's words, UTF-8
+    /// The last 64 KiB of what it printed, errors included, UTF-8. Empty on Windows, where a tool
+    /// has a window of its own.
+    std::string printed = {};
 };
 
 /// Other programs.
@@ -34,7 +36,12 @@ class Processes {
     /// Told the process number of a program once it runs.
     using Started = std::function<void(std::int64_t process)>;
 
-    /// Starts `program` by its path alone, without arguments and without a shell, in the
+    /// The file of a program that is named without the ending that this system gives programs.
+    [[nodiscard]] virtual std::filesystem::path fileOf(const std::filesystem::path& program) const {
+        return program;
+    }
+
+    /// Starts `program`, a file, by its path alone, without arguments and without a shell, in the
     /// panel's own current directory, and returns when it has ended, however long that takes.
     /// No events are pumped meanwhile. The exit code is not looked at.
     virtual ProcessEnd runAndWait(const std::filesystem::path& program, const Started& started) = 0;

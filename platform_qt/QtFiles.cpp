@@ -4,11 +4,7 @@
 #include <QSaveFile>
 #include <algorithm>
 
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-
-#include <cerrno>
-#endif
+#include "platform_qt/ThisSystem.h"
 
 namespace zlt {
 namespace {
@@ -43,13 +39,12 @@ std::string beyondLimit(qint64 size) {
     return "it holds more than the " + most + " bytes that are read";
 }
 
-/// Some disks tell only now that they are full. One that cannot be asked has taken it.
-Reason synchronise([[maybe_unused]] const QFileDevice& file) {
-#ifdef Q_OS_UNIX
-    if (::fsync(file.handle()) != 0 && errno != EINVAL && errno != EROFS && errno != ENOSYS)
-        return std::generic_category().message(errno);
-#endif
-    return std::nullopt;
+/// Why something failed, to stand within a sentence: Windows' reasons are sentences of their own.
+std::string reasonOf(const QFileDevice& file) {
+    QString reason = file.errorString();
+    while (reason.endsWith(QLatin1Char('.')))
+        reason.chop(1);
+    return reason.toStdString();
 }
 
 /// Writes at an unbuffered file's present place, down to the disk: a buffer would hide that it is
@@ -59,7 +54,7 @@ Reason put(QFileDevice& file, std::string_view bytes) {
     while (!bytes.empty()) {
         const qint64 taken = file.write(bytes.data(), static_cast<qint64>(bytes.size()));
         if (taken <= 0)
-            return file.errorString().toStdString();
+            return reasonOf(file);
         bytes.remove_prefix(static_cast<std::size_t>(taken));
     }
     return synchronise(file);
@@ -73,13 +68,13 @@ Reason writeOver(QFile& file, const QByteArray& before, std::string_view bytes) 
     Reason reason;
     if (!file.seek(before.size()) || (reason = put(file, bytes.substr(shared)))) {
         file.resize(before.size());
-        return reason ? reason : file.errorString().toStdString();
+        return reason ? reason : reasonOf(file);
     }
     file.seek(0);
     if (!(reason = put(file, bytes.substr(0, shared))) && file.resize(size))
         return std::nullopt;
     if (!reason)
-        reason = file.errorString().toStdString();
+        reason = reasonOf(file);
     file.unsetError();
     if (!file.seek(0) || put(file, {before.data(), static_cast<std::size_t>(before.size())}) ||
         !file.resize(before.size()))
@@ -90,13 +85,13 @@ Reason writeOver(QFile& file, const QByteArray& before, std::string_view bytes) 
 /// For a file that may be written in a folder where none may be made. `refusal` is why it was not
 /// made.
 std::optional<WriteFailure> writeInPlace(const fs::path& path, std::string_view bytes,
-                                         const QString& refusal) {
+                                         const std::string& refusal) {
     QFile file(fromPath(path));
     if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
-        return WriteFailure{WriteFailure::Kind::noAccess, refusal.toStdString()};
+        return WriteFailure{WriteFailure::Kind::noAccess, refusal};
     const QByteArray before = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        return WriteFailure{WriteFailure::Kind::failed, file.errorString().toStdString()};
+        return WriteFailure{WriteFailure::Kind::failed, reasonOf(file)};
     if (auto reason = writeOver(file, before, bytes))
         return WriteFailure{WriteFailure::Kind::failed, *std::move(reason)};
     return std::nullopt;
@@ -114,13 +109,13 @@ FileContent QtFiles::read(const fs::path& path) {
         return {Kind::notAFile, {}, *std::move(other)};
     QFile file(fromPath(path));
     if (!file.open(QIODevice::ReadOnly))
-        return {Kind::unreadable, {}, file.errorString().toStdString()};
+        return {Kind::unreadable, {}, reasonOf(file)};
     if (file.size() > limit)
         return {Kind::tooLarge, {}, beyondLimit(file.size())};
     const QByteArray bytes = file.read(limit + 1);
     if (file.error() != QFileDevice::NoError)
         return {bytes.isEmpty() ? Kind::unreadable : Kind::brokenOff, bytes.toStdString(),
-                file.errorString().toStdString()};
+                reasonOf(file)};
     if (bytes.size() > limit)
         return {Kind::tooLarge, {}, beyondLimit(file.size())};
     return {Kind::whole, bytes.toStdString(), {}};
@@ -135,12 +130,12 @@ std::optional<WriteFailure> QtFiles::writeWhole(const fs::path& path, std::strin
                             *std::move(other)};
     QSaveFile file(fromPath(path));
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return writeInPlace(path, bytes, file.errorString());
+        return writeInPlace(path, bytes, reasonOf(file));
     // commit() would not look at what its own flush came to.
     if (auto reason = put(file, bytes))
         return WriteFailure{Kind::failed, *std::move(reason)};
     if (!file.commit())
-        return writeInPlace(path, bytes, file.errorString());
+        return writeInPlace(path, bytes, reasonOf(file));
     return std::nullopt;
 }
 

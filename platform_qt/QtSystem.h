@@ -1,27 +1,13 @@
 #pragma once
 
-#include <thread>
-
-#include "platform/System.h"
+#include <filesystem>
 
 namespace zlt {
-
-/// Waits by putting the thread to sleep.
-class ThreadWaits final : public Waits {
- public:
-    void sleep(std::chrono::milliseconds time) override { std::this_thread::sleep_for(time); }
-};
 
 /// The folder of the executable, links resolved; empty when its name is no valid text.
 std::filesystem::path ownFolder();
 
 /// The user's own data folder for this program, which need not exist yet.
 std::filesystem::path dataFolder();
-
-/// Starts other programs by Qt; what they print is read as it comes, their input is empty.
-class QtProcesses final : public Processes {
- public:
-    ProcessEnd runAndWait(const std::filesystem::path& program, const Started& started) override;
-};
 
 }  // namespace zlt

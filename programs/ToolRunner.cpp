@@ -146,8 +146,8 @@ void ToolRunner::writeSetup(std::string_view file, const std::vector<SetupEntry>
 }
 
 std::string ToolRunner::start(const Tool& tool) {
-    const fs::path path = pathOf(tool.path);
-    const std::string name = nameOf(tool.path);
+    const fs::path path = m_services.processes.fileOf(pathOf(tool.path));
+    const std::string name = utf8FromPath(path.filename());
     m_view->keepUnsaved();
     ProcessEnd end = m_services.processes.runAndWait(
         path, [&](std::int64_t process) { m_view->showRunningTool(name, process); });

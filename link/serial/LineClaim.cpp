@@ -1,8 +1,5 @@
 #include "link/serial/LineClaim.h"
 
-#include <QtGlobal>
-
-#ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/file.h>
@@ -17,13 +14,9 @@
 #include <system_error>
 
 #include "link/serial/PortUsers.h"
-#include "link/serial/SerialHandle.h"
-#endif
+#include "link/serial/SerialDevices.h"
 
 namespace zlt {
-
-#ifdef Q_OS_UNIX
-
 namespace {
 
 namespace fs = std::filesystem;
@@ -100,19 +93,5 @@ void LineClaim::release() {
         ::close(m_handle);
     m_handle = -1;
 }
-
-#else
-
-std::optional<LockFile> lockFileOf(const std::string&) {
-    return std::nullopt;
-}
-
-bool LineClaim::take(const std::string&) {
-    return true;
-}
-
-void LineClaim::release() {}
-
-#endif
 
 }  // namespace zlt

@@ -14,11 +14,12 @@ struct LockFile {
 };
 
 /// The lock file that stands for `device` now; nothing when there is none, or none that names a
-/// program. Always nothing on Windows.
+/// program.
 std::optional<LockFile> lockFileOf(const std::string& device);
 
 /// This program's claim on a serial line, by the locks that programs agree on: taken before
-/// anything is changed on the line, so that one that another program holds stays as it is.
+/// anything is changed on the line, so that one that another program holds stays as it is. Not on
+/// Windows, where opening is exclusive by itself.
 class LineClaim {
  public:
     LineClaim() = default;
@@ -28,8 +29,7 @@ class LineClaim {
 
     /// Takes flock(2) on the device. False when another program holds it by that lock, by a lock
     /// file, or has opened it for itself alone. True also for a device that cannot be opened,
-    /// which opening it tells in the system's words, and on Windows, where opening is exclusive
-    /// by itself.
+    /// which opening it tells in the system's words.
     bool take(const std::string& device);
     void release();
 

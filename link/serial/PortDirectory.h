@@ -29,7 +29,7 @@ struct Opening {
 };
 
 /// Says what stands behind each port number: the port list where there is one, else the
-/// machine's devices.
+/// machine's devices. On Windows, which numbers its ports itself, always these.
 class PortDirectory {
  public:
     static constexpr PortNumber beyondLast{portCount + 1};
@@ -83,7 +83,10 @@ class PortDirectory {
         std::string identity;
     };
 
+    /// What tells that the list or the devices may have changed.
     [[nodiscard]] std::string fingerprint() const;
+    /// Says which number stands for which of the devices, as this system has it.
+    void findEntries();
     void readList();
     void numberDevices();
     [[nodiscard]] PortEntry entryFor(const std::string& device) const;

@@ -1,114 +1,9 @@
 #include "link/serial/PortObstacle.h"
 
-#include <QtGlobal>
-#include <fstream>
-#include <sstream>
 #include <string>
-
-#include "link/serial/LineClaim.h"
-#include "link/serial/SerialHandle.h"
-
-#ifdef Q_OS_UNIX
-#include <grp.h>
-#include <pwd.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#ifdef Q_OS_LINUX
-#include <sys/sysmacros.h>
-#endif
-#endif
 
 namespace zlt {
 namespace {
-
-#ifdef Q_OS_UNIX
-
-#ifdef Q_OS_LINUX
-/// A line of /proc/tty/drivers: "usbserial            /dev/ttyUSB   188 0-511 serial" (the name in
-/// front may hold blanks). Whether the driver has this device.
-bool drives(const std::string& line, dev_t device) {
-    const auto path = line.find(" /dev/");
-    if (path == std::string::npos)
-        return false;
-    std::istringstream fields(line.substr(path));
-    std::string prefix;
-    unsigned kind = 0, first = 0;
-    fields >> prefix >> kind >> first;
-    unsigned last = first;
-    if (fields.peek() == '-')
-        fields.ignore() >> last;
-    return kind == major(device) && first <= minor(device) && minor(device) <= last;
-}
-#endif
-
-/// Whether a character device is a terminal, by what the kernel says of its number: to open it
-/// and ask would raise its lines.
-bool isTerminal(const struct stat& status) {
-    if (!S_ISCHR(status.st_mode))
-        return false;
-#ifdef Q_OS_LINUX
-    std::ifstream drivers("/proc/tty/drivers");
-    if (!drivers)
-        return true;
-    for (std::string line; std::getline(drivers, line);)
-        if (drives(line, status.st_rdev))
-            return true;
-    return false;
-#else
-    return true;
-#endif
-}
-
-std::string userName() {
-    const passwd* user = getpwuid(getuid());
-    return user ? user->pw_name : "$USER";
-}
-
-/// By the group database, which a session that began earlier has not read.
-bool isMember(const group& owner, const std::string& user) {
-    for (char** member = owner.gr_mem; member && *member; ++member)
-        if (user == *member)
-            return true;
-    return false;
-}
-
-void examineRights(const std::string& device, const struct stat& status, PortFindings& findings) {
-    findings.mayOpen = mayReadAndWrite(device);
-    findings.user = userName();
-    constexpr mode_t groupMayUse = S_IRGRP | S_IWGRP;
-    if (findings.mayOpen || (status.st_mode & groupMayUse) != groupMayUse)
-        return;
-    if (const group* owner = getgrgid(status.st_gid)) {
-        findings.group = owner->gr_name;
-        findings.inGroupAlready = isMember(*owner, findings.user);
-    }
-}
-
-void examineDevice(PortFindings& findings) {
-    const std::string& device = findings.entry.device;
-    struct stat status {};
-    findings.exists = stat(device.c_str(), &status) == 0;
-    if (!findings.exists)
-        return;
-    findings.serial = isTerminal(status);
-    examineRights(device, status, findings);
-    findings.users = otherUsersOf(device);
-    const auto lockFile = lockFileOf(device);
-    const bool refused = lockFile && !lockFile->mayBeTaken;
-    if (refused && !lockFile->holderLives)
-        findings.deadLock = lockFile->path;
-    if (findings.last.holderSeen && findings.users.empty() && !refused)
-        findings.last = {};  // the port is free by now
-}
-
-#else
-
-void examineDevice(PortFindings& findings) {
-    // Windows lists only ports that are there, and has no rights on them.
-    findings.exists = findings.serial = findings.mayOpen = true;
-}
-
-#endif
 
 std::string quoted(const std::string& path) {
     std::string text = "'";
@@ -125,6 +20,15 @@ std::string nothingThereText(const PortFindings& findings) {
     return name +
            " stands for no serial port of this computer.  Plug the adapter in, or choose another "
            "port.";
+}
+
+/// What the port stands for, and its maker. On Windows the device bears the port's own name, which
+/// says nothing.
+std::string deviceText(const PortFindings& findings) {
+    const auto& [device, maker, usb, adapter] = findings.entry;
+    if (device == portText(findings.number))
+        return maker.empty() ? "a serial port of this computer" : maker;
+    return maker.empty() ? device : device + " \xE2\x80\x93 " + maker;
 }
 
 void reportNoRight(const PortFindings& findings, PortReport& report) {
@@ -176,9 +80,7 @@ PortReport reportPort(const PortFindings& findings) {
         report.problem = nothingThereText(findings);
         return report;
     }
-    report.device = findings.entry.device;
-    if (!findings.entry.maker.empty())
-        report.device += " \xE2\x80\x93 " + findings.entry.maker;
+    report.device = deviceText(findings);
 
     if (!findings.exists) {
         report.obstacle = Obstacle::noSuchDevice;

@@ -47,6 +47,9 @@ struct PortReport {
     std::string command;  ///< a line for a terminal that mends it; often empty
 };
 
+/// Fills in what this system tells of the device of `findings.entry`, which is known.
+void examineDevice(PortFindings& findings);
+
 /// Looks at the device behind a port number. Some milliseconds.
 PortFindings examinePort(const PortDirectory& directory, PortNumber number);
 

@@ -14,7 +14,7 @@
 #include <sstream>
 
 #include "link/serial/LineClaim.h"
-#include "link/serial/SerialHandle.h"
+#include "link/serial/SerialDevices.h"
 #endif
 
 namespace zlt {

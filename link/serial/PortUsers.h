@@ -13,7 +13,7 @@ struct PortUser {
 
 /// The other programs that hold `device` open or locked, as far as this user may see. From
 /// Linux's /proc (open files and flock(2)) and the lock files below /var/lock, without
-/// touching the device. Elsewhere always empty.
+/// touching the device. Elsewhere always empty; not on Windows.
 std::vector<PortUser> otherUsersOf(const std::string& device);
 
 /// Whether another program has `device` open, as far as this user may see. Elsewhere than on

@@ -2,23 +2,19 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <cstdlib>
-#include <limits>
-#include <optional>
 #include <system_error>
 
 #include "link/serial/LineClaim.h"
+#include "link/serial/LineSettings.h"
 #include "link/serial/PortUsers.h"
 #include "link/serial/SerialHandle.h"
-#include "platform/NumberConversion.h"
+#include "link/serial/SystemPort.h"
 
 namespace zlt {
 namespace {
 
 /// Unread bytes of a line that babbles between exchanges are kept up to here.
 constexpr qint64 unreadBytesKept = 64 * 1024;
-/// A line that takes no byte for so long is lost.
-constexpr int blockedOutputMs = 500;
 
 /// The system's own words for a device that went away.
 std::string inputOutputError() {
@@ -27,22 +23,6 @@ std::string inputOutputError() {
 
 std::string deviceBusy() {
     return std::make_error_code(std::errc::device_or_resource_busy).message();
-}
-
-/// The number of a baud rate's text; nothing when it is no positive whole number.
-std::optional<qint32> baudRateOf(std::string_view text) {
-    if (text.find('.') != std::string_view::npos)
-        return std::nullopt;
-    const auto baudRate = parseInteger(text);
-    return baudRate && *baudRate > 0 ? baudRate : std::nullopt;
-}
-
-/// Why baudRateOf() found none.
-std::string badBaudRate(std::string_view text) {
-    const bool number = !text.empty() && text.find_first_not_of("0123456789") == text.npos;
-    if (number && text.find_first_not_of('0') != text.npos)
-        return "The baud rate is beyond " + std::to_string(std::numeric_limits<qint32>::max());
-    return "The baud rate is not a positive whole number";
 }
 
 /// Whether it can be seen that another program holds a device, and so when it does no more.
@@ -69,22 +49,15 @@ QtSerialPort::QtSerialPort(PortDirectory& directory, QObject* owner)
 
 bool QtSerialPort::open(PortNumber number, std::string_view baudRate) {
     close();
-    const auto device = m_directory.device(number);
-    const auto rate = baudRateOf(baudRate);
     m_errorText.clear();
     m_remark.clear();
-    if (!device && m_directory.isSettled(number))
-        m_errorText = "The device that was connected as " + portText(number) + " is gone";
-    else if (!device)
-        m_errorText = "No device stands behind " + portText(number);
-    else if (!rate)
-        m_errorText = badBaudRate(baudRate);
-    else
-        openDevice(*device, *rate);
-    const bool held = m_errorText == deviceBusy();
-    m_directory.noteOpening(
-        number,
-        {.failure = m_errorText, .holderSeen = held && isSeenHeld(*device), .remark = m_remark});
+    const auto line = lineSettings(m_directory, number, baudRate, m_errorText);
+    if (line)
+        openDevice(line->device, line->baudRate);
+    const bool held = line && m_errorText == deviceBusy();
+    m_directory.noteOpening(number, {.failure = m_errorText,
+                                     .holderSeen = held && isSeenHeld(line->device),
+                                     .remark = m_remark});
     return isOpen();
 }
 
@@ -102,18 +75,10 @@ void QtSerialPort::openDevice(const std::string& device, qint32 baudRate) {
     if (!m_serial.open(QIODevice::ReadWrite) || !m_serial.setBaudRate(baudRate))
         return lose(heldByAnother(path) ? deviceBusy() : m_serial.errorString().toStdString());
     askForLowLatency(m_serial.handle());
-    checkBaudRate(baudRate);
+    if (const auto real = baudRateInUse(m_serial.handle()))
+        m_remark = rateRemark(baudRate, *real);
     m_serial.setDataTerminalReady(false);  // a pseudo-terminal has no such line: no error
     m_serial.clear();                      // what came before is no answer to anything
-}
-
-void QtSerialPort::checkBaudRate(qint32 asked) {
-    const auto real = baudRateInUse(m_serial.handle());
-    // A rate is made by dividing a clock, and need not be met to the last digit.
-    constexpr int percentAllowed = 3;
-    if (real && std::abs(qint64{*real} - asked) * 100 > qint64{asked} * percentAllowed)
-        m_remark = "The adapter works at " + std::to_string(*real) + " instead of " +
-                   std::to_string(asked) + ".";
 }
 
 bool QtSerialPort::heldByAnother(const std::string& device) const {
@@ -156,7 +121,7 @@ bool QtSerialPort::write(std::string_view bytes) {
         if (now < left)
             sinceProgress.restart();
         else if (sinceProgress.hasExpired(blockedOutputMs))
-            lose("The port takes no more characters");
+            lose(std::string(outputBlocked));
         left = now;
     }
     return isOpen();
@@ -183,6 +148,10 @@ bool QtSerialPort::waitForBytes(int milliseconds) {
         return true;
     lose(inputOutputError());
     return false;
+}
+
+std::unique_ptr<Port> makeSystemPort(PortDirectory& directory) {
+    return std::make_unique<QtSerialPort>(directory);
 }
 
 }  // namespace zlt

@@ -8,8 +8,8 @@
 
 namespace zlt {
 
-/// The real port, on Qt's serial port. Behaviour relied on is that of Qt 6.4: a wait that
-/// fails without being a time-out is a lost port, and the error text of that moment says
+/// The real port but on Windows, on Qt's serial port. Behaviour relied on is that of Qt 6.4: a wait
+/// that fails without being a time-out is a lost port, and the error text of that moment says
 /// nothing.
 class QtSerialPort final : public Port {
  public:
@@ -32,8 +32,6 @@ class QtSerialPort final : public Port {
 
  private:
     void openDevice(const std::string& device, qint32 baudRate);
-    /// Looks whether the driver took the rate.
-    void checkBaudRate(qint32 asked);
     /// Whether opening `device` failed because another program holds it.
     [[nodiscard]] bool heldByAnother(const std::string& device) const;
     /// Waits up to `milliseconds`; false when the port is lost, which closes it.

@@ -9,7 +9,7 @@ namespace zlt {
 
 /// A serial device of this machine. Texts are UTF-8.
 struct SerialDevice {
-    std::string path = {};   ///< "/dev/ttyUSB0"
+    std::string path = {};   ///< "/dev/ttyUSB0", on Windows "\\\\.\\COM3"
     std::string maker = {};  ///< who made the adapter and what it is; empty when not known
     bool usb = false;
     std::string usbIdentity =
@@ -17,6 +17,10 @@ struct SerialDevice {
     std::string serialNumber = {};  ///< of a USB adapter; many have none
     std::string socket = {};        ///< the USB socket it is in, "1-1.2:1.0"; empty when not known
 };
+
+/// One name for one device: its own path, links followed, or the name unchanged when there is no
+/// such device; on Windows the bare name, "COM3", as asking for a path would open it.
+std::string canonicalDevice(const std::string& device);
 
 /// The devices in the order in which they take the numbers from 1 up: built-in ports first,
 /// then USB adapters in an order that does not depend on when they were plugged in.

@@ -1,11 +1,8 @@
 #include "link/serial/SerialHandle.h"
 
-#include <filesystem>
-#include <system_error>
-
-#ifdef Q_OS_UNIX
 #include <unistd.h>
-#endif
+
+#include <QtGlobal>
 #ifdef Q_OS_LINUX
 #include <asm/termbits.h>
 #include <linux/serial.h>
@@ -38,22 +35,7 @@ std::optional<int> baudRateInUse(SerialHandle handle) {
 }
 
 bool mayReadAndWrite(const std::string& device) {
-#ifdef Q_OS_UNIX
     return access(device.c_str(), R_OK | W_OK) == 0;
-#else
-    (void)device;
-    return true;
-#endif
-}
-
-std::string canonicalDevice(const std::string& device) {
-#ifdef Q_OS_WIN
-    return device;  // a port has one name there, and asking for its path would open it
-#else
-    std::error_code missing;
-    const auto path = std::filesystem::canonical(device, missing);
-    return missing ? device : path.string();
-#endif
 }
 
 }  // namespace zlt

@@ -21,9 +21,9 @@ std::string quoted(const std::string& reply) {
 
 Device::Device(PortNumber port, const std::string& baudRate, std::string deviceId)
     : m_id(std::move(deviceId)) {
-    if (!m_port.open(port, baudRate)) {
+    if (!m_port->open(port, baudRate)) {
         throw Failure(portText(port) + " at " + baudRate +
-                      " baud cannot be opened: " + m_port.errorText() + ".");
+                      " baud cannot be opened: " + m_port->errorText() + ".");
     }
     if (const std::string reply = ask("DN"); reply != name())
         throw Failure("not " + name() + " but " + quoted(reply) + " answers.");
@@ -68,10 +68,10 @@ std::string Device::ask(const std::string& command) {
             throw Failure("characters without an end come in.");
     };
     Reading reading{Ending::portLost, {}};
-    if (m_port.write(frameRequest(m_id, command)))
-        reading = readReply(m_port, patientRule, count);
+    if (m_port->write(frameRequest(m_id, command)))
+        reading = readReply(*m_port, patientRule, count);
     if (reading.ending == Ending::portLost)
-        throw Failure("the port is lost: " + m_port.errorText() + ".");
+        throw Failure("the port is lost: " + m_port->errorText() + ".");
     if (reading.ending == Ending::timedOut)
         throw Failure(name() + " does not answer.");
     return std::string(ReplyHeaderStrip(reading.text));

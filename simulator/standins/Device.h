@@ -1,9 +1,10 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "link/serial/PortDirectory.h"
-#include "link/serial/QtSerialPort.h"
+#include "link/serial/SystemPort.h"
 #include "simulator/standins/Tool.h"
 
 namespace zlt::standins {
@@ -27,7 +28,7 @@ class Device {
     void order(const std::string& command, const std::string& what);
 
     PortDirectory m_directory{portListFileName};
-    QtSerialPort m_port{m_directory};
+    std::unique_ptr<Port> m_port = makeSystemPort(m_directory);
     std::string m_id;
 };
 

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "platform/Text.h"
+#include "simulator/standins/OwnProgram.h"
 
 namespace zlt::standins {
 namespace {
@@ -27,7 +28,7 @@ int Tool::run(const std::function<Lines()>& work) {
     Lines result;
     bool good = false;
     try {
-        m_folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+        m_folder = ownProgram().parent_path();
         readSetup();
         result = work();
         good = true;

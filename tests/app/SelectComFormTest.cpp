@@ -82,7 +82,7 @@ TEST_F(SelectComFormTest, SurvivesAnySettingsFile) {
 }
 
 TEST_F(SelectComFormTest, SavesAndHandsOverOnConnect) {
-    std::ofstream(settingsFile) << "COM4\r\n38400\r\n02\r\n";
+    std::ofstream(settingsFile, std::ios::binary) << "COM4\r\n38400\r\n02\r\n";
     show();
     EXPECT_EQ(shown(), "COM4|38400|02");
     EXPECT_EQ(offered("combo"), "15 COM1 COM15");

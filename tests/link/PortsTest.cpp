@@ -204,5 +204,19 @@ TEST(PortReport, TellsTheObstaclesApart) {
     }
 }
 
+TEST(PortReport, NamesTheDeviceButNotByThePortsOwnName) {
+    const std::pair<PortEntry, const char*> table[] = {
+        {{"/dev/ttyUSB0", "Acme"}, "/dev/ttyUSB0 \xE2\x80\x93 Acme"},
+        {{"/dev/ttyS0", ""}, "/dev/ttyS0"},
+        {{"COM3", "Acme RS485"}, "Acme RS485"},
+        {{"COM3", ""}, "a serial port of this computer"}};
+    for (const auto& [entry, words] : table) {
+        PortFindings findings;
+        findings.number = {3};
+        findings.entry = entry;
+        EXPECT_EQ(reportPort(findings).device, words);
+    }
+}
+
 }  // namespace
 }  // namespace zlt::test

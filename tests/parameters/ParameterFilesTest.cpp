@@ -28,7 +28,7 @@ class ParameterFilesTest : public SetupWorld {
     }
     std::string saved(const std::string& name) {
         save(name, "Save Parameters to file done!");
-        return files.read(name).whole().value_or("none");
+        return files.read(pathFromUtf8(name)).whole().value_or("none");
     }
 };
 

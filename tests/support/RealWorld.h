@@ -3,17 +3,16 @@
 #include <QTest>
 #include <fstream>
 
-#include "link/serial/QtSerialPort.h"
-#include "platform_qt/QtSystem.h"
+#include "link/serial/SystemPort.h"
+#include "platform_qt/ThisSystem.h"
 #include "support/World.h"
 
 namespace zlt::test {
 
 /// A world whose ports and waits are real: the port list leads to pseudo-terminals.
 struct RealWorld : World {
-    ThreadWaits realWaits;
-    Services real =
-        servicesWith(realWaits, [this] { return std::make_unique<QtSerialPort>(directory); });
+    std::unique_ptr<Waits> realWaits = makeWaits();
+    Services real = servicesWith(*realWaits, [this] { return makeSystemPort(directory); });
 
     /// Leads COM1 to this device from now on.
     void listPort(const std::string& device) {

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QProcess>
-#include <QStringList>
-#include <functional>
-#include <string>
+#include "support/SimulatorConsole.h"
 
 namespace zlt::test {
 
@@ -13,19 +10,16 @@ class SimulatedBus {
     /// Starts it with these options beside --until-stdin-closes. Throws when it does not come
     /// up.
     explicit SimulatedBus(const QStringList& options = {});
-    ~SimulatedBus();
 
     /// The device of its port, the new one after "plug".
     [[nodiscard]] std::string device() const { return m_device; }
     /// Says a line on its standard input and returns when it is carried out.
     void say(const char* line);
     /// Does `work` while the simulator stands still.
-    void pauseWhile(const std::function<void()>& work);
+    void pauseWhile(const std::function<void()>& work) { m_console->pauseWhile(work); }
 
  private:
-    std::string readLine();
-
-    QProcess m_process;
+    std::unique_ptr<SimulatorConsole> m_console;
     std::string m_device;
 };
 

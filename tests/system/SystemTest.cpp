@@ -12,6 +12,7 @@
 #include <cstdarg>
 
 #include "link/Flavour.h"
+#include "link/serial/QtSerialPort.h"
 #include "support/StartUpWorld.h"
 
 namespace {

@@ -28,7 +28,7 @@ TEST(TalkSystemTest, FindsAControllerAtItsOwnRateAndLeavesThePortFree) {
     EXPECT_GE(time.elapsed(), 2800) << "29 steps, with 11 probes in them";
     ASSERT_TRUE(screen.search().found());
     EXPECT_EQ(searchResultText(*screen.search().found()), "1 Baud:19200 ID:02");
-    EXPECT_TRUE(QtSerialPort(world.directory).open({1}, "9600"));
+    EXPECT_TRUE(makeSystemPort(world.directory)->open({1}, "9600"));
 }
 
 TEST(TalkSystemTest, KeepsTypingAndRefreshApartUntilTheDeviceFallsSilent) {

@@ -192,7 +192,7 @@ TEST_F(TerminalFormTest, SavesTheTranscriptAsItIs) {
                               name);
         gate.expectMessageWith(message);
         click(form, "Command2");
-        return files.read(name).whole().value_or("none");
+        return files.read(pathFromUtf8(name)).whole().value_or("none");
     };
     EXPECT_EQ(save("\xC3\xA9.txt", "Save Done!"), "\r\n\r\n");
     talk("07", "ID");

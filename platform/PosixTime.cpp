@@ -1,0 +1,11 @@
+#include "platform/LocalTime.h"
+
+namespace zlt {
+
+std::tm localTime(std::time_t time) {
+    std::tm local{};
+    localtime_r(&time, &local);
+    return local;
+}
+
+}  // namespace zlt
