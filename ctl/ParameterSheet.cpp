@@ -12,6 +12,7 @@ ParameterSheet::ParameterSheet() {
                 set[field] = "0";
                 break;
             case Encoding::text:
+            case Encoding::number:
             case Encoding::deviceName:
             case Encoding::baudCode:
                 break;

@@ -1,8 +1,8 @@
 // The scripts of the guide's page, as they stand there, against the simulator.
 
+#include <QRegularExpression>
 #include <filesystem>
 #include <iterator>
-#include <regex>
 
 #include "ctl/ZltctlProcess.h"
 
@@ -19,11 +19,12 @@ class GuideScripts : public ZltctlProcess {
     explicit GuideScripts(const QStringList& controllers = {})
         : ZltctlProcess(QStringList{QStringLiteral("--unpaced")} + controllers) {
         const std::string page = wholeFile(ZLT_SCRIPTS_PAGE);
-        const std::regex block("```bash\n(#![^\n]*\n# ([a-z-]+):[^`]*?)```\n");
-        for (std::sregex_iterator found(page.begin(), page.end(), block), end; found != end;
-             ++found) {
-            const std::string file = path((*found)[2].str().c_str());
-            std::ofstream(file) << (*found)[1];
+        const QRegularExpression block(
+            QStringLiteral("```bash\n(#![^\n]*\n# ([a-z-]+):[^`]*?)```\n"));
+        for (auto blocks = block.globalMatch(QString::fromStdString(page)); blocks.hasNext();) {
+            const auto found = blocks.next();
+            const std::string file = path(found.captured(2).toUtf8());
+            std::ofstream(file) << found.captured(1).toStdString();
             std::filesystem::permissions(file, std::filesystem::perms::owner_all);
         }
     }
