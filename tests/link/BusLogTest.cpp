@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <QtGlobal>
 #include <ctime>
 
 #include "link/BusText.h"
@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 /// A clock of which each look takes a millisecond; it began on a known day, in a known place.
 struct Ticking {
     Ticking() {
-        ::setenv("TZ", "UTC", 1);
+        qputenv("TZ", "UTC");
         ::tzset();
     }
     Moment look() {
