@@ -38,24 +38,6 @@ constexpr std::array speeds{
     throw std::system_error(errno, std::generic_category(), what);
 }
 
-/// Whether any other program has the device open. One of another user cannot be seen, and passes
-/// for gone.
-bool isOpenElsewhere(const std::string& device) {
-    namespace fs = std::filesystem;
-    std::error_code unknown;
-    const std::string own = std::to_string(::getpid());
-    for (const auto& process : fs::directory_iterator("/proc", unknown)) {
-        std::error_code denied;
-        const std::string number = process.path().filename().string();
-        if (number == own || number.find_first_not_of("0123456789") != std::string::npos)
-            continue;  // "self" is this program too
-        for (const auto& file : fs::directory_iterator(process.path() / "fd", denied))
-            if (fs::read_symlink(file.path(), unknown) == device)
-                return true;
-    }
-    return false;
-}
-
 void closeFile(int& file) {
     if (file >= 0)
         ::close(std::exchange(file, -1));
@@ -157,7 +139,6 @@ long PseudoTerminal::baud() const {
 bool PseudoTerminal::clientChanged() {
     alignas(inotify_event) std::array<char, 4096> buffer{};
     bool changed = false;
-    bool closed = false;
     ssize_t count = 0;
     while ((count = ::read(m_watch, buffer.data(), buffer.size())) > 0) {
         for (std::size_t at = 0; at < static_cast<std::size_t>(count);) {
@@ -169,18 +150,12 @@ bool PseudoTerminal::clientChanged() {
                     forgetClient();
                     changed = true;
                 }
-            } else if ((event.mask & IN_CLOSE) != 0 && m_clients > 0) {
-                --m_clients;
-                closed = true;
+            } else if ((event.mask & IN_CLOSE) != 0 && m_clients > 0 && --m_clients == 0) {
+                forgetClient();
+                ::ioctl(m_slave, TIOCNXCL);
+                changed = true;
             }
         }
-    }
-    // Two closings at once, as of a program that was killed, may be reported as one.
-    if (closed && (m_clients == 0 || !isOpenElsewhere(m_path))) {
-        m_clients = 0;
-        forgetClient();
-        ::ioctl(m_slave, TIOCNXCL);
-        changed = true;
     }
     return changed;
 }

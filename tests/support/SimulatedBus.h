@@ -15,8 +15,6 @@ class SimulatedBus {
     [[nodiscard]] std::string device() const { return m_device; }
     /// Says a line on its standard input and returns when it is carried out.
     void say(const char* line);
-    /// Does `work` while the simulator stands still.
-    void pauseWhile(const std::function<void()>& work) { m_console->pauseWhile(work); }
 
  private:
     std::unique_ptr<SimulatorConsole> m_console;

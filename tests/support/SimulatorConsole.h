@@ -1,9 +1,7 @@
 #pragma once
 
 #include <QStringList>
-#include <functional>
 #include <memory>
-#include <stdexcept>
 #include <string>
 
 namespace zlt::test {
@@ -16,10 +14,6 @@ class SimulatorConsole {
     virtual void write(const std::string& lines) = 0;
     /// The next line that it prints, without its end. Throws when none comes within ten seconds.
     virtual std::string readLine() = 0;
-    /// Does `work` while the simulator stands still, which only a child of the test can be made to.
-    virtual void pauseWhile(const std::function<void()>& /*work*/) {
-        throw std::logic_error("this simulator cannot be held");
-    }
 };
 
 /// Starts the simulator with these options beside --until-stdin-closes.

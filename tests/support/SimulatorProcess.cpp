@@ -1,7 +1,5 @@
 // The simulator as a child of the test.
 
-#include <signal.h>
-
 #include <QProcess>
 #include <stdexcept>
 
@@ -32,13 +30,6 @@ class SimulatorProcess final : public SimulatorConsole {
             if (!m_process.waitForReadyRead(10'000))
                 throw std::runtime_error("the simulator says nothing");
         return m_process.readLine().trimmed().toStdString();
-    }
-
-    void pauseWhile(const std::function<void()>& work) override {
-        const auto process = static_cast<pid_t>(m_process.processId());
-        ::kill(process, SIGSTOP);
-        work();
-        ::kill(process, SIGCONT);
     }
 
  private:
