@@ -4,7 +4,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <cstdlib>
 #include <ctime>
 
 #include "panel/StateReport.h"
@@ -21,7 +20,7 @@ Moment at(std::chrono::milliseconds time) {
 }
 
 TEST(StateReport, TellsEverythingWithItsAge) {
-    ::setenv("TZ", "UTC", 1);
+    qputenv("TZ", "UTC");
     ::tzset();
     StateReport report;
     report.now = at(2500ms);

@@ -85,20 +85,21 @@ TEST(Trend, KeepsLeastAndGreatestOfEachColumnHoweverManyPasses) {
     }
     for (const auto column : {10ms, 70ms, 333ms, 5000ms}) {
         const int count = static_cast<int>(200s / column) + 1;
-        std::vector<std::pair<long, long>> expected(static_cast<std::size_t>(count),
-                                                    {1'000'000, -1'000'000});
+        std::vector<std::pair<std::int64_t, std::int64_t>> expected(static_cast<std::size_t>(count),
+                                                                    {1'000'000, -1'000'000});
         for (std::size_t index = 0; index < fed.record.size(); ++index) {
             const TrendSample& sample = fed.record.at(index);
             auto& [low, high] = expected[static_cast<std::size_t>((sample.time - start) / column)];
-            low = std::min<long>(low, sample.position);
-            high = std::max<long>(high, sample.position);
+            low = std::min<std::int64_t>(low, sample.position);
+            high = std::max<std::int64_t>(high, sample.position);
         }
         const auto pieces = fed.pieces(0ms, column, count);
-        std::vector<std::pair<long, long>> found(expected.size(), {1'000'000, -1'000'000});
+        std::vector<std::pair<std::int64_t, std::int64_t>> found(expected.size(),
+                                                                 {1'000'000, -1'000'000});
         for (const TrendPiece& piece : pieces) {
             auto& [low, high] = found.at(static_cast<std::size_t>(piece.column));
-            low = std::min<long>(low, piece.all.ranges[0].low);
-            high = std::max<long>(high, piece.all.ranges[0].high);
+            low = std::min<std::int64_t>(low, piece.all.ranges[0].low);
+            high = std::max<std::int64_t>(high, piece.all.ranges[0].high);
         }
         EXPECT_EQ(found, expected) << column.count() << " ms";
         const auto states = trendStates(pieces, count);
