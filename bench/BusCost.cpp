@@ -18,7 +18,7 @@ class InstantPort final : public Port {
  public:
     bool open(PortNumber, std::string_view) override { return true; }
     void close() override {}
-    bool isOpen() const override { return true; }
+    [[nodiscard]] bool isOpen() const override { return true; }
     bool write(std::string_view) override {
         m_place = 0;
         return true;
@@ -30,7 +30,7 @@ class InstantPort final : public Port {
         return PortInput::character;
     }
     PortInput waitForInput(std::chrono::milliseconds) override { return PortInput::lost; }
-    std::string errorText() const override { return {}; }
+    [[nodiscard]] std::string errorText() const override { return {}; }
 
  private:
     std::size_t m_place = reply.size();

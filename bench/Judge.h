@@ -13,7 +13,7 @@ class Judge {
     /// For what must not happen at all: `what` when it did, or nothing.
     std::string never(bool happened, const std::string& what);
 
-    bool allMet() const { return m_allMet; }
+    [[nodiscard]] bool allMet() const { return m_allMet; }
 
  private:
     std::string tell(bool met, double aim);

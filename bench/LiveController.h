@@ -13,7 +13,7 @@ class LiveController {
     std::string answer(std::string_view line);
 
     /// Passes of the poll so far; each begins with the current.
-    long passes() const { return m_passes; }
+    [[nodiscard]] long passes() const { return m_passes; }
 
  private:
     std::string value(std::string_view asked) const;

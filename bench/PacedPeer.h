@@ -38,7 +38,9 @@ class PacedPeer {
     void requestWritten() { m_writtenAt = Clock::now().time_since_epoch().count(); }
 
     /// For how long bytes have been on the wire so far, either way.
-    std::chrono::nanoseconds wireBusy() const { return std::chrono::nanoseconds(m_wireBusy); }
+    [[nodiscard]] std::chrono::nanoseconds wireBusy() const {
+        return std::chrono::nanoseconds(m_wireBusy);
+    }
 
     /// By how much the last byte of each reply left later than its time, since the last call: the
     /// test bed's share of what the client measures.

@@ -14,7 +14,7 @@ class TimedPort : public Port {
         return m_port.open(number, baudRate);
     }
     void close() override { m_port.close(); }
-    bool isOpen() const override { return m_port.isOpen(); }
+    [[nodiscard]] bool isOpen() const override { return m_port.isOpen(); }
     bool write(std::string_view bytes) override {
         m_peer.requestComing();
         const bool written = m_port.write(bytes);
@@ -25,7 +25,7 @@ class TimedPort : public Port {
     PortInput waitForInput(std::chrono::milliseconds time) override {
         return m_port.waitForInput(time);
     }
-    std::string errorText() const override { return m_port.errorText(); }
+    [[nodiscard]] std::string errorText() const override { return m_port.errorText(); }
 
  private:
     PacedPeer& m_peer;

@@ -8,6 +8,7 @@
 #include "ctl/LineEntry.h"
 #include "ctl/SystemConsole.h"
 #include "platform/SignalPipe.h"
+
 namespace zlt::ctl {
 
 bool isTerminal(Stream stream) {
@@ -19,7 +20,7 @@ SystemConsole::SystemConsole() : m_signals(catchSignals({SIGTERM, SIGHUP, SIGINT
 }
 
 int SystemConsole::signalCaught() {
-    char number = 0;
+    unsigned char number = 0;
     if (m_caught == 0 && m_signals >= 0 && read(m_signals, &number, 1) == 1)
         m_caught = number;
     return m_caught;
@@ -28,8 +29,8 @@ int SystemConsole::signalCaught() {
 void SystemConsole::pause(std::chrono::milliseconds time) {
     if (signalCaught() != 0)
         return;
-    pollfd signals{m_signals, POLLIN, 0};
-    poll(&signals, 1, static_cast<int>(time.count()));
+    pollfd caught{m_signals, POLLIN, 0};
+    poll(&caught, 1, static_cast<int>(time.count()));
 }
 
 bool SystemConsole::waitForInput() {

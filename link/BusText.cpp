@@ -27,7 +27,7 @@ std::string shownByte(unsigned char byte) {
 
 template <std::size_t room>
 std::string shownKept(const KeptBytes<room>& kept) {
-    const std::string front = shownBytes(kept.bytes());
+    std::string front = shownBytes(kept.bytes());
     if (kept.leftOut() == 0)
         return front;
     return front + "\xE2\x80\xA6 (" + std::to_string(kept.leftOut()) + " more)";

@@ -1,6 +1,6 @@
 # The tools that ./check runs. Sourced by it, in the root.
 
-check_folder=$root/build/check
+check_folder=$root/build/release-clang
 
 sources() { git ls-files -- "$@"; }
 
@@ -36,16 +36,16 @@ lint_with_cppcheck() {
         --inline-suppr --suppressions-list=lint/cppcheck.supp --error-exitcode=1
 }
 
-# clang-tidy runs beside the compiler, so what was clean is not looked at again until a file, a header
-# or an option changes; the checks are no part of the command. With each file by itself, as by
-# run-clang-tidy, it would take four times as long: most of the time goes into Qt's headers.
+# The release by clang, with clang-tidy beside the compiler: what was clean is not looked at again until
+# a file, a header or an option changes; the checks are no part of the command. With each file by
+# itself, as by run-clang-tidy, it would take four times as long, most of it in Qt's headers.
 tidy() {
-    cmake --preset check >/dev/null
+    cmake --preset release-clang >/dev/null
     if ! cmp -s .clang-tidy "$check_folder/checks"; then
-        cmake --build --preset check --target clean >/dev/null
+        cmake --build --preset release-clang --target clean >/dev/null
         cp .clang-tidy "$check_folder/checks"
     fi
-    cmake --build --preset check -- -k 0 --quiet
+    cmake --build --preset release-clang -- -k 0 --quiet
 }
 
 # The whole test suite, but for the folder as installed, which is no program of tests.

@@ -8,7 +8,7 @@
 namespace zlt {
 namespace {
 
-constexpr std::uint8_t curves =
+constexpr std::uint8_t curvesKnown =
     TrendSample::positionKnown | TrendSample::encoderKnown | TrendSample::currentKnown;
 
 /// What a series needs to be known.
@@ -92,7 +92,7 @@ TrendStates TrendSample::states() const {
 
 TrendSummary TrendSummary::of(const TrendSample& sample) {
     TrendSummary one;
-    one.known = sample.known & curves;
+    one.known = sample.known & curvesKnown;
     const auto range = [&one](TrendSeries series) -> TrendRange& {
         return one.ranges[static_cast<std::size_t>(series)];
     };

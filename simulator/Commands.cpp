@@ -27,18 +27,14 @@ Commands::Answer Commands::execute(Controller& controller, std::string_view comm
 }
 
 Commands::Answer Commands::plain(Controller& controller, std::string_view command) {
-    for (std::size_t i = 0; i < plainCount; ++i) {
-        if (plainTable[i].text == command) {
-            return controller.m_firmware >= plainTable[i].firmware ? plainTable[i].act(controller)
-                                                                   : Answer{};
-        }
-    }
+    for (const Plain& row : plainRows())
+        if (row.text == command)
+            return controller.m_firmware >= row.firmware ? row.act(controller) : Answer{};
     return {};
 }
 
 Commands::Answer Commands::numbered(Controller& controller, std::string_view command) {
-    for (std::size_t i = 0; i < numberedCount; ++i) {
-        const Numbered& row = numberedTable[i];
+    for (const Numbered& row : numberedRows()) {
         if (!command.starts_with(row.text) || controller.m_firmware < row.firmware)
             continue;
         const auto value = wholeNumber(command.substr(row.text.size()));

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -63,10 +63,8 @@ struct Commands {
     static Answer store(Controller& controller);
     static Answer clearProgram(Controller& controller);
 
-    static const Plain plainTable[];
-    static const std::size_t plainCount;
-    static const Numbered numberedTable[];
-    static const std::size_t numberedCount;
+    static std::span<const Plain> plainRows();
+    static std::span<const Numbered> numberedRows();
 };
 
 /// A decimal whole number of 32 bits with an optional sign and nothing else; nothing otherwise.

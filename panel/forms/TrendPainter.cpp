@@ -132,8 +132,10 @@ void TrendPainter::paintValueAxis(const QRect& plot, const TrendScale& scale) {
         std::max(static_cast<int>(plot.height() / (textPerStep * metrics.height())), 2);
     const double step = trendStep(scale.range(), most);
     const QColor grid = trendGridColour(m_palette);
-    for (double value = std::ceil(scale.low / step) * step; value <= scale.high + step / 1000;
-         value += step) {
+    const auto first = std::llround(std::ceil(scale.low / step));
+    const auto last = std::llround(std::floor(scale.high / step + 1e-3));
+    for (auto line = first; line <= last; ++line) {
+        const double value = static_cast<double>(line) * step;
         const int y =
             plot.bottom() - static_cast<int>(std::lround(scale.place(value) * (plot.height() - 1)));
         m_painter.fillRect(plot.left(), y, plot.width(), 1, grid);
@@ -208,7 +210,7 @@ void TrendPainter::paintBand() {
     for (std::size_t lane = 0; lane < trendLanes.size(); ++lane) {
         const int top = toPixels(band.top() + static_cast<int>(lane) * m_layout.laneHeight + 1);
         for (int begin = 0, end = 0; begin < m_cut.count; begin = end) {
-            const auto stateAt = [&](int column) {
+            const auto stateAt = [&](int column) -> unsigned {
                 return states[static_cast<std::size_t>(column)] & trendLanes[lane].states;
             };
             while (end < m_cut.count && stateAt(end) == stateAt(begin))

@@ -130,7 +130,8 @@ void CodeEditor::keyPressEvent(QKeyEvent* event) {
                       (event->key() == Qt::Key_Tab && event->modifiers() & Qt::ShiftModifier);
     const bool tab = back || event->key() == Qt::Key_Tab;
     if (tab && event->modifiers() & Qt::ControlModifier)
-        QWidget::focusNextPrevChild(!back);
+        // Past the base class, whose own keeps the focus while the text may be edited.
+        QWidget::focusNextPrevChild(!back);  // NOLINT(bugprone-parent-virtual-call)
     else if (event->matches(QKeySequence::InsertParagraphSeparator))
         breakLine();
     else if (!tab || !moveByTab(back))

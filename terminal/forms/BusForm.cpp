@@ -18,7 +18,7 @@
 namespace zlt {
 namespace {
 
-constexpr std::chrono::milliseconds refreshInterval{200};
+constexpr std::chrono::milliseconds listingInterval{200};
 constexpr int usualHeight = 420;
 
 QString counted(std::size_t exchanges) {
@@ -33,7 +33,7 @@ BusForm::BusForm(const Services& world, QWidget& owner, std::shared_ptr<WindowPl
       m_listing(*services().busLog) {
     m_ui->setupUi(this);
     m_refreshTimer.setObjectName(QStringLiteral("refreshTimer"));
-    m_refreshTimer.setInterval(refreshInterval);
+    m_refreshTimer.setInterval(listingInterval);
     setUpTable();
     applyScreenRules();
     connectHandlers();
@@ -97,7 +97,7 @@ void BusForm::hideEvent(QHideEvent* event) {
 std::chrono::milliseconds BusForm::refreshTimer_Timer() {
     if (!isMinimized())
         refresh();
-    return refreshInterval;
+    return listingInterval;
 }
 
 void BusForm::refresh() {

@@ -298,7 +298,7 @@ TEST_F(ZltctlCommand, LeavesAnIdThatIsTaken) {
     EXPECT_EQ(sent(), "DN|VER|DN");
     taken = false;
     EXPECT_EQ(run("parameters write set.par --new-id 05"), 1) << "nobody has said yes";
-    EXPECT_EQ(sent().find("="), std::string::npos);
+    EXPECT_EQ(sent().find('='), std::string::npos);
     EXPECT_EQ(run("parameters write set.par --new-id 05 --yes"), 0) << errors.str();
     EXPECT_NE(sent().find("|DN=ZLD05|"), std::string::npos);
 }

@@ -30,9 +30,9 @@ class PlayedPort final : public Port {
     }
     bool open(PortNumber, std::string_view) override { return true; }
     void close() override {}
-    bool isOpen() const override { return true; }
+    [[nodiscard]] bool isOpen() const override { return true; }
     bool write(std::string_view) override { return true; }
-    std::string errorText() const override { return {}; }
+    [[nodiscard]] std::string errorText() const override { return {}; }
 
     PortInput read(char& character) override {
         ZLT_CHECK(!wasLost);
@@ -50,7 +50,7 @@ class PlayedPort final : public Port {
     PortInput waitForInput(std::chrono::milliseconds) override {
         return ++m_waits % 3 == 0 ? PortInput::character : PortInput::nothing;  // a wait may lie
     }
-    bool atEnd() const { return m_place == m_play.size(); }
+    [[nodiscard]] bool atEnd() const { return m_place == m_play.size(); }
 
     std::string given;
     int emptyReads = 0, longestSilence = 0;

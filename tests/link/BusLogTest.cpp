@@ -34,7 +34,7 @@ struct LoggedWorld : World {
         services.busLog = std::make_shared<BusLog>([this] { return clock.look(); });
     }
     /// All that is kept, a line each: asker, device, command, reply, milliseconds, result.
-    std::string logged() const {
+    [[nodiscard]] std::string logged() const {
         std::string lines;
         services.busLog->visitAfter(0, true, [&](const BusRecord& record) {
             for (const BusColumn column :
@@ -48,8 +48,8 @@ struct LoggedWorld : World {
     Ticking clock;
 };
 
-struct Linked : LoggedWorld {
-    explicit Linked(const Flavour& flavour) : link(services, flavour, nullptr) {
+struct LoggedLink : LoggedWorld {
+    explicit LoggedLink(const Flavour& flavour) : link(services, flavour, nullptr) {
         link.connection = {{3}, "9600", "01"};
         link.openPort();
         link.setPortReady(true);
@@ -62,7 +62,7 @@ struct Linked : LoggedWorld {
 TEST(BusLog, KeepsEveryKindOfExchangeAsItWasOnTheBus) {
     for (const Flavour* flavour :
          {&flavours::controlPanel, &flavours::parameterSetup, &flavours::secondThread}) {
-        Linked world(*flavour);
+        LoggedLink world(*flavour);
         world.bus.replies = {{"PX", "#01-12"}, {"ID", "\x01<\xE9\x9F"}};
         world.bus.silentAt = "EX";
         world.link.SendReceive("PX");
@@ -93,7 +93,7 @@ TEST(BusLog, KeepsEveryKindOfExchangeAsItWasOnTheBus) {
 
 TEST(BusLog, MarksALostPortWhereverItIsMet) {
     for (const bool atWrite : {true, false}) {
-        Linked world(flavours::terminal);
+        LoggedLink world(flavours::terminal);
         (atWrite ? world.bus.losesAtWriteOf : world.bus.losesAtReadOf) = "PX";
         world.bus.silent = true;
         world.link.SendReceive("PX");
@@ -158,7 +158,7 @@ TEST(BusLog, NeverLetsThePollPushOutWhatTheOperatorDid) {
 }
 
 TEST(BusLog, IsToldAsATableInWhichNothingIsCutInSilence) {
-    Linked world(flavours::controlPanel);
+    LoggedLink world(flavours::controlPanel);
     world.bus.replies = {{"PX", "#01-12"}, {"V1", std::string(100, 'A')}};
     world.link.SendReceive("PX");
     world.link.SendReceive("V1");

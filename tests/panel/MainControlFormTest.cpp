@@ -256,12 +256,12 @@ TEST_F(MainControlFormTest, EndsTheProgramWhenThePortIsLost) {
     EXPECT_EQ(programEnd.exitCode(), 1);
     EXPECT_FALSE(form.isVisible());
 
-    Panel loading;
-    loading.bus.losesAtWriteOf = "HSPD";
-    loading.gate.expectMessageWith("Communication Error!");
-    loading.gate.expectMessage(std::string(portNotAvailable));
-    EXPECT_THROW(loading.open(), ProgramEnd::Unwind);
-    EXPECT_EQ(loading.programEnd.exitCode(), 1);
+    Panel unopened;
+    unopened.bus.losesAtWriteOf = "HSPD";
+    unopened.gate.expectMessageWith("Communication Error!");
+    unopened.gate.expectMessage(std::string(portNotAvailable));
+    EXPECT_THROW(unopened.open(), ProgramEnd::Unwind);
+    EXPECT_EQ(unopened.programEnd.exitCode(), 1);
 }
 
 TEST_F(MainControlFormTest, DemoStepsAfterTheReadsOfEachTick) {

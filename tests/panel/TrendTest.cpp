@@ -34,8 +34,8 @@ struct Fed {
         record.add(reading(start + passes++ * 10ms, std::to_string(position), "0", status));
     }
     /// From `from` on, cut into columns.
-    std::vector<TrendPiece> pieces(std::chrono::nanoseconds from, std::chrono::nanoseconds column,
-                                   int count) const {
+    [[nodiscard]] std::vector<TrendPiece> pieces(std::chrono::nanoseconds from,
+                                                 std::chrono::nanoseconds column, int count) const {
         return trendPieces(record, {start + from, column, count});
     }
 

@@ -26,7 +26,7 @@ class ScriptedPort : public Port {
         m_bus.portsOpen -= m_open;
         m_open = false;
     }
-    bool isOpen() const override { return m_open; }
+    [[nodiscard]] bool isOpen() const override { return m_open; }
 
     bool write(std::string_view bytes) override {
         const std::string request(bytes.substr(0, bytes.size() - 1));
@@ -58,8 +58,10 @@ class ScriptedPort : public Port {
             m_bus.m_input.pop_front();
         return PortInput::nothing;
     }
-    bool numberStillMeant(PortNumber) const override { return !m_bus.numberMeansAnother; }
-    std::string errorText() const override { return "Input/output error"; }
+    [[nodiscard]] bool numberStillMeant(PortNumber) const override {
+        return !m_bus.numberMeansAnother;
+    }
+    [[nodiscard]] std::string errorText() const override { return "Input/output error"; }
 
  private:
     ScriptedBus& m_bus;

@@ -120,7 +120,7 @@ class EndBySignalTest : public ::testing::Test {
         EXPECT_EQ(panel.exitCode(), 128 + number);
         EXPECT_FALSE(std::filesystem::exists(lockFile()));
     }
-    std::string lockFile() const {
+    [[nodiscard]] std::string lockFile() const {
         return "/var/lock/LCK..pts_" +
                std::filesystem::path(simulator.device()).filename().string();
     }

@@ -51,7 +51,7 @@ class PortFaultsTest : public StartUpWorld {
     }
 
     /// The one that programs of this kind agree on.
-    std::string lockFile() const {
+    [[nodiscard]] std::string lockFile() const {
         const auto name = std::filesystem::path(simulator.device()).filename().string();
         return "/var/lock/LCK..pts_" + name;
     }
