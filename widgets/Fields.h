@@ -6,11 +6,21 @@
 #include <QLineEdit>
 #include <QString>
 #include <QWidget>
+#include <memory>
 #include <string_view>
 
 #include "link/Values.h"
 
 namespace zlt {
+
+/// The controls of a form or frame as its .ui has them, made and placed: for members that need
+/// them.
+template <class Controls, class Form>
+std::unique_ptr<Controls> controlsOf(Form& form) {
+    auto controls = std::make_unique<Controls>();
+    controls->setupUi(&form);
+    return controls;
+}
 
 /// A field that is wide enough for any number of the controller's, -2147483648 included.
 class NumberField : public QLineEdit {

@@ -16,16 +16,12 @@ void showText(ElidingLabel& label, const QString& text) {
 
 }  // namespace
 
-LinkFrame::LinkFrame(QWidget* parent) : QFrame(parent), m_ui(std::make_unique<Ui::LinkFrame>()) {
+LinkFrame::LinkFrame(Handlers& handlers, const Services& services, PanelSession& session,
+                     const std::function<void()>& close, QWidget* parent)
+    : QFrame(parent), m_ui(std::make_unique<Ui::LinkFrame>()) {
     m_ui->setupUi(this);
     addDeviceIds(*m_ui->SelectedDeviceID);
     m_ui->portRemark->hide();
-}
-
-LinkFrame::~LinkFrame() = default;
-
-void LinkFrame::connectTo(Handlers& handlers, const Services& services, PanelSession& session,
-                          const std::function<void()>& close) {
     connect(m_ui->SelectedDeviceID, &QComboBox::activated, this, [&, this](int index) {
         const QString chosen = m_ui->SelectedDeviceID->itemText(index);
         handlers.run([&] { session.switchDevice(wireText(chosen)); });
@@ -34,6 +30,8 @@ void LinkFrame::connectTo(Handlers& handlers, const Services& services, PanelSes
     handlers.onClick(*m_ui->Help, [&](bool) { services.help.openContents(helpFile); });
     handlers.onClick(*m_ui->Command2, [close](bool) { close(); });
 }
+
+LinkFrame::~LinkFrame() = default;
 
 void LinkFrame::showState(const PanelState& state) {
     showLink(state.link);

@@ -19,13 +19,11 @@ class LinkFrame : public QFrame {
     Q_OBJECT
 
  public:
-    explicit LinkFrame(QWidget* parent = nullptr);
+    /// `close` closes the panel. `services` and `session` are used as long as the controls are
+    /// worked.
+    LinkFrame(Handlers& handlers, const Services& services, PanelSession& session,
+              const std::function<void()>& close, QWidget* parent);
     ~LinkFrame() override;
-
-    /// Connects the controls to the rules; `close` closes the panel. `services` and `session` are
-    /// used as long as the controls are worked.
-    void connectTo(Handlers& handlers, const Services& services, PanelSession& session,
-                   const std::function<void()>& close);
 
     void showState(const PanelState& state);
 

@@ -3,18 +3,28 @@
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QShowEvent>
-#include <QToolTip>
+#include <QVBoxLayout>
 #include <chrono>
+#include <initializer_list>
 #include <utility>
 
+#include "panel/forms/LinkFrame.h"
+#include "panel/forms/MotionFrame.h"
+#include "panel/forms/OutputsFrame.h"
+#include "panel/forms/ScreensFrame.h"
+#include "panel/forms/StatusFrame.h"
+#include "panel/forms/StopFrame.h"
 #include "panel/forms/TrendForm.h"
 #include "parameters/forms/SetupParameters.h"
+#include "programs/forms/ProgramFrame.h"
+#include "programs/forms/RunControlFrame.h"
 #include "programs/forms/XThreadForm.h"
 #include "terminal/forms/BusForm.h"
 #include "terminal/forms/TerminalForm.h"
+#include "terminal/forms/TerminalFrame.h"
 #include "terminal/forms/VariableForm.h"
-#include "ui_MainControlForm.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -23,10 +33,16 @@ namespace {
 constexpr std::chrono::milliseconds pollInterval{10};
 constexpr std::chrono::milliseconds pollRest{200};
 
-std::unique_ptr<Ui::MainControlForm> makeControls(QDialog& form) {
-    auto controls = std::make_unique<Ui::MainControlForm>();
-    controls->setupUi(&form);
-    return controls;
+constexpr int margin = 12;
+constexpr int frameSpacing = 8;
+
+/// Frames below each other.
+QVBoxLayout* makeColumn(std::initializer_list<QWidget*> frames) {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(frameSpacing);
+    for (QWidget* frame : frames)
+        column->addWidget(frame);
+    return column;
 }
 
 }  // namespace
@@ -35,27 +51,70 @@ MainControlForm::MainControlForm(const Services& world, ProgramDraft& draft, QWi
                                  std::shared_ptr<DeviceNotes> notes,
                                  std::shared_ptr<WindowPlaces> places)
     : Screen(world, parent),
-      m_ui(makeControls(*this)),
       m_session(services(), *this),
       m_motion(m_session.link, [this] { m_session.endDemo(); }),
       m_outputs(services(), m_session.link, [this] { m_session.endDemo(); }),
+      m_linkFrame(new LinkFrame(
+          handlers, services(), m_session, [this] { Command2_Click(); }, this)),
+      m_statusFrame(new StatusFrame(handlers, m_motion, this)),
+      m_outputsFrame(new OutputsFrame(handlers, m_outputs, this)),
+      m_screensFrame(
+          new ScreensFrame(handlers,
+                           {.setup = [this] { Setup_Click(); },
+                            .terminal = [this] { showOverPanel<TerminalForm>(m_terminalHistory); },
+                            .variables = [this] { showOverPanel<VariableForm>(); },
+                            .trend = [this] { Trend_Click(); },
+                            .bus = [this] { Bus_Click(); },
+                            .copyState = [this] { CopyState_Click(); }},
+                           this)),
+      m_stopFrame(new StopFrame(this)),
+      m_motionFrame(new MotionFrame(handlers, m_session, m_motion, m_outputs, this)),
+      m_programFrame(new ProgramFrame(handlers, services(), m_session.link, draft,
+                                      {.stop = fieldStop(&MotionCommands::abort),
+                                       .poll = [this] { return pollUnderEditor(); },
+                                       .rest = [this] { m_session.holdOff(); }},
+                                      this)),
+      m_runControlFrame(new RunControlFrame(
+          handlers, m_session.link,
+          [this](std::string_view command) { sendMotionCommand(command); },
+          [this] { XThread_Click(); }, this)),
+      m_terminalFrame(new TerminalFrame(handlers, m_session.link, this)),
       m_places(std::move(places)) {
+    setObjectName(QStringLiteral("MainControlForm"));
+    setWindowTitle(QStringLiteral("ZLT-R-NX-42"));
     m_session.link.notes = std::move(notes);
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setTimerType(Qt::PreciseTimer);
     m_timer1.setInterval(pollInterval);
+    handlers.onTick(m_timer1, [this] { return Timer1_Timer(); });
+    connectStop(m_stopFrame->stop(), fieldStop(&MotionCommands::stop), StopKey::none);
+    connectStop(m_stopFrame->abort(), fieldStop(&MotionCommands::abort), StopKey::f12);
+    placeFrames();
     applyScreenRules();
-    connectControls(draft);
 }
 
 MainControlForm::~MainControlForm() = default;
 
+/// The strip on top; reading on the left, moving in the middle, the program on the right.
+void MainControlForm::placeFrames() {
+    auto* left = makeColumn({m_statusFrame, m_outputsFrame, m_screensFrame});
+    left->insertStretch(2, 1);
+    left->setStretchFactor(m_statusFrame, 1);
+    auto* right = makeColumn({m_programFrame, m_runControlFrame, m_terminalFrame});
+    right->setStretchFactor(m_programFrame, 1);
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(margin);
+    columns->addLayout(left, 2);
+    columns->addLayout(makeColumn({m_stopFrame, m_motionFrame}));
+    columns->addLayout(right, 3);
+    auto* rows = makeColumn({m_linkFrame});
+    rows->setContentsMargins(margin, margin, margin, margin);
+    rows->addLayout(columns);
+    setLayout(rows);
+}
+
 void MainControlForm::showDeviceNote() {
-    const DeviceNote& note = m_session.link.notes->of(connection());
-    const std::string pending = pendingText(note);
-    m_ui->notStored->setHidden(note.unstored.empty());
-    m_ui->pendingNote->setHidden(pending.empty());
-    m_ui->pendingNote->setText(tr("from the next power-up: %1").arg(shownText(pending)));
+    m_screensFrame->showDeviceNote(m_session.link.notes->of(connection()));
 }
 
 template <class Form, class... Own>
@@ -70,43 +129,21 @@ void MainControlForm::showOverPanel(Own&... own) {
     });
 }
 
-void MainControlForm::connectControls(ProgramDraft& draft) {
-    handlers.onTick(m_timer1, [this] { return Timer1_Timer(); });
-    m_ui->linkFrame->connectTo(handlers, services(), m_session, [this] { Command2_Click(); });
-    m_ui->statusFrame->connectTo(handlers, m_motion);
-    m_ui->motionFrame->connectTo(handlers, m_session, m_motion, m_outputs);
-    m_ui->outputsFrame->connectTo(handlers, m_outputs);
-    const auto sendMotion = [this](std::string_view command) {
-        m_ui->motionFrame->withFields(
-            [&](MotionFields& fields) { m_motion.SendMotionCommand(fields, command); });
+void MainControlForm::sendMotionCommand(std::string_view command) {
+    m_motionFrame->withFields(
+        [&](MotionFields& fields) { m_motion.SendMotionCommand(fields, command); });
+}
+
+std::function<void()> MainControlForm::fieldStop(void (MotionCommands::*stop)(MotionFields&)) {
+    return [this, stop] {
+        m_motionFrame->withFields([&](MotionFields& fields) { (m_motion.*stop)(fields); });
     };
-    m_ui->runControlFrame->connectTo(handlers, m_session.link, sendMotion,
-                                     [this] { XThread_Click(); });
-    m_ui->terminalFrame->connectTo(handlers, m_session.link);
-    const auto fieldStop = [this](void (MotionCommands::*stop)(MotionFields&)) {
-        return [this, stop] {
-            m_ui->motionFrame->withFields([&](MotionFields& fields) { (m_motion.*stop)(fields); });
-        };
-    };
-    connectStop(m_ui->stopFrame->stop(), fieldStop(&MotionCommands::stop), StopKey::none);
-    connectStop(m_ui->stopFrame->abort(), fieldStop(&MotionCommands::abort), StopKey::f12);
-    m_ui->programFrame->connectTo(handlers, services(), m_session.link, draft,
-                                  {.stop = fieldStop(&MotionCommands::abort),
-                                   .poll = [this] { return pollUnderEditor(); },
-                                   .rest = [this] { m_session.holdOff(); }});
-    handlers.onClick(*m_ui->Setup, [this](bool) { Setup_Click(); });
-    handlers.onClick(*m_ui->ManualTerminal,
-                     [this](bool) { showOverPanel<TerminalForm>(m_terminalHistory); });
-    handlers.onClick(*m_ui->Variable, [this](bool) { showOverPanel<VariableForm>(); });
-    handlers.onClick(*m_ui->Trend, [this](bool) { Trend_Click(); });
-    handlers.onClick(*m_ui->Bus, [this](bool) { Bus_Click(); });
-    handlers.onClick(*m_ui->CopyState, [this](bool) { CopyState_Click(); });
 }
 
 void MainControlForm::Form_Load(const Connection& connection) {
     handlers.runWithinCaller([&] {
         const BusyCursor busy;
-        m_ui->terminalFrame->showDevice(connection.deviceId);
+        m_terminalFrame->showDevice(connection.deviceId);
         m_trend.startDevice(connection.deviceId);
         if (m_session.load(connection))
             m_timer1.start();
@@ -119,9 +156,9 @@ void MainControlForm::showEvent(QShowEvent* event) {
     if (event->spontaneous())
         return;  // back from the task bar: the cursor stays where it was
     if (m_startsInProgram)
-        m_ui->programFrame->focusProgram();
+        m_programFrame->focusProgram();
     else
-        m_ui->motionFrame->focusSpeed();
+        m_motionFrame->focusSpeed();
 }
 
 std::chrono::milliseconds MainControlForm::Timer1_Timer() {
@@ -149,7 +186,7 @@ void MainControlForm::Command2_Click() {
 
 void MainControlForm::Setup_Click() {
     showOverPanel<SetupParameters>();
-    m_ui->runControlFrame->forgetRunOnBoot();  // that screen may have set it anew
+    m_runControlFrame->forgetRunOnBoot();  // that screen may have set it anew
     showDeviceNote();
 }
 
@@ -185,9 +222,6 @@ void MainControlForm::CopyState_Click() {
                                         .exchanges = log.last(exchanges, true),
                                         .exchangesButPoll = log.last(exchanges, false)});
     QGuiApplication::clipboard()->setText(fromUtf8(text));
-    QToolTip::showText(m_ui->CopyState->mapToGlobal(QPoint(0, m_ui->CopyState->height())),
-                       tr("The state is on the clipboard: paste it into a mail or a file."),
-                       m_ui->CopyState);
 }
 
 // What the rules show, passed on to the frames that show it
@@ -201,64 +235,64 @@ void MainControlForm::showState(const PanelState& state) {
         m_readOuts.note("Product", state.id, now);
     if (before.version != state.version && state.version != unknownText)
         m_readOuts.note("Firmware", state.version, now);
-    m_ui->linkFrame->showState(state);
-    m_ui->statusFrame->showState(state);
-    m_ui->motionFrame->showState(state);
-    m_ui->outputsFrame->showState(state);
-    m_ui->stopFrame->showState(state);
-    m_ui->terminalFrame->showLive(state.live);
+    m_linkFrame->showState(state);
+    m_statusFrame->showState(state);
+    m_motionFrame->showState(state);
+    m_outputsFrame->showState(state);
+    m_stopFrame->showState(state);
+    m_terminalFrame->showLive(state.live);
     showDeviceNote();
     if (!state.live) {
         m_trend.breakOff();
-        m_ui->programFrame->hideProgress();
+        m_programFrame->hideProgress();
     }
     if (m_trendForm)
         m_trendForm->showDevice(state.device);
     if (state.loadedFirmware)
-        m_ui->runControlFrame->gateFeatures(*state.loadedFirmware);
+        m_runControlFrame->gateFeatures(*state.loadedFirmware);
     if (before.live && !state.live)
         repaint();
     else if (before.link != state.link)
-        m_ui->linkFrame->repaint();
+        m_linkFrame->repaint();
 }
 
 void MainControlForm::showReading(const AxisReading& reading) {
     if (m_session.link.CommOK())  // or the zeros of a time-out would pass for values
         m_readOuts.note(reading, services().busLog->now().steady);
-    m_ui->statusFrame->showReading(reading);
-    m_ui->motionFrame->showReading(reading);
-    m_ui->outputsFrame->showReading(reading);
+    m_statusFrame->showReading(reading);
+    m_motionFrame->showReading(reading);
+    m_outputsFrame->showReading(reading);
     const bool whole = m_session.link.CommOK();
     // After a time-out the zeros are no values, and what came later may be another command's.
     if (whole)
         m_trend.add(reading);
     if (whole && reading.program)
-        m_ui->programFrame->showProgress(reading.program->line, reading.program->state);
+        m_programFrame->showProgress(reading.program->line, reading.program->state);
     else
-        m_ui->programFrame->hideProgress();
+        m_programFrame->hideProgress();
 }
 
 void MainControlForm::fillSettings(std::string_view speed, std::string_view acceleration) {
-    m_ui->motionFrame->fillSettings(speed, acceleration);
+    m_motionFrame->fillSettings(speed, acceleration);
 }
 
 void MainControlForm::resetSync() {
-    m_ui->outputsFrame->resetSync();
+    m_outputsFrame->resetSync();
 }
 
 void MainControlForm::deviceSwitched(std::string_view before, std::string_view now) {
     m_readOuts.clear();
-    m_ui->outputsFrame->clearMarks();
-    m_ui->motionFrame->clearMarks();
-    m_ui->runControlFrame->forgetRunOnBoot();
-    m_ui->terminalFrame->followDevice(before, now);
+    m_outputsFrame->clearMarks();
+    m_motionFrame->clearMarks();
+    m_runControlFrame->forgetRunOnBoot();
+    m_terminalFrame->followDevice(before, now);
     m_trend.startDevice(std::string(now));
 }
 
 void MainControlForm::forgetProgram() {
-    m_ui->programFrame->forgetController();
-    m_ui->statusFrame->forgetProgram();
-    m_ui->outputsFrame->forgetProgram();
+    m_programFrame->forgetController();
+    m_statusFrame->forgetProgram();
+    m_outputsFrame->forgetProgram();
 }
 
 }  // namespace zlt

@@ -2,6 +2,7 @@
 
 #include <QTimer>
 #include <chrono>
+#include <functional>
 #include <memory>
 
 #include "panel/MotionCommands.h"
@@ -13,14 +14,19 @@
 #include "widgets/Screen.h"
 #include "widgets/SideScreen.h"
 
-namespace Ui {
-class MainControlForm;
-}
-
 namespace zlt {
 
 class BusForm;
+class LinkFrame;
+class MotionFrame;
+class OutputsFrame;
 class ProgramDraft;
+class ProgramFrame;
+class RunControlFrame;
+class ScreensFrame;
+class StatusFrame;
+class StopFrame;
+class TerminalFrame;
 class TrendForm;
 
 /// The control panel: places the frames, owns the poll, and passes on between the operator
@@ -72,7 +78,10 @@ class MainControlForm : public Screen, private PanelView {
     /// What the controller has accepted and not in use yet, or not stored.
     void showDeviceNote();
 
-    void connectControls(ProgramDraft& draft);
+    /// A stop with what stands in the boxes.
+    std::function<void()> fieldStop(void (MotionCommands::*stop)(MotionFields&));
+    void sendMotionCommand(std::string_view command);
+    void placeFrames();
 
     void showState(const PanelState& state) override;
     void showReading(const AxisReading& reading) override;
@@ -81,11 +90,20 @@ class MainControlForm : public Screen, private PanelView {
     void deviceSwitched(std::string_view before, std::string_view now) override;
     void forgetProgram() override;
 
-    std::unique_ptr<Ui::MainControlForm> m_ui;
     PanelState m_shown;
     PanelSession m_session;
     MotionCommands m_motion;
     OutputCommands m_outputs;
+    // The frames, in the order of the tab key.
+    LinkFrame* m_linkFrame;
+    StatusFrame* m_statusFrame;
+    OutputsFrame* m_outputsFrame;
+    ScreensFrame* m_screensFrame;
+    StopFrame* m_stopFrame;
+    MotionFrame* m_motionFrame;
+    ProgramFrame* m_programFrame;
+    RunControlFrame* m_runControlFrame;
+    TerminalFrame* m_terminalFrame;
     ReadOuts m_readOuts;
     CommandHistory m_terminalHistory;
     std::unique_ptr<BusForm> m_bus;  ///< once it has been opened

@@ -17,9 +17,13 @@ void fill(QLineEdit& field, std::string_view utf8) {
 
 }  // namespace
 
-MotionFrame::MotionFrame(QWidget* parent)
+MotionFrame::MotionFrame(Handlers& handlers, PanelSession& session, MotionCommands& motion,
+                         OutputCommands& outputs, QWidget* parent)
     : QGroupBox(parent), m_ui(std::make_unique<Ui::MotionFrame>()) {
     m_ui->setupUi(this);
+    connectMotion(handlers, motion);
+    connectOutputs(handlers, session, outputs);
+    handlers.onClick(*m_ui->Command5, [&](bool) { session.toggleDemo(); });
 }
 
 MotionFrame::~MotionFrame() = default;
@@ -49,13 +53,6 @@ std::array<MotionFrame::CommandButton, 4> MotionFrame::hlHomingButtons() const {
 
 std::array<MotionFrame::CommandButton, 2> MotionFrame::plainButtons() const {
     return {{{m_ui->ABSMode, "ABS"}, {m_ui->INCMode, "INC"}}};
-}
-
-void MotionFrame::connectTo(Handlers& handlers, PanelSession& session, MotionCommands& motion,
-                            OutputCommands& outputs) {
-    connectMotion(handlers, motion);
-    connectOutputs(handlers, session, outputs);
-    handlers.onClick(*m_ui->Command5, [&](bool) { session.toggleDemo(); });
 }
 
 void MotionFrame::connectMotion(Handlers& handlers, MotionCommands& motion) {

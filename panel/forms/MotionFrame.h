@@ -26,13 +26,10 @@ class MotionFrame : public QGroupBox {
     Q_OBJECT
 
  public:
-    explicit MotionFrame(QWidget* parent = nullptr);
+    /// The rules are used as long as the controls are worked.
+    MotionFrame(Handlers& handlers, PanelSession& session, MotionCommands& motion,
+                OutputCommands& outputs, QWidget* parent);
     ~MotionFrame() override;
-
-    /// Connects the buttons and check boxes to the rules, which are used as long as these are
-    /// worked.
-    void connectTo(Handlers& handlers, PanelSession& session, MotionCommands& motion,
-                   OutputCommands& outputs);
 
     /// Runs a command on what stands in the boxes and shows what it fills an empty one with. Puts
     /// the cursor into the box of a BadField, which is passed on.

@@ -6,14 +6,9 @@
 
 namespace zlt {
 
-OutputsFrame::OutputsFrame(QWidget* parent)
+OutputsFrame::OutputsFrame(Handlers& handlers, OutputCommands& outputs, QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::OutputsFrame>()) {
     m_ui->setupUi(this);
-}
-
-OutputsFrame::~OutputsFrame() = default;
-
-void OutputsFrame::connectTo(Handlers& handlers, OutputCommands& outputs) {
     handlers.onClick(*m_ui->DOSet1, [&](bool) { outputs.toggleDigitalOutput(1); });
     handlers.onClick(*m_ui->DOSet2, [&](bool) { outputs.toggleDigitalOutput(2); });
     handlers.onClick(*m_ui->DOSet3, [&](bool) { outputs.toggleDigitalOutput(3); });
@@ -22,6 +17,8 @@ void OutputsFrame::connectTo(Handlers& handlers, OutputCommands& outputs) {
                      [&, this](bool) { m_ui->EnableLatch->setChecked(outputs.toggleLatch()); });
     handlers.onClick(*m_ui->SyncEnable, [&, this](bool on) { switchSync(outputs, on); });
 }
+
+OutputsFrame::~OutputsFrame() = default;
 
 SyncFields OutputsFrame::syncFields() const {
     SyncFields fields{std::nullopt, toUtf8(m_ui->SyncPos->text())};

@@ -19,12 +19,9 @@ class OutputsFrame : public QWidget {
     Q_OBJECT
 
  public:
-    explicit OutputsFrame(QWidget* parent = nullptr);
+    /// The rules are used as long as the controls are worked.
+    OutputsFrame(Handlers& handlers, OutputCommands& outputs, QWidget* parent);
     ~OutputsFrame() override;
-
-    /// Connects the buttons and check boxes to the rules, which are used as long as these are
-    /// worked.
-    void connectTo(Handlers& handlers, OutputCommands& outputs);
 
     void showState(const PanelState& state);
     void showReading(const AxisReading& reading);

@@ -3,16 +3,14 @@
 #include "ui_StatusFrame.h"
 
 namespace zlt {
-StatusFrame::StatusFrame(QWidget* parent)
+
+StatusFrame::StatusFrame(Handlers& handlers, MotionCommands& motion, QWidget* parent)
     : QGroupBox(parent), m_ui(std::make_unique<Ui::StatusFrame>()) {
     m_ui->setupUi(this);
+    handlers.onClick(*m_ui->clear, [&](bool) { motion.send("CLR"); });
 }
 
 StatusFrame::~StatusFrame() = default;
-
-void StatusFrame::connectTo(Handlers& handlers, MotionCommands& motion) {
-    handlers.onClick(*m_ui->clear, [&](bool) { motion.send("CLR"); });
-}
 
 void StatusFrame::showState(const PanelState& state) {
     for (ReadOut* value : findChildren<ReadOut*>())

@@ -19,11 +19,9 @@ class StatusFrame : public QGroupBox {
     Q_OBJECT
 
  public:
-    explicit StatusFrame(QWidget* parent = nullptr);
+    /// The rules are used as long as the controls are worked.
+    StatusFrame(Handlers& handlers, MotionCommands& motion, QWidget* parent);
     ~StatusFrame() override;
-
-    /// Connects the button to the rules, which are used as long as it is worked.
-    void connectTo(Handlers& handlers, MotionCommands& motion);
 
     void showState(const PanelState& state);
     /// Shows what of it is this frame's; a field without a value stays as it stands.

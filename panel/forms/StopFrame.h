@@ -18,7 +18,7 @@ class StopFrame : public QGroupBox {
     Q_OBJECT
 
  public:
-    explicit StopFrame(QWidget* parent = nullptr);
+    explicit StopFrame(QWidget* parent);
     ~StopFrame() override;
 
     /// The ramped stop and the immediate one.

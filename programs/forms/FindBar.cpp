@@ -12,21 +12,26 @@
 
 namespace zlt {
 
-FindBar::FindBar(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<Ui::FindBar>()) {
+FindBar::FindBar(Handlers& handlers, ProgramEditor& box, QWidget* parent)
+    : QWidget(parent), m_ui(std::make_unique<Ui::FindBar>()), m_box(box) {
+    setObjectName(QStringLiteral("findBar"));
     m_ui->setupUi(this);
     setFocusProxy(m_ui->FindText);
+    QWidget* before = &box;
+    for (QWidget* control : std::initializer_list<QWidget*>{
+             m_ui->FindText, m_ui->FindPrevious, m_ui->FindNext, m_ui->matchCase, m_ui->wholeWords,
+             m_ui->ReplaceText, m_ui->Replace, m_ui->ReplaceAll}) {
+        setTabOrder(before, control);
+        before = control;
+    }
     hide();
-}
-
-FindBar::~FindBar() = default;
-
-void FindBar::connectTo(Handlers& handlers, ProgramEditor& box) {
-    m_box = &box;
     handlers.onClick(*m_ui->FindNext, [this](bool) { findNext(); });
     handlers.onClick(*m_ui->FindPrevious, [this](bool) { findPrevious(); });
     handlers.onClick(*m_ui->Replace, [this](bool) { replace(); });
     handlers.onClick(*m_ui->ReplaceAll, [this](bool) { replaceAll(); });
 }
+
+FindBar::~FindBar() = default;
 
 void FindBar::makeShort() {
     for (QWidget* part :
@@ -36,7 +41,7 @@ void FindBar::makeShort() {
 }
 
 void FindBar::open(bool toReplace) {
-    const QString selected = m_box->textCursor().selectedText();
+    const QString selected = m_box.textCursor().selectedText();
     if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator))
         m_ui->FindText->setText(selected);
     m_ui->foundNote->clear();
@@ -47,7 +52,7 @@ void FindBar::open(bool toReplace) {
 
 void FindBar::shut() {
     hide();
-    m_box->setFocus(Qt::OtherFocusReason);
+    m_box.setFocus(Qt::OtherFocusReason);
 }
 
 SearchRule FindBar::rule() const {
@@ -67,9 +72,9 @@ void FindBar::find(bool forwards) {
         open(false);
         return;
     }
-    const QString text = wholeText(*m_box->document());
+    const QString text = wholeText(*m_box.document());
     const auto places = findAll(textView(text), rule());
-    const QTextCursor cursor = m_box->textCursor();
+    const QTextCursor cursor = m_box.textCursor();
     const auto from =
         static_cast<std::size_t>(forwards ? cursor.selectionEnd() : cursor.selectionStart());
     const auto found = forwards ? nextPlace(places, from) : placeBefore(places, from);
@@ -80,20 +85,20 @@ void FindBar::find(bool forwards) {
 }
 
 void FindBar::select(const std::vector<std::size_t>& places, std::size_t index, bool wrapped) {
-    QTextCursor selection(m_box->document());
+    QTextCursor selection(m_box.document());
     const auto begin = static_cast<int>(places[index]);
     selection.setPosition(begin);
     selection.setPosition(begin + static_cast<int>(m_ui->FindText->text().size()),
                           QTextCursor::KeepAnchor);
-    m_box->setTextCursor(selection);
+    m_box.setTextCursor(selection);
     const QString which = tr("%1 of %2").arg(index + 1).arg(places.size());
     m_ui->foundNote->setText(wrapped ? tr("%1, round the end").arg(which) : which);
 }
 
 void FindBar::replace() {
-    const QString text = wholeText(*m_box->document());
+    const QString text = wholeText(*m_box.document());
     const auto places = findAll(textView(text), rule());
-    QTextCursor cursor = m_box->textCursor();
+    QTextCursor cursor = m_box.textCursor();
     const auto begin = static_cast<std::size_t>(cursor.selectionStart());
     const bool onePlace = std::binary_search(places.begin(), places.end(), begin) &&
                           cursor.selectedText().size() == m_ui->FindText->text().size();
@@ -103,11 +108,11 @@ void FindBar::replace() {
 }
 
 void FindBar::replaceAll() {
-    const QString text = wholeText(*m_box->document());
+    const QString text = wholeText(*m_box.document());
     const SearchRule what = rule();
     const auto places = findAll(textView(text), what);
     const QString instead = replacement();
-    QTextCursor cursor(m_box->document());
+    QTextCursor cursor(m_box.document());
     cursor.beginEditBlock();
     // From the end, so that the places before stay where they are.
     for (auto place = places.rbegin(); place != places.rend(); ++place) {

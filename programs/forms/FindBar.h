@@ -20,11 +20,10 @@ class FindBar : public QWidget {
     Q_OBJECT
 
  public:
-    explicit FindBar(QWidget* parent = nullptr);
+    /// Looks in this box, which outlives the bar; its controls come after the box in the tab order.
+    FindBar(Handlers& handlers, ProgramEditor& box, QWidget* parent);
     ~FindBar() override;
 
-    /// Looks in this box, which outlives the bar.
-    void connectTo(Handlers& handlers, ProgramEditor& box);
     /// The short form for a small box: no replacing, no choices.
     void makeShort();
 
@@ -48,7 +47,7 @@ class FindBar : public QWidget {
     [[nodiscard]] QString replacement() const;
 
     std::unique_ptr<Ui::FindBar> m_ui;
-    ProgramEditor* m_box = nullptr;
+    ProgramEditor& m_box;
 };
 
 }  // namespace zlt

@@ -11,8 +11,10 @@
 
 #include "platform/NumberConversion.h"
 #include "programs/forms/FileWatch.h"
+#include "programs/forms/FindBar.h"
 #include "programs/forms/ProgramDraft.h"
 #include "ui_ProgramEditForm2.h"
+#include "widgets/Fields.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -31,25 +33,26 @@ constexpr QSize besideWindow(20, 60);  ///< its frame and title
 ProgramEditForm2::ProgramEditForm2(const Services& world, ProgramActions& actions,
                                    ProgramDraft& draft, PanelBelow below, QWidget* parent)
     : Screen(world, parent),
-      m_ui(std::make_unique<Ui::ProgramEditForm2>()),
       m_actions(actions),
       m_draft(draft),
-      m_below(std::move(below)) {
-    m_ui->setupUi(this);
+      m_below(std::move(below)),
+      m_ui(controlsOf<Ui::ProgramEditForm2>(*this)),
+      m_findBar(*new FindBar(handlers, *m_ui->ProgramText, this)),
+      m_sheet(services(), draft,
+              {*m_ui->ProgramText, *m_ui->CompiledLines, *new QLabel(this), [this] { showTitle(); },
+               [this](const std::vector<int>& lines) { showErrors(lines); }}) {
+    m_ui->findRow->addWidget(&m_findBar);
     resize(roomy.boundedTo(screen()->availableSize() - besideWindow));
     m_ui->lineRow->hide();
-    m_sheet = std::make_unique<ProgramSheet>(ProgramSheet::Controls{
-        *m_ui->ProgramText, *m_ui->CompiledLines, *new QLabel(this), [this] { showTitle(); },
-        [this](const std::vector<int>& lines) { showErrors(lines); }});
-    m_sheet->connectTo(services(), draft);
     m_ui->ProgramText->follow(draft.editorSettings());
-    m_actions.workOn(*m_sheet);
+    m_actions.workOn(m_sheet);
     m_followTimer.setObjectName(QStringLiteral("followTimer"));
     m_followTimer.setInterval(firstLook);
     makeMenus();
     applyScreenRules();
     connectControls();
     showErrors({});
+    showTitle();
     showPlace();
     m_followTimer.start();
 }
@@ -69,7 +72,6 @@ void ProgramEditForm2::connectControls() {
                      &ProgramEditForm2::LineNumber_Enter);
     handlers.onTick(m_followTimer, [this] { return follow(); });
     connectStop(m_ui->stopBox->stop(), m_below.stop, StopKey::f12);
-    m_ui->findBar->connectTo(handlers, *m_ui->ProgramText);
     new FileWatch(this, *this, handlers, [this] { m_actions.checkFile(); });
     connect(m_ui->ProgramText, &QPlainTextEdit::cursorPositionChanged, this,
             [this] { showPlace(); });
@@ -99,13 +101,12 @@ void ProgramEditForm2::showEvent(QShowEvent* event) {
 }
 
 void ProgramEditForm2::keyPressEvent(QKeyEvent* event) {
-    if (event->key() != Qt::Key_Escape ||
-        (m_ui->findBar->isHidden() && m_ui->lineRow->isHidden())) {
+    if (event->key() != Qt::Key_Escape || (m_findBar.isHidden() && m_ui->lineRow->isHidden())) {
         Screen::keyPressEvent(event);
         return;
     }
     m_ui->lineRow->hide();
-    m_ui->findBar->shut();
+    m_findBar.shut();
 }
 
 // Files, compiler, controller
@@ -127,7 +128,7 @@ void ProgramEditForm2::save() {
 }
 
 void ProgramEditForm2::showTitle() {
-    const QString state = m_sheet->fileAndState(fromUtf8(m_draft.file().name()));
+    const QString state = m_sheet.fileAndState(fromUtf8(m_draft.file().name()));
     setWindowTitle(state.isEmpty() ? tr("Program Editor")
                                    : tr("%1 \u2013 Program Editor").arg(state));
 }
@@ -135,7 +136,7 @@ void ProgramEditForm2::showTitle() {
 void ProgramEditForm2::noteChange() {
     m_ui->note->clear();
     // Nothing says any more that the lines are the controller's, until the next look.
-    m_sheet->showRunningLine(std::nullopt);
+    m_sheet.showRunningLine(std::nullopt);
     if (m_draft.document().isEmpty())
         showErrors({});
 }
@@ -197,7 +198,7 @@ void ProgramEditForm2::goToNextError() {
     if (m_errors.empty())
         return;
     m_nextError %= m_errors.size();
-    m_sheet->SelectEditorLine(m_errors[m_nextError].blockNumber() + 1);
+    m_sheet.SelectEditorLine(m_errors[m_nextError].blockNumber() + 1);
     ++m_nextError;
     showErrorLine();
 }
@@ -253,12 +254,11 @@ void ProgramEditForm2::makeEditMenu(QMenu& menu) {
     addEntry(menu, tr("&Undo"), {QKeySequence::Undo}, [&box] { box.undo(); });
     addEntry(menu, tr("&Redo"), {QKeySequence::Redo}, [&box] { box.redo(); });
     menu.addSeparator();
-    addEntry(menu, tr("&Find..."), {Qt::CTRL | Qt::Key_F}, [this] { m_ui->findBar->open(false); });
-    addEntry(menu, tr("Re&place..."), {Qt::CTRL | Qt::Key_H},
-             [this] { m_ui->findBar->open(true); });
-    addEntry(menu, tr("Find &next"), {Qt::Key_F3}, [this] { m_ui->findBar->findNext(); });
+    addEntry(menu, tr("&Find..."), {Qt::CTRL | Qt::Key_F}, [this] { m_findBar.open(false); });
+    addEntry(menu, tr("Re&place..."), {Qt::CTRL | Qt::Key_H}, [this] { m_findBar.open(true); });
+    addEntry(menu, tr("Find &next"), {Qt::Key_F3}, [this] { m_findBar.findNext(); });
     addEntry(menu, tr("Find pre&vious"), {Qt::SHIFT | Qt::Key_F3},
-             [this] { m_ui->findBar->findPrevious(); });
+             [this] { m_findBar.findPrevious(); });
     addEntry(menu, tr("&Go to line..."), {Qt::CTRL | Qt::Key_G}, [this] { openLineRow(); });
     menu.addSeparator();
     addEntry(menu, tr("&Comment on and off"), {Qt::CTRL | Qt::Key_Slash},

@@ -19,6 +19,7 @@ class ProgramEditForm2;
 
 namespace zlt {
 
+class FindBar;
 class ProgramDraft;
 
 /// What the program editor asks of the panel that it stands over: the port stays the panel's.
@@ -44,7 +45,7 @@ class ProgramEditForm2 : public Screen {
 
     /// Says which device the stop is for.
     void showDevice(std::string_view deviceId);
-    ProgramSheet& sheet() { return *m_sheet; }
+    ProgramSheet& sheet() { return m_sheet; }
     void placeCursor(int position);
     /// Cursor and selection in the text.
     [[nodiscard]] QTextCursor cursor() const;
@@ -82,11 +83,12 @@ class ProgramEditForm2 : public Screen {
     void Close_Click();
     void closeScreen() override { Close_Click(); }
 
-    std::unique_ptr<Ui::ProgramEditForm2> m_ui;
     ProgramActions& m_actions;
     ProgramDraft& m_draft;
     PanelBelow m_below;
-    std::unique_ptr<ProgramSheet> m_sheet;
+    std::unique_ptr<Ui::ProgramEditForm2> m_ui;
+    FindBar& m_findBar;
+    ProgramSheet m_sheet;
     std::vector<QTextCursor> m_errors;  ///< lines that the compiler named; they move with the text
     std::size_t m_nextError = 0;
     QTimer m_followTimer{this};

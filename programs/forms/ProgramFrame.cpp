@@ -4,8 +4,10 @@
 #include <utility>
 
 #include "programs/forms/FileWatch.h"
+#include "programs/forms/FindBar.h"
 #include "programs/forms/ProgramDraft.h"
 #include "ui_ProgramFrame.h"
+#include "widgets/Fields.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -16,36 +18,35 @@ constexpr int longestName = 24;
 
 }  // namespace
 
-ProgramFrame::ProgramFrame(QWidget* parent)
-    : QGroupBox(parent), m_ui(std::make_unique<Ui::ProgramFrame>()) {
-    m_ui->setupUi(this);
-    m_ui->findBar->makeShort();
-    m_sheet = std::make_unique<ProgramSheet>(
-        ProgramSheet::Controls{*m_ui->OrgProgram, *m_ui->CompiledLines, *new QLabel(this),
-                               [this] { showTitle(); }, [](const std::vector<int>&) {}});
+ProgramFrame::ProgramFrame(Handlers& handlers, const Services& services, PanelLink& link,
+                           ProgramDraft& draft, PanelBelow below, QWidget* parent)
+    : QGroupBox(parent),
+      m_services(services),
+      m_link(link),
+      m_draft(draft),
+      m_below(std::move(below)),
+      m_ui(controlsOf<Ui::ProgramFrame>(*this)),
+      m_findBar(*new FindBar(handlers, *m_ui->OrgProgram, this)),
+      m_sheet(services, draft,
+              {*m_ui->OrgProgram, *m_ui->CompiledLines, *new QLabel(this), [this] { showTitle(); },
+               [](const std::vector<int>&) {}}),
+      m_actions(services, link, m_sheet, draft.file()) {
+    m_ui->findRow->addWidget(&m_findBar);
+    m_findBar.makeShort();
+    new FileWatch(this, *window(), handlers, [this] { m_actions.checkFile(); });
+    connectButtons(handlers);
+    connectKeys(handlers);
+    showTitle();
 }
 
 ProgramFrame::~ProgramFrame() = default;
 
-void ProgramFrame::connectTo(Handlers& handlers, const Services& services, PanelLink& link,
-                             ProgramDraft& draft, PanelBelow below) {
-    m_services = &services;
-    m_link = &link;
-    m_draft = &draft;
-    m_below = std::move(below);
-    m_actions = std::make_unique<ProgramActions>(services, link, *m_sheet, draft.file());
-    new FileWatch(this, *window(), handlers, [this] { m_actions->checkFile(); });
-    m_sheet->connectTo(services, draft);
-    connectButtons(handlers);
-    connectKeys(handlers);
-}
-
 void ProgramFrame::connectButtons(Handlers& handlers) {
-    handlers.onClick(*m_ui->NewProg, [this](bool) { m_actions->newProgram(); });
-    handlers.onClick(*m_ui->OpenProg, [this](bool) { m_actions->openProgram(); });
-    handlers.onClick(*m_ui->SaveProg, [this](bool) { m_actions->saveProgram(); });
+    handlers.onClick(*m_ui->NewProg, [this](bool) { m_actions.newProgram(); });
+    handlers.onClick(*m_ui->OpenProg, [this](bool) { m_actions.openProgram(); });
+    handlers.onClick(*m_ui->SaveProg, [this](bool) { m_actions.saveProgram(); });
     handlers.onClick(*m_ui->OpenText, [this](bool) { OpenText_Click(); });
-    handlers.onClick(*m_ui->ViewCompiled, [this](bool) { m_actions->viewListing(); });
+    handlers.onClick(*m_ui->ViewCompiled, [this](bool) { m_actions.viewListing(); });
     // The tools may take their time, and the screen stands still meanwhile.
     const auto onLongClick = [&](QAbstractButton& button, std::function<void()> work) {
         handlers.onClick(button, [work = std::move(work)](bool) {
@@ -53,21 +54,20 @@ void ProgramFrame::connectButtons(Handlers& handlers) {
             work();
         });
     };
-    onLongClick(*m_ui->CompileAll, [this] { m_actions->compile(); });
-    onLongClick(*m_ui->DownloadSAP, [this] { m_actions->download(); });
-    onLongClick(*m_ui->UploadSAP, [this] { m_actions->upload(); });
-    onLongClick(*m_ui->clearSpace, [this] { m_actions->clearMemory(); });
+    onLongClick(*m_ui->CompileAll, [this] { m_actions.compile(); });
+    onLongClick(*m_ui->DownloadSAP, [this] { m_actions.download(); });
+    onLongClick(*m_ui->UploadSAP, [this] { m_actions.upload(); });
+    onLongClick(*m_ui->clearSpace, [this] { m_actions.clearMemory(); });
 }
 
 void ProgramFrame::connectKeys(Handlers& handlers) {
-    m_ui->findBar->connectTo(handlers, *m_ui->OrgProgram);
     const auto onKey = [&](const QKeySequence& key, const std::function<void()>& work) {
         handlers.onSignal(*new QShortcut(key, this), &QShortcut::activated, work);
     };
-    onKey(Qt::CTRL | Qt::Key_F, [this] { m_ui->findBar->open(false); });
-    onKey(Qt::Key_F3, [this] { m_ui->findBar->findNext(); });
-    onKey(Qt::SHIFT | Qt::Key_F3, [this] { m_ui->findBar->findPrevious(); });
-    onKey(Qt::CTRL | Qt::Key_S, [this] { m_actions->saveAgain(); });
+    onKey(Qt::CTRL | Qt::Key_F, [this] { m_findBar.open(false); });
+    onKey(Qt::Key_F3, [this] { m_findBar.findNext(); });
+    onKey(Qt::SHIFT | Qt::Key_F3, [this] { m_findBar.findPrevious(); });
+    onKey(Qt::CTRL | Qt::Key_S, [this] { m_actions.saveAgain(); });
 }
 
 void ProgramFrame::OpenText_Click() {
@@ -77,16 +77,16 @@ void ProgramFrame::OpenText_Click() {
         ProgramSheet& sheet;
         ~FrontAgain() { actions.workOn(sheet); }
     };
-    m_actions->hideProgress();
+    m_actions.hideProgress();
     {
-        const FrontAgain frontAgain{*m_actions, *m_sheet};
-        ProgramEditForm2 editor(*m_services, *m_actions, *m_draft, m_below, window());
-        editor.showDevice(m_link->connection.deviceId);
-        editor.sheet().continueFrom(*m_sheet);
+        const FrontAgain frontAgain{m_actions, m_sheet};
+        ProgramEditForm2 editor(m_services, m_actions, m_draft, m_below, window());
+        editor.showDevice(m_link.connection.deviceId);
+        editor.sheet().continueFrom(m_sheet);
         editor.placeCursor(m_ui->OrgProgram->textCursor().position());
         editor.showModal();
         m_ui->OrgProgram->setTextCursor(editor.cursor());
-        m_sheet->continueFrom(editor.sheet());
+        m_sheet.continueFrom(editor.sheet());
     }
     m_ui->OrgProgram->takeFont();
     m_ui->OrgProgram->ensureCursorVisible();
@@ -98,23 +98,22 @@ void ProgramFrame::focusProgram() {
 
 void ProgramFrame::showProgress(std::optional<std::int32_t> counter,
                                 std::optional<ProgramState> state) {
-    m_actions->showProgress(counter, state);
+    m_actions.showProgress(counter, state);
 }
 
 void ProgramFrame::hideProgress() {
-    m_actions->hideProgress();
+    m_actions.hideProgress();
 }
 
 void ProgramFrame::forgetController() {
-    m_actions->forgetController();
+    m_actions.forgetController();
 }
 
 void ProgramFrame::showTitle() {
-    QString name = fromUtf8(m_draft->file().name());
+    QString name = fromUtf8(m_draft.file().name());
     if (name.size() > longestName)
         name = name.left(longestName - 5) + QChar(0x2026) + name.right(4);
-    const QString state =
-        m_sheet->fileAndState(name.replace(QLatin1Char('&'), QLatin1String("&&")));
+    const QString state = m_sheet.fileAndState(name.replace(QLatin1Char('&'), QLatin1String("&&")));
     setTitle(state.isEmpty() ? tr("Program") : tr("Program \u2013 %1").arg(state));
 }
 

@@ -14,18 +14,19 @@ class ProgramFrame;
 
 namespace zlt {
 
+class FindBar;
+
 /// The program box with its files, its compiler and its way to the controller and back.
 class ProgramFrame : public QGroupBox {
     Q_OBJECT
 
  public:
-    explicit ProgramFrame(QWidget* parent = nullptr);
-    ~ProgramFrame() override;
-
     /// Shows the draft's text and has the buttons work on it and on this link; `below` is what the
     /// editor may ask of the panel under it. All of these outlive the frame.
-    void connectTo(Handlers& handlers, const Services& services, PanelLink& link,
-                   ProgramDraft& draft, PanelBelow below);
+    ProgramFrame(Handlers& handlers, const Services& services, PanelLink& link, ProgramDraft& draft,
+                 PanelBelow below, QWidget* parent);
+    ~ProgramFrame() override;
+
     /// Puts the cursor into the program box.
     void focusProgram();
 
@@ -41,14 +42,14 @@ class ProgramFrame : public QGroupBox {
     void connectKeys(Handlers& handlers);
     void OpenText_Click();
 
-    std::unique_ptr<Ui::ProgramFrame> m_ui;
-    std::unique_ptr<ProgramSheet> m_sheet;
-    // What connectTo() was given, and the rules over it.
-    const Services* m_services = nullptr;
-    PanelLink* m_link = nullptr;
-    ProgramDraft* m_draft = nullptr;
+    const Services& m_services;
+    PanelLink& m_link;
+    ProgramDraft& m_draft;
     PanelBelow m_below;
-    std::unique_ptr<ProgramActions> m_actions;
+    std::unique_ptr<Ui::ProgramFrame> m_ui;
+    FindBar& m_findBar;
+    ProgramSheet m_sheet;
+    ProgramActions m_actions;
 };
 
 }  // namespace zlt

@@ -10,7 +10,8 @@
 
 namespace zlt {
 
-ProgramSheet::ProgramSheet(Controls controls) : m_controls(std::move(controls)) {
+ProgramSheet::ProgramSheet(const Services& services, ProgramDraft& draft, Controls controls)
+    : m_controls(std::move(controls)), m_services(services), m_draft(draft) {
     QLabel& note = m_controls.toolNote;
     note.setObjectName(QStringLiteral("toolNote"));
     note.setTextFormat(Qt::PlainText);
@@ -20,11 +21,6 @@ ProgramSheet::ProgramSheet(Controls controls) : m_controls(std::move(controls)) 
     note.setBackgroundRole(QPalette::ToolTipBase);
     note.setForegroundRole(QPalette::ToolTipText);
     note.hide();
-}
-
-void ProgramSheet::connectTo(const Services& services, ProgramDraft& draft) {
-    m_services = &services;
-    m_draft = &draft;
     m_controls.box.showDraft(draft);
     QObject::connect(&draft.document(), &QTextDocument::modificationChanged, &m_controls.box,
                      [this] { m_controls.showTitle(); });
@@ -33,7 +29,6 @@ void ProgramSheet::connectTo(const Services& services, ProgramDraft& draft) {
         lines.setEnabled(false);
         lines.setToolTip(QObject::tr("The text has changed since this compile."));
     });
-    m_controls.showTitle();
 }
 
 void ProgramSheet::continueFrom(const ProgramSheet& other) {
@@ -66,11 +61,11 @@ void ProgramSheet::setProgram(std::string_view text) {
 }
 
 void ProgramSheet::markSaved() {
-    m_draft->markSaved();
+    m_draft.markSaved();
 }
 
 void ProgramSheet::markUnsaved() {
-    m_draft->document().setModified(true);
+    m_draft.document().setModified(true);
 }
 
 void ProgramSheet::SelectEditorLine(int line) {
@@ -88,12 +83,12 @@ void ProgramSheet::showRunningLine(std::optional<int> line) {
 }
 
 void ProgramSheet::showListing(std::string_view listing) {
-    ViewCompiledForm viewer(*m_services, listing, m_controls.box.window());
+    ViewCompiledForm viewer(m_services, listing, m_controls.box.window());
     viewer.showModal();
 }
 
 void ProgramSheet::keepUnsaved() {
-    (void)m_draft->keep();
+    (void)m_draft.keep();
 }
 
 void ProgramSheet::showRunningTool(std::string_view tool, std::int64_t process) {
@@ -116,7 +111,7 @@ void ProgramSheet::clearRunningTool() {
 
 QString ProgramSheet::fileAndState(const QString& name) const {
     const QString notSaved = QObject::tr("not saved");
-    if (!m_draft->document().isModified())
+    if (!m_draft.document().isModified())
         return name;
     return name.isEmpty() ? notSaved : name + QStringLiteral(" \u2013 ") + notSaved;
 }

@@ -22,10 +22,8 @@ class ProgramSheet : public ProgramView {
         std::function<void()> showTitle;
         std::function<void(const std::vector<int>& lines)> showErrors;
     };
-    explicit ProgramSheet(Controls controls);
-
-    /// Shows the draft's text from here on. Both outlive this.
-    void connectTo(const Services& services, ProgramDraft& draft);
+    /// Shows the draft's text from here on. The screen itself shows its first title.
+    ProgramSheet(const Services& services, ProgramDraft& draft, Controls controls);
     /// Shows of the last compile what the other sheet shows.
     void continueFrom(const ProgramSheet& other);
 
@@ -50,8 +48,8 @@ class ProgramSheet : public ProgramView {
 
  private:
     Controls m_controls;
-    const Services* m_services = nullptr;
-    ProgramDraft* m_draft = nullptr;
+    const Services& m_services;
+    ProgramDraft& m_draft;
 };
 
 }  // namespace zlt

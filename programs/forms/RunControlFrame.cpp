@@ -7,29 +7,27 @@
 
 namespace zlt {
 
-RunControlFrame::RunControlFrame(QWidget* parent)
-    : QGroupBox(parent), m_ui(std::make_unique<Ui::RunControlFrame>()) {
+RunControlFrame::RunControlFrame(Handlers& handlers, PanelLink& link,
+                                 std::function<void(std::string_view)> sendMotionCommand,
+                                 const std::function<void()>& openThreads, QWidget* parent)
+    : QGroupBox(parent),
+      m_ui(std::make_unique<Ui::RunControlFrame>()),
+      m_control(link, std::move(sendMotionCommand)) {
     m_ui->setupUi(this);
-}
-
-RunControlFrame::~RunControlFrame() = default;
-
-void RunControlFrame::connectTo(Handlers& handlers, PanelLink& link,
-                                std::function<void(std::string_view)> sendMotionCommand,
-                                const std::function<void()>& openThreads) {
-    m_control = std::make_unique<RunControl>(link, std::move(sendMotionCommand));
     handlers.onClick(*m_ui->XThread, [openThreads](bool) { openThreads(); });
-    handlers.onClick(*m_ui->RunProg, [this](bool) { m_control->run(); });
-    handlers.onClick(*m_ui->StopProg, [this](bool) { m_control->stop(); });
-    handlers.onClick(*m_ui->PauseProg, [this](bool) { m_control->pause(); });
-    handlers.onClick(*m_ui->ContProg, [this](bool) { m_control->resume(); });
+    handlers.onClick(*m_ui->RunProg, [this](bool) { m_control.run(); });
+    handlers.onClick(*m_ui->StopProg, [this](bool) { m_control.stop(); });
+    handlers.onClick(*m_ui->PauseProg, [this](bool) { m_control.pause(); });
+    handlers.onClick(*m_ui->ContProg, [this](bool) { m_control.resume(); });
     handlers.onClick(*m_ui->RunOnBootOn, [this](bool) { runOnBoot_Click(true); });
     handlers.onClick(*m_ui->RunOnBootOff, [this](bool) { runOnBoot_Click(false); });
 }
 
+RunControlFrame::~RunControlFrame() = default;
+
 void RunControlFrame::runOnBoot_Click(bool on) {
     showRunOnBoot(m_runOnBoot);  // the click's own mark says nothing yet
-    if (const auto said = m_control->setRunOnBoot(on))
+    if (const auto said = m_control.setRunOnBoot(on))
         m_runOnBoot = said;
     showRunOnBoot(m_runOnBoot);
 }

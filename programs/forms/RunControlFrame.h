@@ -20,14 +20,13 @@ class RunControlFrame : public QGroupBox {
     Q_OBJECT
 
  public:
-    explicit RunControlFrame(QWidget* parent = nullptr);
+    /// The buttons work on this link, which outlives the frame. `sendMotionCommand` is that of
+    /// RunControl; `openThreads` opens the second-thread screen.
+    RunControlFrame(Handlers& handlers, PanelLink& link,
+                    std::function<void(std::string_view)> sendMotionCommand,
+                    const std::function<void()>& openThreads, QWidget* parent);
     ~RunControlFrame() override;
 
-    /// Has the buttons work on this link, which outlives the frame. `sendMotionCommand` is that of
-    /// RunControl; `openThreads` opens the second-thread screen.
-    void connectTo(Handlers& handlers, PanelLink& link,
-                   std::function<void(std::string_view)> sendMotionCommand,
-                   const std::function<void()>& openThreads);
     /// The controller has not said whether it runs at power-up: it is another one now, or was
     /// told otherwise elsewhere.
     void forgetRunOnBoot();
@@ -39,8 +38,8 @@ class RunControlFrame : public QGroupBox {
     void showRunOnBoot(std::optional<bool> on);
 
     std::unique_ptr<Ui::RunControlFrame> m_ui;
-    std::unique_ptr<RunControl> m_control;  ///< once connected
-    std::optional<bool> m_runOnBoot;        ///< nothing until the controller has said
+    RunControl m_control;
+    std::optional<bool> m_runOnBoot;  ///< nothing until the controller has said
 };
 
 }  // namespace zlt

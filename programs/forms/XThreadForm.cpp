@@ -1,6 +1,7 @@
 #include "programs/forms/XThreadForm.h"
 
 #include "ui_XThreadForm.h"
+#include "widgets/Fields.h"
 
 namespace zlt {
 namespace {
@@ -9,17 +10,11 @@ using namespace std::chrono_literals;
 
 constexpr auto firstPass = 1ms;
 
-std::unique_ptr<Ui::XThreadForm> makeControls(QDialog& form) {
-    auto controls = std::make_unique<Ui::XThreadForm>();
-    controls->setupUi(&form);
-    return controls;
-}
-
 }  // namespace
 
 XThreadForm::XThreadForm(const Services& world, const LinkHandOver& handOver, QWidget* parent)
     : LinkedScreen(world, parent),
-      m_ui(makeControls(*this)),
+      m_ui(controlsOf<Ui::XThreadForm>(*this)),
       m_watch(services(), handOver, [this] { showLive(false); }) {
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.setInterval(firstPass);

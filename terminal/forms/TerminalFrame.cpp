@@ -6,20 +6,17 @@
 
 namespace zlt {
 
-TerminalFrame::TerminalFrame(QWidget* parent)
+TerminalFrame::TerminalFrame(Handlers& handlers, PanelLink& link, QWidget* parent)
     : QGroupBox(parent), m_ui(std::make_unique<Ui::TerminalFrame>()) {
     m_ui->setupUi(this);
     m_ui->DeviceIDComboTerminal->addItem(QStringLiteral("00"));
     addDeviceIds(*m_ui->DeviceIDComboTerminal);
-}
-
-TerminalFrame::~TerminalFrame() = default;
-
-void TerminalFrame::connectTo(Handlers& handlers, PanelLink& link) {
     CommandLine& line = *m_ui->SendTerminalText;
     handlers.onSignal(line, &CommandLine::entered, [&] { SendTerminalText_Enter(link); });
     handlers.onSignal(line, &CommandLine::recalled, [this] { SendTerminalText_Recall(); });
 }
+
+TerminalFrame::~TerminalFrame() = default;
 
 void TerminalFrame::showDevice(std::string_view deviceId) {
     m_ui->DeviceIDComboTerminal->showText(deviceId);

@@ -20,11 +20,9 @@ class TerminalFrame : public QGroupBox {
     Q_OBJECT
 
  public:
-    explicit TerminalFrame(QWidget* parent = nullptr);
-    ~TerminalFrame() override;
-
     /// `link` is used as long as the frame's controls are worked.
-    void connectTo(Handlers& handlers, PanelLink& link);
+    TerminalFrame(Handlers& handlers, PanelLink& link, QWidget* parent);
+    ~TerminalFrame() override;
 
     /// Chooses the device to talk to (Latin-1).
     void showDevice(std::string_view deviceId);

@@ -1,6 +1,7 @@
 #include "terminal/forms/VariableForm.h"
 
 #include "ui_VariableForm.h"
+#include "widgets/Fields.h"
 #include "widgets/WireText.h"
 
 namespace zlt {
@@ -8,17 +9,11 @@ namespace {
 
 constexpr std::chrono::milliseconds refreshInterval{1};
 
-std::unique_ptr<Ui::VariableForm> makeControls(QDialog& form) {
-    auto controls = std::make_unique<Ui::VariableForm>();
-    controls->setupUi(&form);
-    return controls;
-}
-
 }  // namespace
 
 VariableForm::VariableForm(const Services& world, const LinkHandOver& handedOver, QWidget* parent)
     : LinkedScreen(world, parent),
-      m_ui(makeControls(*this)),
+      m_ui(controlsOf<Ui::VariableForm>(*this)),
       m_watch(services(), handedOver, [this] {
           showLive(false);
           showNote();

@@ -72,7 +72,7 @@ struct OwnActions : OwnDraft, PanelLinkListener {
     explicit OwnActions(const Services& services)
         : OwnDraft(services),
           link(services, *this),
-          sheet({box, lines, note, [] {}, [](const std::vector<int>&) {}}),
+          sheet(services, draft, {box, lines, note, [] {}, [](const std::vector<int>&) {}}),
           ownActions(services, link, sheet, draft.file()) {}
     void commChanged(bool) override {}
     void exchangeTimedOut() override {}

@@ -321,7 +321,7 @@ TEST_F(MainControlFormTest, SwitchesToAnotherDevice) {
         click(form, mark);
     bus.requests.clear();
     choose(form, "SelectedDeviceID", "07");
-    EXPECT_EQ(control<QGroupBox>(form, "stopFrame").title(), QStringLiteral("Device 07"));
+    EXPECT_EQ(control<QGroupBox>(form, "StopFrame").title(), QStringLiteral("Device 07"));
     EXPECT_EQ(bus.requests, (std::vector<std::string>{"@07ID", "@07VER", "@07ID"}));
     for (const char* name : {"MoveMode", "ProgIndex", "ProgStatus"})
         EXPECT_EQ(shown(name), "") << "the other device's";

@@ -74,7 +74,7 @@ TEST_F(StopsTest, AreInReachOfOneKeyUnderThePanelsOwnBoxes) {
     QTest::keyClick(&control<QWidget>(form, "SetSpeed"), Qt::Key_F12);
     EXPECT_EQ(sent(), abortSent);
     EXPECT_EQ(shown("Command5"), "off") << "as ISTOP does";
-    EXPECT_EQ(control<QGroupBox>(form, "stopFrame").title(), QStringLiteral("Device 01"));
+    EXPECT_EQ(control<QGroupBox>(form, "StopFrame").title(), QStringLiteral("Device 01"));
 
     QMessageBox box(&form);
     QTest::keyClick(&box, Qt::Key_F12);

@@ -73,7 +73,7 @@ TEST(ProgramOnAFullDisk, IsNeitherSavedNorCompiled) {
         {"Save ZLT-R-NX Program As", "ZLT-R-NX Program Files (*.prg)|*.prg", ""}, "EXE/a.prg");
     panel.gate.expectMessageWith("The text could not be saved in EXE/a.prg: ");
     click(panel.form, "SaveProg");
-    EXPECT_EQ(control<ProgramFrame>(panel.form, "programFrame").title(),
+    EXPECT_EQ(control<ProgramFrame>(panel.form, "ProgramFrame").title(),
               QStringLiteral("Program \u2013 not saved"));
     panel.gate.expectMessageWith("The file Program.prg cannot be written into the folder");
     click(panel.form, "CompileAll");

@@ -35,7 +35,7 @@ class ProgramEditFormTest : public LoadedPanel {
     }
     static std::string title(const QWidget& screen) { return screen.windowTitle().toStdString(); }
     std::string groupTitle() {
-        return control<ProgramFrame>(form, "programFrame").title().toStdString();
+        return control<ProgramFrame>(form, "ProgramFrame").title().toStdString();
     }
     std::string file(const std::string& name) { return files.read(name).whole().value_or("none"); }
     /// The window comes to the front, and is left alone for a moment.

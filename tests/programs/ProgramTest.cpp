@@ -36,7 +36,7 @@ class ProgramTest : public LoadedPanel {
         EXPECT_TRUE(polls());
     }
 
-    ProgramFrame& frame = control<ProgramFrame>(form, "programFrame");
+    ProgramFrame& frame = control<ProgramFrame>(form, "ProgramFrame");
     ProgramEditor& editor = control<ProgramEditor>(form, "OrgProgram");
 };
 

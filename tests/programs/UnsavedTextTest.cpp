@@ -46,7 +46,7 @@ class UnsavedTextTest : public ::testing::Test, public World {
         onPanel([&](QWidget&, ProgramEditor& box) { box.setProgram(text); });
     }
     static bool saved(QWidget& panel) {
-        const QString title = control<ProgramFrame>(panel, "programFrame").title();
+        const QString title = control<ProgramFrame>(panel, "ProgramFrame").title();
         return !title.contains(QStringLiteral("not saved"));
     }
     bool offered() { return control<QWidget>(*form, "unsavedRow").isVisible(); }
