@@ -1,5 +1,6 @@
 #include "bench/SoakPhases.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QTimer>
 #include <algorithm>
@@ -67,6 +68,30 @@ bool openOnce(Args&&... args) {
     return shown;
 }
 
+/// Opens what this button of the panel opens, and closes that and the panel.
+bool openFromPanel(const Services& services, ProgramDraft& draft, const QString& name) {
+    MainControlForm panel(services, draft, nullptr);
+    panel.Form_Load({{1}, "9600", "01"});
+    bool shown = false;
+    QTimer worker;
+    QObject::connect(&worker, &QTimer::timeout, &panel, [&] {
+        QWidget* opened = nullptr;
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible() && window != &panel)
+                opened = window;
+        shown = shown || opened;
+        if (opened)
+            opened->close();
+        else if (shown)
+            panel.close();
+        else
+            panel.findChild<QAbstractButton*>(name)->click();
+    });
+    worker.start(1);
+    panel.showModal();
+    return shown;
+}
+
 Ending ask(Port& port) {
     if (!port.write("@01DN\r"))
         return Ending::portLost;
@@ -125,6 +150,13 @@ bool soakScreens(SoakBed& bed, int count) {
         {"SearchCom", [&] { return openOnce<SearchCom>(services, SearchMode::all); }},
     };
     bool good = true;
+    for (const char* button : {"OpenText", "Trend", "Bus"})
+        good = soak("panel with " + std::string(button) + " " + std::to_string(count), count,
+                    notJudged, bed.gate,
+                    [&](int) {
+                        return openFromPanel(services, draft, QString::fromLatin1(button));
+                    }) &&
+               good;
     for (const auto& [name, open] : screens)
         good = soak(std::string(name) + " " + std::to_string(count), count, notJudged, bed.gate,
                     [&open = open](int) { return open(); }) &&

@@ -10,7 +10,8 @@ namespace zlt::bench {
 bool soakExchanges(SoakBed& bed, int count);
 /// Opens, asks and closes; opens again, is pulled out, notices, closes, is plugged in again.
 bool soakCycles(SoakBed& bed, int count);
-/// Opens and closes each screen that is shown over another, with its load and first tick.
+/// Opens and closes each screen that is shown over another or beside one, with its load and first
+/// tick.
 bool soakScreens(SoakBed& bed, int count);
 
 }  // namespace zlt::bench

@@ -70,8 +70,7 @@ bool WindowsPort::setUp(int baudRate) {
     settings.fBinary = TRUE;
     settings.fParity = FALSE;
     settings.fDtrControl = DTR_CONTROL_DISABLE;
-    settings.fRtsControl =
-        RTS_CONTROL_ENABLE;  // up while open, as elsewhere: some adapters live on it
+    settings.fRtsControl = RTS_CONTROL_ENABLE;  // as elsewhere: some adapters live on it
     settings.fOutxCtsFlow = FALSE;
     settings.fOutxDsrFlow = FALSE;
     settings.fDsrSensitivity = FALSE;

@@ -154,10 +154,12 @@ TEST_F(TrendFormTest, LeavesThePanelItsStopsAndItsKeys) {
 
 TEST_F(TrendFormTest, GoesWithThePanelAndComesBackWhereItStood) {
     TrendForm& trend = openTrend();
-    trend.setGeometry(120, 90, 801, 555);
+    trend.setGeometry(120, 90, 1201, 555);
+    const QRect place = trend.geometry();
     click(trend, "trendClose");
     EXPECT_FALSE(trend.isVisible());
-    EXPECT_EQ(openTrend().geometry(), QRect(120, 90, 801, 555));
+    trend.setGeometry(0, 0, 1000, 600);
+    EXPECT_EQ(openTrend().geometry(), place);
     // The program ends under a screen over the panel, as by a signal.
     clickAndWork(form, "XThread", [&](QWidget& screen) {
         programEnd.askForEnd(130);
