@@ -120,10 +120,8 @@ bool ParameterDown::send(const Parameter& parameter, const ParameterValues& valu
         m_changed = m_copy.noteAccepted(parameter, values) || m_changed;
     else if (m_link.CommOK())
         noteRefused(parameter, values, *command, reply);
-    else {
+    else
         m_copy.noteLost(parameter);
-        m_changed = true;
-    }
     m_view.showDeviceCopy(m_copy);
     return done;
 }

@@ -102,6 +102,14 @@ TEST_F(SearchTest, ListsEachControllerOnce) {
     EXPECT_EQ(shown(), "COM1|9600|01");
 }
 
+TEST_F(SearchTest, GoesOnCountingEmptyReadsAfterAFindAlone) {
+    ports = {1};
+    const std::string pause(20, '\0');
+    answers = {{"1 9600 @01DN", "ZLD01" + pause}, {"1 9600 @02DN", "noise" + pause}};
+    search("SearchAllZLT", "Found on Com Port:1 Baud:9600 ID:01\r\n");
+    EXPECT_EQ(bus.emptyReads, (20 + 11) + (20 + 31) + 43 * 31);
+}
+
 TEST_F(SearchTest, ListsWhatHasBeenFoundSoFar) {
     ports = {1};
     answers = {{"1 9600 @01DN", "ZLD01"}, {"1 9600 @02DN", "ZLD02"}};

@@ -94,8 +94,8 @@ TEST(Exchange, TellsEachFailureInTheFlavoursWords) {
                          {flavours::secondThread, notOpen, true}};
     for (const auto& [flavour, lossTold, goesOn] : table) {
         Linked empty(flavour);
-        empty.bus.replies = {{"PX", "#01"}, {"SASTAT0", ""}};
-        EXPECT_EQ(empty.link.SendReceive("SASTAT0"), "");
+        empty.bus.replies = {{"PX", "#01"}, {"SASTAT0", ""}, {"SA7", ""}};
+        EXPECT_EQ(empty.link.SendReceive("SASTAT0") + empty.link.SendReceive("SA7"), "");
         empty.gate.expectMessage("No Response!");
         EXPECT_EQ(empty.link.SendReceive("PX"), "0");
         EXPECT_FALSE(empty.link.CommOK());
@@ -116,6 +116,13 @@ TEST(Exchange, TellsEachFailureInTheFlavoursWords) {
         EXPECT_EQ(lost.bus.requests.size(), 1U) << "told once, then nothing is asked";
         EXPECT_FALSE(lost.link.PortReady());
     }
+
+    Linked several(flavours::secondThread);
+    several.bus.losesAtReadOf = "PX";
+    several.bus.silent = true;
+    several.gate.expectMessage(notOpen);
+    several.link.sendAll({"PX", "EX"});
+    EXPECT_EQ(several.bus.requests.size(), 1U);
 }
 
 TEST(Exchange, OfTheProgramEditorTakesWhatThereIsLessItsLastCharacter) {

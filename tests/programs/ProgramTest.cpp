@@ -140,6 +140,7 @@ TEST_F(ProgramTest, SelectsTheFaultyLine) {
     };
     const Row table[] = {{"FAILED\r\nLine: 1\r\n", "one"},
                          {"x Failed\r\nLine: 1\r\nLine  3\r\n", "\u2029three"},
+                         {"FAILED\r\nLine 92\r\n", "\u2029two"},
                          {"FAILED\r\nLine: 4\r\n", "\u2029" + longLine},
                          {"FAILED\r\nLine: 9\r\n", ""},
                          {"FAILED\r\nLine: 32767\r\n", ""},
