@@ -207,6 +207,10 @@ TEST_F(MainControlFormTest, RunsASilentTickToItsEndThenProbesUntilAControllerAns
         EXPECT_EQ(sentByTick(), "DN|VER|ID");
         EXPECT_EQ(shown("ComStatusDisplay"), "No Communication");
     }
+    bus.replies["DN"] = "ABC01";
+    EXPECT_EQ(sentByTick(), "DN");
+    EXPECT_EQ(shown("ID"), "???") << "no more of the probe that broke off";
+    bus.replies["DN"] = "ZLD01";
     bus.silentAt.reset();
     EXPECT_EQ(sentByTick(), "DN|VER|ID");
     expectState("Communication OK", green);
