@@ -9,7 +9,7 @@
 namespace zlt::bench {
 namespace {
 
-constexpr int exchanges = 50'000;
+constexpr int exchangesTimed = 50'000;
 /// Of what one exchange may take longer.
 constexpr double mostMicroseconds = 1.0;
 
@@ -39,10 +39,10 @@ class InstantPort final : public Port {
 template <class Exchange>
 Microseconds timeOfOne(const Exchange& exchange) {
     const auto begin = Clock::now();
-    for (int count = 0; count < exchanges; ++count)
+    for (int count = 0; count < exchangesTimed; ++count)
         if (exchange().ending != Ending::reply)
             throw std::runtime_error("an exchange with no port in it failed");
-    return Microseconds(Clock::now() - begin) / exchanges;
+    return Microseconds(Clock::now() - begin) / exchangesTimed;
 }
 
 }  // namespace

@@ -23,12 +23,12 @@ constexpr int pressesPerRound = 8;
 /// Longer than the longest pass and the stop after it: each press meets a poll at its usual pace.
 constexpr std::chrono::milliseconds betweenPresses{700};
 
-struct Aim {
+struct StopAim {
     Line line;
     double medianMs;
     double worstMs;
 };
-constexpr Aim aims[] = {{{"9600", 9600}, 80, 150}, {{"115200", 115200}, 15, 150}};
+constexpr StopAim stopAims[] = {{{"9600", 9600}, 80, 150}, {{"115200", 115200}, 15, 150}};
 
 /// Notes when the first command of a stop goes out.
 class StopPort final : public TimedPort {
@@ -135,7 +135,7 @@ void measureStops(int rounds, Judge& judge) {
     std::printf(
         "\nFrom a press on RSTOP to the first byte of the stop, at any moment of the poll\n");
     std::printf("%8s %10s %10s %10s  %s\n", "baud", "presses", "median ms", "worst ms", "aims");
-    for (const Aim& aim : aims) {
+    for (const StopAim& aim : stopAims) {
         Times all;
         for (int round = 0; round < rounds; ++round) {
             const Times some = runRound(aim.line, static_cast<unsigned>(round));

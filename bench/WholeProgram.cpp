@@ -25,11 +25,11 @@ namespace {
 constexpr std::chrono::milliseconds warmUp{300};
 constexpr std::chrono::milliseconds roundTime{2000};
 
-struct Aim {
+struct BusyAim {
     Line line;
     double leastBusy;
 };
-constexpr Aim aims[] = {{{"9600", 9600}, 0.96}, {{"115200", 115200}, 0.80}};
+constexpr BusyAim busyAims[] = {{{"9600", 9600}, 0.96}, {{"115200", 115200}, 0.80}};
 /// The least that is left of the passes while the windows beside the panel are open.
 constexpr double leastOfPasses = 0.97;
 enum class SideWindows { closed, open };
@@ -112,7 +112,7 @@ void measureProgram(int rounds, Judge& judge) {
                 "aims");
     std::map<std::pair<long, SideWindows>, Rounds> measured;
     for (int round = 0; round < rounds; ++round)
-        for (const Aim& aim : aims)
+        for (const BusyAim& aim : busyAims)
             for (const SideWindows windows : {SideWindows::closed, SideWindows::open})
                 runRound(aim.line, windows, measured[{aim.line.baud, windows}]);
     const auto print = [](const Line& line, const char* windows, const Rounds& of,
@@ -121,7 +121,7 @@ void measureProgram(int rounds, Judge& judge) {
                     median(of.wireBusy), median(of.passes), 100 * median(of.processor),
                     verdict.c_str());
     };
-    for (const Aim& aim : aims) {
+    for (const BusyAim& aim : busyAims) {
         const Rounds& alone = measured[{aim.line.baud, SideWindows::closed}];
         const Rounds& open = measured[{aim.line.baud, SideWindows::open}];
         print(aim.line, "panel alone", alone, judge.atLeast(median(alone.wireBusy), aim.leastBusy));

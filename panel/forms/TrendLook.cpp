@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <cmath>
 
 #include "widgets/WireText.h"
 
@@ -66,6 +67,17 @@ QString stateWords(const TrendSample& sample) {
     return words.join(QStringLiteral(", "));
 }
 
+/// So much of the text's colour over the ground's. No transparency: Qt has threads of its own blend
+/// even a line of one pixel, which takes longer than all the rest of a frame.
+QColor faintText(const QPalette& palette, double share) {
+    const QColor text = palette.color(QPalette::Text), ground = palette.color(QPalette::Base);
+    const auto mixed = [share](int of, int with) {
+        return static_cast<int>(std::lround(of * share + with * (1 - share)));
+    };
+    return {mixed(text.red(), ground.red()), mixed(text.green(), ground.green()),
+            mixed(text.blue(), ground.blue())};
+}
+
 }  // namespace
 
 const std::array<TrendCurveLook, trendSeriesCount> trendCurves{
@@ -95,9 +107,7 @@ QColor trendColour(const TrendColour& colour, const QPalette& palette) {
 }
 
 QColor trendGridColour(const QPalette& palette) {
-    QColor grid = palette.color(QPalette::Text);
-    grid.setAlpha(40);
-    return grid;
+    return faintText(palette, 0.16);
 }
 
 std::optional<TrendStateLook> trendStateLook(unsigned states, const QPalette& palette) {
@@ -106,9 +116,7 @@ std::optional<TrendStateLook> trendStateLook(unsigned states, const QPalette& pa
     for (const StateRow& row : stateColours)
         if ((states & row.states) != 0)
             return TrendStateLook{trendColour(row.colour, palette), false};
-    QColor faint = palette.color(QPalette::Text);
-    faint.setAlpha(110);
-    return TrendStateLook{faint, true};
+    return TrendStateLook{faintText(palette, 0.43), true};
 }
 
 QString trendTimeText(TrendRecord::WallTime time, bool withMilliseconds) {

@@ -1,6 +1,7 @@
 #include "terminal/forms/BusForm.h"
 
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -18,7 +19,10 @@
 namespace zlt {
 namespace {
 
+/// How often the list is brought up to date at the most; and no more often than the poll can spare
+/// the time for: each time is followed by many times its own length without.
 constexpr std::chrono::milliseconds listingInterval{200};
+constexpr int timesSpared = 100;
 constexpr int usualHeight = 420;
 
 QString counted(std::size_t exchanges) {
@@ -95,17 +99,20 @@ void BusForm::hideEvent(QHideEvent* event) {
 }
 
 std::chrono::milliseconds BusForm::refreshTimer_Timer() {
-    if (!isMinimized())
-        refresh();
-    return listingInterval;
+    QElapsedTimer listing;
+    listing.start();
+    if (!isMinimized() && refresh())
+        m_ui->List->viewport()->repaint();
+    return std::max(listingInterval, std::chrono::milliseconds(listing.elapsed() * timesSpared));
 }
 
-void BusForm::refresh() {
+/// False when there is nothing new.
+bool BusForm::refresh() {
     QScrollBar& bar = *m_ui->List->verticalScrollBar();
     const bool follows = bar.value() == bar.maximum();
     const auto fresh = m_listing.takeNew();
     if (fresh.empty())
-        return;
+        return false;
     const int before = bar.value();
     const int removed = m_model.append(fresh);
     if (follows)
@@ -113,6 +120,7 @@ void BusForm::refresh() {
     else
         bar.setValue(std::max(0, before - removed));  // what is being read stays where it is
     showCount();
+    return true;
 }
 
 void BusForm::showCount() {

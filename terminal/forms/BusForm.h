@@ -37,7 +37,7 @@ class BusForm : public SideScreen {
     void connectHandlers();
     void setUpTable();
     /// Lists what is new.
-    void refresh();
+    bool refresh();
     void showCount();
     void tell(const QString& sentence);
     /// The selected rows, or all where none is.
