@@ -25,7 +25,7 @@ constexpr const char* emptyWindow = "empty";
 constexpr int widgetsOfEmptyWindow = 40;
 constexpr int repetitionsARound = 4;
 constexpr double mostOfEmptyWindow = 1.5;
-constexpr int patienceMs = 30'000;
+constexpr int startPatienceMs = 30'000;
 
 /// Tells when the window's first paint is over and done: on the screen, not only drawn.
 class PaintWatch final : public QApplication {
@@ -82,7 +82,7 @@ Milliseconds timeOnce(const char* window) {
     const auto begin = Clock::now();
     process.start(QCoreApplication::applicationFilePath(),
                   {QStringLiteral("--first-paint"), QLatin1String(window)});
-    if (!process.waitForFinished(patienceMs) || process.exitCode() != 0)
+    if (!process.waitForFinished(startPatienceMs) || process.exitCode() != 0)
         throw std::runtime_error("first paint of " + std::string(window) + ": " +
                                  process.readAllStandardError().toStdString());
     const Clock::duration painted(process.readAllStandardOutput().trimmed().toLongLong());

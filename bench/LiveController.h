@@ -16,7 +16,7 @@ class LiveController {
     [[nodiscard]] long passes() const { return m_passes; }
 
  private:
-    std::string value(std::string_view asked) const;
+    [[nodiscard]] std::string value(std::string_view asked) const;
 
     std::atomic<long> m_passes = 0;
 };

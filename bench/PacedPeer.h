@@ -24,8 +24,8 @@ class PacedPeer {
     explicit PacedPeer(const Line& line);
     PacedPeer(const Line& line, Answers answers);
 
-    const std::string& device() const { return m_terminal.path(); }
-    const Line& line() const { return m_line; }
+    [[nodiscard]] const std::string& device() const { return m_terminal.path(); }
+    [[nodiscard]] const Line& line() const { return m_line; }
 
     /// The client says when its request is under way. The wire starts with the write, not with
     /// the moment at which the peer's thread has woken up: that delay is the test bed's.
@@ -52,7 +52,7 @@ class PacedPeer {
  private:
     void run(const std::stop_token& stop);
     void answer(std::string_view received, Clock::time_point requestBegin);
-    Clock::time_point beginOfRequest(Clock::time_point seen) const;
+    [[nodiscard]] Clock::time_point beginOfRequest(Clock::time_point seen) const;
 
     const Line m_line;
     const Answers m_answersTo;

@@ -6,7 +6,7 @@
 namespace zlt::bench {
 namespace {
 
-constexpr int patienceMs = 60'000;
+constexpr int scriptPatienceMs = 60'000;
 
 QString withoutEndMark(std::string_view line) {
     line.remove_suffix(1);
@@ -25,14 +25,14 @@ PyserialClient::PyserialClient(PacedPeer& peer, const std::string& python) : Cli
 
 PyserialClient::~PyserialClient() {
     m_script.closeWriteChannel();
-    m_script.waitForFinished(patienceMs);
+    m_script.waitForFinished(scriptPatienceMs);
 }
 
 void PyserialClient::runRound(long exchanges, Samples& samples) {
     peer().requestsUnannounced();
     m_script.write(QByteArray::number(qlonglong{warmUps} + exchanges) + '\n');
     while (!m_script.canReadLine())
-        if (!m_script.waitForReadyRead(patienceMs))
+        if (!m_script.waitForReadyRead(scriptPatienceMs))
             throw std::runtime_error(
                 "no answer from pyserial; ./bench/run sees to it that it is "
                 "installed, --python says for which interpreter");

@@ -80,6 +80,7 @@ void measureTrend(int rounds, Judge& judge) {
          {TrendView::Span(10s), TrendView::Span(10min), TrendView::Span(1h)}) {
         plot.setSpan(span);
         std::vector<double> frames;
+        frames.reserve(static_cast<std::size_t>(rounds) * framesARound);
         for (int frame = 0; frame < rounds * framesARound; ++frame)
             frames.push_back(frameMs(plot));
         const double frame = median(frames);

@@ -23,7 +23,7 @@ namespace {
 
 /// The first passes paint the whole screen.
 constexpr std::chrono::milliseconds warmUp{300};
-constexpr std::chrono::milliseconds roundTime{2000};
+constexpr std::chrono::milliseconds watchTime{2000};
 
 struct BusyAim {
     Line line;
@@ -91,7 +91,7 @@ void runRound(const Line& line, SideWindows windows, Rounds& rounds) {
     const auto wireBefore = peer.wireBusy();
     const auto processorBefore = processorTime();
     const long passesBefore = controller.passes();
-    runEventsFor(roundTime);
+    runEventsFor(watchTime);
     const std::chrono::duration<double> taken = Clock::now() - begin;
 
     const auto* shown = panel.findChild<QLineEdit*>(QStringLiteral("ProgIndex"));

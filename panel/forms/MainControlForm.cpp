@@ -33,7 +33,7 @@ namespace {
 constexpr std::chrono::milliseconds pollInterval{10};
 constexpr std::chrono::milliseconds pollRest{200};
 
-constexpr int margin = 12;
+constexpr int panelMargin = 12;
 constexpr int frameSpacing = 8;
 
 /// Frames below each other.
@@ -103,12 +103,12 @@ void MainControlForm::placeFrames() {
     auto* right = makeColumn({m_programFrame, m_runControlFrame, m_terminalFrame});
     right->setStretchFactor(m_programFrame, 1);
     auto* columns = new QHBoxLayout;
-    columns->setSpacing(margin);
+    columns->setSpacing(panelMargin);
     columns->addLayout(left, 2);
     columns->addLayout(makeColumn({m_stopFrame, m_motionFrame}));
     columns->addLayout(right, 3);
     auto* rows = makeColumn({m_linkFrame});
-    rows->setContentsMargins(margin, margin, margin, margin);
+    rows->setContentsMargins(panelMargin, panelMargin, panelMargin, panelMargin);
     rows->addLayout(columns);
     setLayout(rows);
 }

@@ -155,30 +155,31 @@ TEST_F(ZltctlCommand, SendsNothingAfterWhatWentWrong) {
         const char* commands;
         const char* error;
     };
-    for (const Row& row : std::initializer_list<Row>{
-             {"move 5 --speed 9", [](auto& b) { b.replies["HSPD=9"] = "?HSPD=9"; }, 1,
-              "DN|VER|HSPD=9", "zltctl: \"HSPD=9\" was refused: \"?HSPD=9\".\n"},
-             {"move 5 --speed 9", [](auto& b) { b.silentAt = "HSPD=9"; }, 3, "DN|VER|HSPD=9",
-              "zltctl: No reply from device 01 on COM1 at 9600 baud.\n"},
-             {"move 5x", {}, 1, "DN|VER", nullptr},
-             {"move 5 --speed fast", {}, 1, "DN|VER", nullptr},
-             {"status", [](auto& b) { b.replies["PX"] = "1O"; }, 1, nullptr,
-              "zltctl: The reply to the command PX is not a number: \"1O\"\n"},
-             {"status", [](auto& b) { b.replies["DN"] = "MODEM"; }, 3, "DN", nullptr},
-             {"status", [](auto& b) { b.replies["DN"] = "@01DN"; }, 3, "DN", nullptr},
-             {"status", [](auto& b) { b.losesAtWriteOf = "PX"; }, 4, "DN|VER|CUR", nullptr},
-             {"jog + --wait", [](auto& b) { b.replies["MST"] = "128"; }, 1, "DN|VER|J+|MST",
-              "zltctl: The axis has met a limit: +LIM ERR.\n"},
-             {"status", [](auto& b) { b.opens = false; }, 4, "", nullptr},
-             {"--id 00 move 5", {}, 2, "", nullptr},
-             {"--id x status", {}, 1, "", nullptr},
-             {"--frob status", {}, 2, "", nullptr},
-             {"move", {}, 2, "", nullptr},
-             {"jog sideways", {}, 2, "DN|VER", nullptr},
-             {"status --csv", {}, 2, "", nullptr},
-             {"status --id keep", {}, 2, "", nullptr},
-             {"frob", {}, 2, "", nullptr},
-         }) {
+    const Row table[] = {
+        {"move 5 --speed 9", [](auto& b) { b.replies["HSPD=9"] = "?HSPD=9"; }, 1, "DN|VER|HSPD=9",
+         "zltctl: \"HSPD=9\" was refused: \"?HSPD=9\".\n"},
+        {"move 5 --speed 9", [](auto& b) { b.silentAt = "HSPD=9"; }, 3, "DN|VER|HSPD=9",
+         "zltctl: No reply from device 01 on COM1 at 9600 baud.\n"},
+        {"move 5x", {}, 1, "DN|VER", nullptr},
+        {"move 5 --speed fast", {}, 1, "DN|VER", nullptr},
+        {"status", [](auto& b) { b.replies["PX"] = "1O"; }, 1, nullptr,
+         "zltctl: The reply to the command PX is not a number: \"1O\"\n"},
+        {"status", [](auto& b) { b.replies["DN"] = "MODEM"; }, 3, "DN", nullptr},
+        {"status", [](auto& b) { b.replies["DN"] = "@01DN"; }, 3, "DN", nullptr},
+        {"status", [](auto& b) { b.losesAtWriteOf = "PX"; }, 4, "DN|VER|CUR", nullptr},
+        {"jog + --wait", [](auto& b) { b.replies["MST"] = "128"; }, 1, "DN|VER|J+|MST",
+         "zltctl: The axis has met a limit: +LIM ERR.\n"},
+        {"status", [](auto& b) { b.opens = false; }, 4, "", nullptr},
+        {"--id 00 move 5", {}, 2, "", nullptr},
+        {"--id x status", {}, 1, "", nullptr},
+        {"--frob status", {}, 2, "", nullptr},
+        {"move", {}, 2, "", nullptr},
+        {"jog sideways", {}, 2, "DN|VER", nullptr},
+        {"status --csv", {}, 2, "", nullptr},
+        {"status --id keep", {}, 2, "", nullptr},
+        {"frob", {}, 2, "", nullptr},
+    };
+    for (const Row& row : table) {
         const auto replies = bus.replies;
         if (row.fault)
             row.fault(bus);
