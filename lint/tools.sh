@@ -12,21 +12,19 @@ formatted() {
         clang-format --assume-filename="$1"
 }
 
+# in_parallel SCRIPT: runs it for each C++ file, as "$0".
+in_parallel() {
+    export -f formatted
+    sources '*.h' '*.cpp' | xargs -P "$(nproc)" -n 1 bash -c "$1"
+}
+
 format() {
-    local file broken=0
-    for file in $(sources '*.h' '*.cpp'); do
-        formatted "$file" | diff -u --label "$file" --label "$file, formatted" "$file" - || broken=1
-    done
-    [ $broken = 0 ] || echo "    ./check --format puts this right."
-    return $broken
+    in_parallel 'diff -u --label "$0" --label "$0, formatted" "$0" <(formatted "$0")' ||
+        { echo "    ./check --format puts this right."; return 1; }
 }
 
 format_in_place() {
-    local file text
-    for file in $(sources '*.h' '*.cpp'); do
-        text=$(formatted "$file")
-        [ "$text" = "$(cat "$file")" ] || echo "$text" >"$file"
-    done
+    in_parallel 'text=$(formatted "$0"); [ "$text" = "$(cat "$0")" ] || echo "$text" >"$0"'
 }
 
 # The inner checks of "style" restate taste; an inline suppression carries its reason beside it.
