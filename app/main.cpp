@@ -6,7 +6,6 @@
 #include "link/serial/SystemPort.h"
 #include "platform/ProgramEnd.h"
 #include "platform_qt/QtFiles.h"
-#include "platform_qt/QtSystem.h"
 #include "platform_qt/ThisSystem.h"
 #include "platform_qt/forms/QtGate.h"
 

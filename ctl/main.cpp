@@ -6,7 +6,6 @@
 #include "ctl/SystemConsole.h"
 #include "link/serial/SystemPort.h"
 #include "platform_qt/QtFiles.h"
-#include "platform_qt/QtSystem.h"
 #include "platform_qt/ThisSystem.h"
 
 namespace {

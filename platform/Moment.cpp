@@ -4,8 +4,6 @@
 #include <cstdio>
 #include <ctime>
 
-#include "platform/LocalTime.h"
-
 namespace zlt {
 
 std::string dateAndTime(std::chrono::system_clock::time_point wall) {

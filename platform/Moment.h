@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <ctime>
 #include <string>
 
 namespace zlt {
@@ -14,6 +15,9 @@ struct Moment {
         return {std::chrono::steady_clock::now(), std::chrono::system_clock::now()};
     }
 };
+
+/// A time by the calendar and clock of this place.
+std::tm localTime(std::time_t time);
 
 /// Local date and time to the millisecond: "2026-11-22 14:03:07.123".
 std::string dateAndTime(std::chrono::system_clock::time_point wall);

@@ -1,4 +1,4 @@
-#include "platform/LocalTime.h"
+#include "platform/Moment.h"
 
 namespace zlt {
 

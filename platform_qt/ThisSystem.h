@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,7 +11,13 @@ class QFileDevice;
 
 namespace zlt {
 
-// What each system does in its own way.
+/// The folder of the executable, links resolved; empty when its name is no valid text.
+std::filesystem::path ownFolder();
+
+/// The user's own data folder for this program, which need not exist yet.
+std::filesystem::path dataFolder();
+
+// What each system does in its own way
 
 /// Waits that end within about a millisecond of their time.
 std::unique_ptr<Waits> makeWaits();

@@ -8,7 +8,6 @@
 #include <fstream>
 
 #include "platform/WindowsText.h"
-#include "platform_qt/QtSystem.h"
 #include "platform_qt/ThisSystem.h"
 #include "support/World.h"
 

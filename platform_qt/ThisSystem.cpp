@@ -1,4 +1,4 @@
-#include "platform_qt/QtSystem.h"
+#include "platform_qt/ThisSystem.h"
 
 #include <QCoreApplication>
 #include <QDir>
