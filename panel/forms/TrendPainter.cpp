@@ -118,10 +118,10 @@ void TrendPainter::paint(const Subject& subject, std::array<TrendScale, trendPlo
     m_cut.from =
         TrendTime(sinceStart - sinceStart % m_cut.column) - (m_cut.count - 1) * m_cut.column;
     m_pieces = &m_memory.window.pieces(subject.record, m_cut);
+    paintTimeAxis(subject);
     for (std::size_t plot = 0; plot < trendPlots; ++plot)
         paintPlot(plot, subject, scales[plot]);
     paintBand();
-    paintTimeAxis(subject);
     if (subject.pointer && m_layout.acrossAt(subject.pointer->x()) >= 0)
         paintReadOut(subject);
 }
