@@ -73,7 +73,7 @@ bool openFromPanel(const Services& services, ProgramDraft& draft, const QString&
     MainControlForm panel(services, draft, nullptr);
     panel.Form_Load({{1}, "9600", "01"});
     bool shown = false;
-    QTimer worker;
+    QTimer worker, clicker;
     QObject::connect(&worker, &QTimer::timeout, &panel, [&] {
         QWidget* opened = nullptr;
         for (QWidget* window : QApplication::topLevelWidgets())
@@ -85,8 +85,12 @@ bool openFromPanel(const Services& services, ProgramDraft& draft, const QString&
         else if (shown)
             panel.close();
         else
-            panel.findChild<QAbstractButton*>(name)->click();
+            clicker.start(0);
     });
+    // By a timer of its own: one does not tick while what it has started stands over it.
+    clicker.setSingleShot(true);
+    QObject::connect(&clicker, &QTimer::timeout, &panel,
+                     [&] { panel.findChild<QAbstractButton*>(name)->click(); });
     worker.start(1);
     panel.showModal();
     return shown;
